@@ -1,0 +1,14 @@
+# Warnings and sanitizers live in interface targets; every target of the project links both.
+add_library(kv_warnings INTERFACE)
+target_compile_options(kv_warnings INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wunused
+    -Wnull-dereference -Wdouble-promotion -Wformat=2 -Wimplicit-fallthrough
+    $<$<BOOL:${KALVORA_WERROR}>:-Werror>)
+
+add_library(kv_sanitizers INTERFACE)
+if(KALVORA_SANITIZER)
+    # -O1 keeps the instrumented suite quick enough to run in full.
+    target_compile_options(kv_sanitizers INTERFACE
+        -fsanitize=${KALVORA_SANITIZER} -fno-sanitize-recover=all -fno-omit-frame-pointer -g1 -O1)
+    target_link_options(kv_sanitizers INTERFACE -fsanitize=${KALVORA_SANITIZER})
+endif()

@@ -1,0 +1,115 @@
+#pragma once
+
+#include "conversion/conversions/KVConversionDelegate.h"
+#include "conversion/conversions/KVConversionHost.h"
+#include "core/KVQueueNotifications.h"
+#include "kvcore/KVWeakArray.h"
+#include "presets/KVPreset.h"
+
+#include <QString>
+#include <QUrl>
+
+#include <atomic>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <optional>
+
+enum class KVConversionState { waitingToStart, executing, paused, finished };
+
+/// The unit of work: one row of a queue, one or more media files, one preset, one output. Its `main` walks a
+/// fixed sequence of numbered tasks on the worker that called `start`. A conversion never schedules itself
+/// and is never run twice.
+///
+/// Display data (state, progress, times, texts) may be read from any thread. `mediaFiles` and `customPreset`
+/// are changed on the main thread before the start.
+class KVConversion : public std::enable_shared_from_this<KVConversion> {
+  public:
+    /// A new conversion of the class that fits the file's type.
+    static std::shared_ptr<KVConversion> conversionWithMediaFile(const std::shared_ptr<KVMediaFile> &file);
+
+    explicit KVConversion(const KVMediaFileList &mediaFiles);
+    virtual ~KVConversion();
+    KVConversion(const KVConversion &) = delete;
+    KVConversion &operator=(const KVConversion &) = delete;
+
+    std::atomic<bool> conversionWasSuccessful = false;
+    std::atomic<int> currentSubtask = 0;   ///< Zero-based number of the present task.
+    std::atomic<double> estimatedTime = 0; ///< Seconds left of the present task.
+    std::atomic<bool> isReserved = false;  ///< Claimed by a worker; never given back.
+    double overallProgress = 0;            ///< Never written; overall progress travels to the delegates.
+    std::atomic<double> progressOfCurrentTask = 0; ///< 0 to 1; not clamped.
+    std::atomic<KVConversionState> state = KVConversionState::waitingToStart;
+
+    /// The preset that overrides the queue's for this row. Whoever sets it tells the delegates.
+    std::shared_ptr<KVPreset> customPreset() const;
+    void setCustomPreset(const std::shared_ptr<KVPreset> &preset);
+
+    /// Whoever changes them tells the delegates.
+    KVMediaFileList mediaFiles() const;
+    void setMediaFiles(const KVMediaFileList &files);
+
+    /// The output, known once the task has been built.
+    std::optional<QUrl> outputURL() const;
+    void setOutputURL(const std::optional<QUrl> &url);
+
+    /// A text that replaces the time estimate while it is not empty.
+    QString statusString() const;
+    void setStatusString(const QString &text);
+
+    /// The output's name without extension as the user chose it; also renames a known `outputURL`, with no
+    /// extension added.
+    std::optional<QString> outputFileName() const;
+    void setOutputFileName(const std::optional<QString> &name);
+
+    /// The owning queue, held strongly; its absence at run time is a programming error.
+    std::shared_ptr<KVConversionHost> queue() const;
+    void setQueue(const std::shared_ptr<KVConversionHost> &queue);
+
+    KVWeakArray<KVConversionDelegate> &delegates() { return _delegates; }
+
+    /// The custom preset, else the queue's.
+    std::shared_ptr<KVPreset> presetInForce() const;
+
+    /// Runs `main` on the calling thread and returns when it has returned.
+    virtual void start();
+    virtual void cancel();
+    bool isCancelled() const { return _isCancelled; }
+    bool isExecuting() const { return _isExecuting; }
+    bool isFinished() const { return state == KVConversionState::finished; }
+    void waitUntilFinished();
+
+    virtual QString estimatedTimeString() const;
+    virtual int numberOfTasks() const { return 1; }
+    /// True if the conversion is now paused.
+    virtual bool pause() { return false; }
+    virtual void performPostConversionTasks() {}
+    /// True to go on with the next task. Worker thread.
+    virtual bool performTaskNumber(int number);
+    virtual void resume();
+
+    /// Of the whole conversion, from 0 to 1.
+    double overallValue() const;
+    void notifyDelegatesAboutProgress();
+
+  protected:
+    virtual void main();
+
+    /// Posts to the main thread, without waiting, a call on every delegate.
+    void
+    _tellDelegates(std::function<void(KVConversionDelegate &, const std::shared_ptr<KVConversion> &)> call);
+
+  private:
+    KVWeakArray<KVConversionDelegate> _delegates;
+    mutable std::mutex _mutex; ///< Guards the fields below.
+    std::condition_variable _finished;
+    std::shared_ptr<KVPreset> _customPreset;
+    KVMediaFileList _mediaFiles;
+    std::optional<QUrl> _outputURL;
+    QString _statusString;
+    std::optional<QString> _outputFileName;
+    std::shared_ptr<KVConversionHost> _queue;
+    bool _hasFinished = false;
+    std::atomic<bool> _isCancelled = false;
+    std::atomic<bool> _isExecuting = false;
+};

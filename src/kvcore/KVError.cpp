@@ -1,0 +1,10 @@
+#include "kvcore/KVError.h"
+
+#include <cstring>
+
+KVError KVPOSIXError(const QString &what, int errnoValue) {
+    return {KVPOSIXErrorDomain,
+            errnoValue,
+            QStringLiteral("%1: %2").arg(what, QString::fromLocal8Bit(std::strerror(errnoValue))),
+            {}};
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "kvcore/KVError.h"
+
+#include <QDateTime>
+#include <QList>
+#include <QUrl>
+
+#include <optional>
+
+/// What the program asks of the file system. Any thread may call it.
+namespace KVFileManager {
+
+bool isReachable(const QUrl &url); ///< Something exists there (a dangling link does not).
+bool isDirectory(const QUrl &url);
+bool isReadable(const QUrl &url);
+bool isWritable(const QUrl &url);
+qint64 fileSize(const QUrl &url); ///< Bytes; 0 where there is no file.
+std::optional<QDateTime> modificationDate(const QUrl &url);
+
+/// All members of a folder, hidden ones included, "." and ".." not, sorted by name so that the order is the
+/// same everywhere. An error names the folder and the reason.
+KVResult<QList<QUrl>> contentsOfDirectory(const QUrl &url);
+
+/// Makes the folder with its parents; fine where it exists.
+KVResult<void> createDirectory(const QUrl &url);
+
+/// Removes a file or a folder with all that is in it; a link is removed, never followed.
+KVResult<void> removeItem(const QUrl &url);
+
+KVResult<void> copyItem(const QUrl &from, const QUrl &to);
+
+/// A unique identifier for a file's name.
+QString uniqueName();
+
+/// "<user data>/com.…": the folder for the application's own files; an error where it cannot be made.
+KVResult<QUrl> applicationSupportDirectory();
+
+/// The system's folder for temporary files.
+QUrl temporaryDirectory();
+
+/// The folder that holds `url`.
+QUrl deletingLastPathComponent(const QUrl &url);
+QUrl appendingPathComponent(const QUrl &folder, const QString &name);
+/// Last path component.
+QString lastPathComponent(const QUrl &url);
+/// Without the extension: "a.b.mov" gives "a.b"; ".mov" stays.
+QString deletingPathExtension(const QString &name);
+/// The text behind the last dot of the last component: "mov"; empty where there is none, also for ".mov".
+QString pathExtension(const QUrl &url);
+QUrl deletingPathExtension(const QUrl &url);
+/// `url` with "." and the extension added to its last component; an empty extension changes nothing.
+QUrl appendingPathExtension(const QUrl &url, const QString &extension);
+
+} // namespace KVFileManager

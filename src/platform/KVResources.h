@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+/// The application's resources: "<prefix>/share/kalvora/resources", found relative to the executable in
+/// "<prefix>/bin".
+namespace KVResources {
+
+/// The path of the resource `name` with the extension `type` (may be empty); nothing where there is no such
+/// file. A link whose target is missing counts as present: what it names may be installed later.
+std::optional<QString> path(const QString &name, const QString &type = {});
+
+QString directory();
+
+/// For tests and for a build tree that is laid out otherwise: look here instead. Empty restores the default.
+void setDirectory(const QString &directory);
+
+} // namespace KVResources

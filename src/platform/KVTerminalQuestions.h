@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/KVUserQuestions.h"
+
+#include <cstdio>
+
+/// Asks on a terminal: prints to `output`, reads a line from `input`. The end of the input is the answer that
+/// changes nothing.
+class KVTerminalQuestions : public KVUserQuestions {
+  public:
+    /// Does not own the streams.
+    KVTerminalQuestions(std::FILE *input, std::FILE *output);
+
+    KVAlertResponse runAlert(const KVAlert &alert) override;
+    QList<QUrl> runOpenPanel(const KVOpenPanel &panel) override;
+    std::optional<QUrl> runSavePanel(const KVSavePanel &panel) override;
+    std::optional<QString> runTextPrompt(const KVTextPrompt &prompt) override;
+
+  private:
+    void _print(const QString &text);
+    std::optional<QString> _readLine();
+
+    std::FILE *_input;
+    std::FILE *_output;
+};

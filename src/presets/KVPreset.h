@@ -1,0 +1,81 @@
+#pragma once
+
+#include "kvcore/KVNotificationCenter.h"
+#include "presets/KVPresetClass.h"
+#include "tasks/KVFFmpegTask.h"
+#include "util/KVMediaFileType.h"
+#include "video_info/media_file/KVMediaFile.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <QVariantMap>
+
+#include <memory>
+#include <optional>
+
+class KVOutputClaim;
+class KVSettingsBase;
+
+using KVMediaFileList = QList<std::shared_ptr<KVMediaFile>>;
+
+/// A task and the place of its output.
+struct KVPresetTask {
+    std::shared_ptr<KVFFmpegTask> task;
+    QUrl outputURL;
+    /// Holds the output's name for this task; a claim that is dropped without `keep` removes what was
+    /// written.
+    std::shared_ptr<KVOutputClaim> claim;
+};
+
+/// A named, persisted recipe that turns probed media files into a command for the converter. Every preset is
+/// an object of a concrete class; a custom preset is a further instance of one. Identity is equality. Presets
+/// are changed on the main thread and only while no queue uses them; a worker reads them.
+class KVPreset : public std::enable_shared_from_this<KVPreset> {
+  public:
+    virtual ~KVPreset() = default;
+    KVPreset(const KVPreset &) = delete;
+    KVPreset &operator=(const KVPreset &) = delete;
+
+    bool isCustom = false;
+    bool isDeleted = false; ///< Set when unregistered; a deleted preset refuses to save.
+    bool isEnabled = true;
+    QString name; ///< Unique among all presets.
+
+    /// The row of this object's class in the class table.
+    virtual const KVPresetClass &presetClass() const = 0;
+
+    virtual QString defaultName() const;
+    virtual QVariantMap dictionaryRepresentation() const;
+    virtual std::optional<QString> fileType() const { return std::nullopt; } ///< For the tool's "-f".
+    virtual void loadFromDictionary(const QVariantMap &dictionary);
+    virtual QString localizedFormatDescription() const;
+    virtual std::optional<QString> pathExtension() const { return std::nullopt; }
+    virtual KVMediaFileType presetType() const { return KVMediaFileType::none; }
+    virtual void save();
+    /// What can be edited; null where there is nothing. The description keeps its preset alive.
+    virtual std::shared_ptr<KVSettingsBase> settings();
+    virtual bool supportsMultithreadConversion() const { return true; }
+    virtual bool supportsStitching() const { return false; }
+    virtual QStringList taskArguments(const std::shared_ptr<KVMediaFile> &file, const QUrl &outputFile) const;
+    virtual QStringList taskArgumentsForFiles(const KVMediaFileList &files, const QUrl &outputFile) const;
+    virtual QStringList tags() const;
+    /// How many threads the encoder is told to use, as decimal text.
+    virtual std::optional<QString> threadCountArgument() const { return std::nullopt; }
+
+    /// Names the output, settles collisions, claims the name and makes the task. `files` is not empty; the
+    /// first decides the name. Nothing where there is no destination, no argument or no task. Runs on a
+    /// worker; only the question for another folder goes to the main thread.
+    virtual std::optional<KVPresetTask>
+    taskForConversionOfFiles(const KVMediaFileList &files, const std::optional<QUrl> &destination) const;
+
+    /// "name (class)", for logs and reports.
+    QString description() const;
+
+    /// The parameterless constructor, then the dictionary's name, then all of it.
+    static std::shared_ptr<KVPreset> fromDictionary(const KVPresetClass &presetClass,
+                                                    const QVariantMap &dictionary);
+
+  protected:
+    KVPreset() = default;
+};

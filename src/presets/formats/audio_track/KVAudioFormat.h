@@ -1,0 +1,38 @@
+#pragma once
+
+#include "presets/formats/KVTrackFormat.h"
+
+#include <QList>
+
+#include <optional>
+
+class KVAudioFile;
+
+/// The channels that a person chose. The raw values are persisted.
+enum class KVAudioChannelsType { asSource = 0, mono = 1, stereo = 2, surround = 6 };
+
+std::optional<KVAudioChannelsType> KVAudioChannelsTypeFromRawValue(qint64 rawValue);
+
+/// Base of the audio formats: one output track, its stream specifiers ending in `trackNumber`.
+class KVAudioFormat : public KVTrackFormat {
+  public:
+    KVAudioChannelsType audioChannelsType = KVAudioChannelsType::asSource; ///< Read with custom quality only.
+    std::optional<qint64> sampleRate; ///< Hertz; a rate that the person forced.
+    int trackNumber = 0;              ///< Index of the audio stream in the output.
+
+    QStringList arguments(const std::shared_ptr<KVMediaFile> &file,
+                          KVTrackQualitySetting quality) const override;
+    std::vector<std::shared_ptr<KVOptionRoot>>
+    options(const std::shared_ptr<KVPreset> &preset) const override;
+
+    virtual QStringList additionalArguments(const KVAudioFile &file, KVTrackQualitySetting quality) const;
+    virtual QString audioChannels(const KVAudioFile &file, KVTrackQualitySetting quality) const;
+    virtual QStringList frequencyArguments(const KVAudioFile &file) const;
+    virtual qint64 maximumNumberOfChannels() const { return 2; }
+    /// Hertz, in the order in which they are offered; empty means that the encoder takes any rate.
+    virtual QList<qint64> supportedFrequencies() const { return {}; }
+
+  protected:
+    /// "-b:a" + ":" + track number, for any option name.
+    QString _specified(const char *option) const;
+};

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "video_info/media_file/KVMediaFile.h"
+
+/// A DVD folder; the URL is the folder that encloses VIDEO_TS.
+class KVDVDFile : public KVMediaFile {
+  public:
+    using KVMediaFile::KVMediaFile;
+
+    KVMediaFileType mediaFileType() const override { return KVMediaFileType::dvd; }
+};

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "kvcore/KVError.h"
+#include "kvcore/KVNotificationCenter.h"
+#include "tasks/KVFFmpegTask.h"
+#include "util/KVMediaFileType.h"
+
+#include <QImage>
+#include <QUrl>
+
+#include <memory>
+#include <optional>
+
+inline const QString KVMediaFileErrorDomain = QStringLiteral("KVMediaFileErrorDomain");
+
+/// A file that the program can take in. Identity is equality. All fields are written during construction;
+/// later only `thumbnail`, on the main thread.
+class KVMediaFile : public KVStillFrameSource, public std::enable_shared_from_this<KVMediaFile> {
+  public:
+    /// The one place where a file becomes a typed object, or the reason why it does not: an error of
+    /// KVMediaFileErrorDomain, code 0. Blocks while the tool runs. Any thread.
+    static KVResult<std::shared_ptr<KVMediaFile>> mediaFile(const QUrl &url);
+
+    explicit KVMediaFile(const QUrl &url);
+    ~KVMediaFile() override;
+    KVMediaFile(const KVMediaFile &) = delete;
+    KVMediaFile &operator=(const KVMediaFile &) = delete;
+
+    /// The file; for a DVD the folder that encloses VIDEO_TS.
+    QUrl url() const { return _url; }
+
+    virtual bool isDRMProtected() const;
+    /// Several lines for the log and for reports; the user's name is taken out of paths.
+    virtual QString description() const;
+    /// Starts making the thumbnail in the background, unless previews are switched off.
+    virtual void loadThumbnail();
+    virtual KVMediaFileType mediaFileType() const;
+
+    QString stillFramePath() const override;
+    std::optional<double> stillFrameVideoSeconds() const override { return std::nullopt; }
+
+    std::optional<QImage> thumbnail;
+
+  private:
+    QUrl _url;
+};
