@@ -1,4 +1,7 @@
+# shellcheck shell=bash
 # Shared by run.sh, test.sh and .ci/run: installs what is missing and builds. Sourced, with `root` set to the repository.
+
+: "${root:?}"
 
 say() { printf '== %s\n' "$*" >&2; }
 
@@ -44,15 +47,16 @@ ensure_packages() {
 
 # build PRESET [TARGET...]: configures where needed and builds.
 build() {
-    local preset=$1
+    local preset=$1 targets=()
     shift
+    [ $# -eq 0 ] || targets=(--target "$@")
     [ -f "$root/build/$preset/build.ninja" ] || say "configuring $preset (build/$preset)"
     (
-        cd "$root"
+        cd "$root" || return
         quietly cmake --preset "$preset" -DKALVORA_TESTS="${KALVORA_TESTS:-ON}"
         [ "$(ninja -C "build/$preset" -n "$@" 2>/dev/null | tail -n 1)" = "ninja: no work to do." ] ||
             say "building $preset"
-        quietly cmake --build --preset "$preset" ${*:+--target "$@"}
+        quietly cmake --build --preset "$preset" "${targets[@]}"
     )
 }
 
