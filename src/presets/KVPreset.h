@@ -11,13 +11,21 @@
 #include <QStringList>
 #include <QVariantMap>
 
+#include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 class KVOutputClaim;
+class KVPreset;
 class KVSettingsBase;
+struct KVPresetMenuItem;
 
 using KVMediaFileList = QList<std::shared_ptr<KVMediaFile>>;
+
+/// Posted after every change of the preset list, with the preset concerned.
+inline constexpr KVNotificationName<KVPreset> KVPresetListDidChangeNotification{
+    "KVPresetListDidChangeNotification"};
 
 /// A task and the place of its output.
 struct KVPresetTask {
@@ -37,13 +45,21 @@ class KVPreset : public std::enable_shared_from_this<KVPreset> {
     KVPreset(const KVPreset &) = delete;
     KVPreset &operator=(const KVPreset &) = delete;
 
+    /// A new instance of a concrete class, with its default name. The only way to make one.
+    template <class Preset>
+    static std::shared_ptr<Preset> make() {
+        const auto preset = std::make_shared<Preset>();
+        preset->name = preset->defaultName();
+        return preset;
+    }
+
     bool isCustom = false;
     bool isDeleted = false; ///< Set when unregistered; a deleted preset refuses to save.
     bool isEnabled = true;
     QString name; ///< Unique among all presets.
 
     /// The row of this object's class in the class table.
-    virtual const KVPresetClass &presetClass() const = 0;
+    virtual const KVPresetClass &presetClass() const;
 
     virtual QString defaultName() const;
     virtual QVariantMap dictionaryRepresentation() const;
@@ -69,13 +85,33 @@ class KVPreset : public std::enable_shared_from_this<KVPreset> {
     virtual std::optional<KVPresetTask>
     taskForConversionOfFiles(const KVMediaFileList &files, const std::optional<QUrl> &destination) const;
 
+    /// Where a task for these files would write just now; creates, claims and asks nothing.
+    std::optional<QUrl> outputURLForFiles(const KVMediaFileList &files,
+                                          const std::optional<QUrl> &destination) const;
+    /// What a task would run: of all files where the preset can stitch, else of the first alone.
+    QStringList argumentsForFiles(const KVMediaFileList &files, const QUrl &outputFile) const;
+
     /// "name (class)", for logs and reports.
     QString description() const;
 
-    /// The parameterless constructor, then the dictionary's name, then all of it.
+    /// The parameterless constructor, then the dictionary's name, then all of it. The class is concrete.
     static std::shared_ptr<KVPreset> fromDictionary(const KVPresetClass &presetClass,
                                                     const QVariantMap &dictionary);
 
+    // The list of all presets: see KVPresetRegistry, whose shared instance answers these.
+    static std::vector<std::shared_ptr<KVPreset>> allPresets();
+    static std::shared_ptr<KVPreset> presetNamed(const QString &name);
+    static std::shared_ptr<KVPreset> defaultPreset(KVMediaFileType type);
+    static void registerPreset(const std::shared_ptr<KVPreset> &preset);
+    static void unregisterPreset(const std::shared_ptr<KVPreset> &preset);
+    static bool renamePreset(const std::shared_ptr<KVPreset> &preset, const QString &newName);
+    static std::vector<KVPresetMenuItem>
+    presetMenuForType(KVMediaFileType type, const std::shared_ptr<KVPreset> &selectedPreset,
+                      const std::function<bool(const KVPreset &)> &customFilter = {});
+
   protected:
     KVPreset() = default;
+
+  private:
+    static std::optional<QUrl> _chooseDestinationURL();
 };

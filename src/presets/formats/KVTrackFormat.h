@@ -27,3 +27,19 @@ class KVTrackFormat {
     /// The options edit `preset` and keep it alive.
     virtual std::vector<std::shared_ptr<KVOptionRoot>> options(const std::shared_ptr<KVPreset> &preset) const;
 };
+
+/// A class of formats as a value, so that a preset can answer which one it uses:
+/// `KVTrackFormatClass<KVAudioFormat>::of<KVMP3Format>()`.
+template <class Format>
+struct KVTrackFormatClass {
+    /// A new instance with its field defaults.
+    std::unique_ptr<Format> (*make)();
+
+    template <class Leaf>
+    static KVTrackFormatClass of() {
+        return {[]() -> std::unique_ptr<Format> { return std::make_unique<Leaf>(); }};
+    }
+};
+
+/// A quality out of which nothing can be computed, since the track is copied: a programming error.
+[[noreturn]] void KVCopyTrackFatalError();

@@ -1,17 +1,13 @@
 #pragma once
 
 #include "presets/formats/KVTrackFormat.h"
+#include "presets/formats/audio_track/KVAudioChannelsType.h"
 
 #include <QList>
 
 #include <optional>
 
 class KVAudioFile;
-
-/// The channels that a person chose. The raw values are persisted.
-enum class KVAudioChannelsType { asSource = 0, mono = 1, stereo = 2, surround = 6 };
-
-std::optional<KVAudioChannelsType> KVAudioChannelsTypeFromRawValue(qint64 rawValue);
 
 /// Base of the audio formats: one output track, its stream specifiers ending in `trackNumber`.
 class KVAudioFormat : public KVTrackFormat {
@@ -20,6 +16,7 @@ class KVAudioFormat : public KVTrackFormat {
     std::optional<qint64> sampleRate; ///< Hertz; a rate that the person forced.
     int trackNumber = 0;              ///< Index of the audio stream in the output.
 
+    /// `file` is a KVAudioFile.
     QStringList arguments(const std::shared_ptr<KVMediaFile> &file,
                           KVTrackQualitySetting quality) const override;
     std::vector<std::shared_ptr<KVOptionRoot>>
@@ -33,6 +30,8 @@ class KVAudioFormat : public KVTrackFormat {
     virtual QList<qint64> supportedFrequencies() const { return {}; }
 
   protected:
-    /// "-b:a" + ":" + track number, for any option name.
+    /// `option` for this track: "-b:a" gives "-b:a:0".
     QString _specified(const char *option) const;
 };
+
+using KVAudioFormatClass = KVTrackFormatClass<KVAudioFormat>;

@@ -1,0 +1,5 @@
+#include "presets/KVPresetClasses.h"
+
+std::vector<KVPresetClass> KVPresetClasses::videoPresetClasses() {
+    return {};
+}
