@@ -5,10 +5,13 @@
 
 #include <QList>
 
+#include <stop_token>
+
 /// A file with sound.
 class KVAudioFile : public KVMediaFile {
   public:
     using KVMediaFile::KVMediaFile;
+    using KVMediaFile::loadThumbnail;
 
     QList<KVAudioTrack> audioTracks;
     double seconds = 0; ///< Duration.
@@ -16,5 +19,10 @@ class KVAudioFile : public KVMediaFile {
 
     bool isDRMProtected() const override;
     QString description() const override;
+    void loadThumbnail(const ThumbnailCompletion &completion) override;
     KVMediaFileType mediaFileType() const override { return KVMediaFileType::audio; }
+
+  private:
+    /// Grabs a frame and reads it: a cover picture where the tool finds one. Blocks; `stop` ends it early.
+    virtual ThumbnailResult _loadThumbnail(const std::stop_token &stop) const;
 };

@@ -8,18 +8,33 @@
 #include <QImage>
 #include <QUrl>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
+class KVMediaFile;
+
 inline const QString KVMediaFileErrorDomain = QStringLiteral("KVMediaFileErrorDomain");
+
+/// Posted on the main thread when `thumbnail` has been set.
+inline constexpr KVNotificationName<KVMediaFile> KVMediaFileDidLoadThumbnail{
+    "KVMediaFileDidLoadThumbnailNotification"};
 
 /// A file that the program can take in. Identity is equality. All fields are written during construction;
 /// later only `thumbnail`, on the main thread.
 class KVMediaFile : public KVStillFrameSource, public std::enable_shared_from_this<KVMediaFile> {
   public:
+    using ThumbnailResult = KVResult<QImage>;
+    using ThumbnailCompletion = std::function<void(const ThumbnailResult &)>;
+
     /// The one place where a file becomes a typed object, or the reason why it does not: an error of
-    /// KVMediaFileErrorDomain, code 0. Blocks while the tool runs. Any thread.
+    /// KVMediaFileErrorDomain, code 0. A tool that cannot be started is an error of its own. Blocks while the
+    /// tool runs. Any thread.
     static KVResult<std::shared_ptr<KVMediaFile>> mediaFile(const QUrl &url);
+
+    /// Whether `loadThumbnail` does anything; false until a front end that shows thumbnails asks for them,
+    /// for each costs a run of the tool. Any thread.
+    static void setMakesThumbnails(bool makesThumbnails);
 
     explicit KVMediaFile(const QUrl &url);
     ~KVMediaFile() override;
@@ -34,6 +49,9 @@ class KVMediaFile : public KVStillFrameSource, public std::enable_shared_from_th
     virtual QString description() const;
     /// Starts making the thumbnail in the background, unless previews are switched off.
     virtual void loadThumbnail();
+    /// Makes a picture in the background and calls `completion` on a thread of its own; never if the file
+    /// object goes before its turn comes.
+    virtual void loadThumbnail(const ThumbnailCompletion &completion);
     virtual KVMediaFileType mediaFileType() const;
 
     QString stillFramePath() const override;

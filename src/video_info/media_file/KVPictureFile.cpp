@@ -1,0 +1,11 @@
+#include "video_info/media_file/KVPictureFile.h"
+
+#include "util/KVPictureLibrary.h"
+
+KVPictureFile::KVPictureFile(const QUrl &url)
+    : KVMediaFile(url) {
+    const auto header = KVPictureLibrary::header(url.toLocalFile());
+    if (!header) return;
+    height = header->height;
+    width = header->width;
+}
