@@ -47,13 +47,16 @@ class KVFFmpegTask {
     /// Both output streams go to the null device; there is no file handle.
     void setIsSilenced(bool isSilenced);
     bool usesStandardOutput() const;
-    /// The pipe carries standard output instead of standard error.
+    /// The pipe carries standard output instead of standard error, which then goes to the null device.
     void setUsesStandardOutput(bool usesStandardOutput);
 
     /// Launches the child, blocks until it has exited and answers all that it wrote to the wired stream. A
     /// launch that failed gives an empty buffer and `launchError`.
     QByteArray launchAndGetAllOutputData();
     const std::optional<KVError> &launchError() const;
+
+    /// `output` for a log line: "nil" where the bytes are no text.
+    static QString logText(const QByteArray &output);
 
     /// Grabs one frame into a JPEG in the temporary directory and answers its URL; whether the file exists is
     /// for the caller to find out. Blocks until the tool has exited.

@@ -1,0 +1,92 @@
+#include "tasks/KVFFmpegDialect.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+/// Options of our language that stand alone; every other one has a value.
+const QSet<QString> &optionsWithoutValue() {
+    static const QSet<QString> options{"-y",  "-n",      "-an",       "-vn",          "-sn",
+                                       "-dn", "-copyts", "-shortest", "-hide_banner", "-nostdin"};
+    return options;
+}
+
+/// Options whose value is a number or a name: what looks like an option behind them is one, and their value
+/// is missing.
+const QSet<QString> &optionsWithPlainValue() {
+    static const QSet<QString> options{"-r"};
+    return options;
+}
+
+/// A word of ours that tools say in another way.
+struct Word {
+    const char *option;
+    const char *ours;
+    const char *tools;
+    const char *videoEncoder; ///< Only this encoder wants it said otherwise; null: all.
+};
+
+constexpr std::array words{
+    Word{"-flags", "4mv", "mv4", nullptr},
+    Word{"-me_method", "epzs", "dia", "libx264"}, // the same search pattern
+};
+
+bool isOption(const QString &argument) {
+    return argument.size() > 1 && argument.startsWith('-') && argument.at(1).isLetter();
+}
+
+/// The video encoder that the list asks for.
+QString videoEncoder(const QStringList &arguments) {
+    const qsizetype option = arguments.lastIndexOf("-c:v");
+    return option < 0 ? QString() : arguments.value(option + 1);
+}
+
+/// `value` with each of its words ("+loop+4mv" has two) as the tool says it.
+QString valueForTool(const QString &option, const QString &value, const QString &encoder) {
+    QString said = value;
+    for (const Word &word : words) {
+        if (option != QLatin1String(word.option)) continue;
+        if (word.videoEncoder && encoder != QLatin1String(word.videoEncoder)) continue;
+        const QRegularExpression whole(QStringLiteral("(?<![^+-])%1(?![^+-])").arg(QLatin1String(word.ours)));
+        said.replace(whole, QLatin1String(word.tools));
+    }
+    return said;
+}
+
+} // namespace
+
+QStringList KVFFmpegDialect::argumentsForTool(const QStringList &arguments,
+                                              const KVFFmpegCapabilities &capabilities) {
+    const QString encoder = videoEncoder(arguments);
+    QStringList said;
+    for (qsizetype i = 0; i < arguments.size(); i++) {
+        const QString &option = arguments.at(i);
+        if (!isOption(option)) { // the output's path
+            said.append(option);
+            continue;
+        }
+        const bool isKnown = capabilities.isKnown(option);
+        if (optionsWithoutValue().contains(option) || i + 1 == arguments.size()) {
+            if (isKnown) said.append(option);
+            continue;
+        }
+        if (optionsWithPlainValue().contains(option) && isOption(arguments.at(i + 1))) continue;
+        const QString &value = arguments.at(++i);
+        if (isKnown) said << option << valueForTool(option, value, encoder);
+    }
+    return said;
+}
+
+QString KVFFmpegDialect::probeTextFromTool(const QString &text) {
+    static const QRegularExpression quarterTurn(
+        QStringLiteral("displaymatrix: rotation of -?90(?:\\.0+)? degrees"));
+    static const QRegularExpression streamId(QStringLiteral("^(\\s*Stream #\\d+:\\d+)\\[0x[0-9a-fA-F]+\\]"),
+                                             QRegularExpression::MultilineOption);
+    QString ours = text;
+    ours.replace(quarterTurn, QStringLiteral("rotate          : 90"));
+    ours.replace(streamId, QStringLiteral("\\1"));
+    return ours;
+}
