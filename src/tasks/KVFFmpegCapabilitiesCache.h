@@ -5,6 +5,7 @@
 #include <map>
 #include <mutex>
 #include <optional>
+#include <tuple>
 
 /// Remembers what tools understand, in memory and (for the tool that was asked last) in a file of the user's
 /// cache folder. A tool whose file has changed is asked anew. Any thread.
@@ -24,7 +25,11 @@ class KVFFmpegCapabilitiesCache {
         QString path;
         qint64 size = 0;
         qint64 modified = 0; ///< Nanoseconds since 1970.
-        auto operator<=>(const Tool &) const = default;
+
+        bool operator==(const Tool &) const = default;
+        bool operator<(const Tool &other) const {
+            return std::tie(path, size, modified) < std::tie(other.path, other.size, other.modified);
+        }
     };
 
     static std::optional<Tool> _toolAt(const QString &path);

@@ -49,7 +49,7 @@ bool isUpToDate(const fs::path &target, const fs::path &source) {
 /// old file, and another task that does the same, are not disturbed.
 KVResult<void> replaceFile(const fs::path &target, const fs::path &source) {
     fs::path fresh = target;
-    fresh += "." + KVFileManager::uniqueName().toStdString();
+    fresh += filePath("." + KVFileManager::uniqueName());
     std::error_code failure;
     fs::copy_file(source, fresh, failure);
     if (!failure) {

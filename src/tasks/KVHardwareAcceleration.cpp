@@ -103,6 +103,15 @@ Verdict &verdict() {
     return verdict;
 }
 
+/// The test's: what was put in its place stays.
+void giveVerdict(bool isAvailable) {
+    {
+        const std::scoped_lock lock(verdict().mutex);
+        if (!verdict().isAvailable) verdict().isAvailable = isAvailable;
+    }
+    verdict().isThere.notify_all();
+}
+
 bool hasVerdict() {
     const std::scoped_lock lock(verdict().mutex);
     return verdict().isAvailable.has_value();
@@ -131,11 +140,7 @@ struct KVHardwareAcceleration::Private {
         const int status = test->process().terminationStatus();
         KVLog(QStringLiteral("Harware test: %1 %2").arg(status).arg(KVFFmpegTask::logText(text)));
         (void)KVFileManager::removeItem(output);
-        {
-            const std::scoped_lock lock(verdict().mutex);
-            if (!verdict().isAvailable) verdict().isAvailable = status == 0;
-        }
-        verdict().isThere.notify_all();
+        giveVerdict(status == 0);
         const std::scoped_lock lock(mutex);
         task = nullptr;
     }
@@ -147,6 +152,7 @@ struct KVHardwareAcceleration::Private {
             if (task) task->process().kill();
         }
         if (thread.joinable()) thread.join();
+        giveVerdict(false); // for whoever still waits for a test that did not come to its end
     }
 };
 
