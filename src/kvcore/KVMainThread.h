@@ -2,10 +2,11 @@
 
 #include <functional>
 
-/// The way to the main thread: Qt's event loop. The application object must exist.
+/// The way to the main thread: Qt's event loop. Blocks wait until an application object exists, which has to
+/// live on the program's first thread.
 namespace KVMainThread {
 
-/// True on the thread of the application object.
+/// True on the program's first thread.
 bool isCurrent();
 
 /// Runs `block` on the main thread later; never waits. Blocks run in the order in which they were handed
@@ -20,7 +21,7 @@ void after(double seconds, std::function<void()> block);
 
 /// Main thread only: runs the event loop until `isDone` answers true or `seconds` have passed; answers
 /// `isDone()`. `isDone` is asked anew after every event that the loop handles, and no time is spent between
-/// events.
+/// events: what another thread changes has to come through `async` to be seen at once.
 bool runUntil(const std::function<bool()> &isDone, double seconds);
 
 } // namespace KVMainThread

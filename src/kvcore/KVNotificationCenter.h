@@ -2,10 +2,14 @@
 
 #include <QString>
 
+#include <algorithm>
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 /// Name of a notification whose object is a `T`, so that a poster and an observer cannot disagree about the
@@ -16,7 +20,8 @@ struct KVNotificationName {
 };
 
 /// Tells observers by name. Posting calls the observers on the posting thread, with no lock held; an observer
-/// may add, drop or post meanwhile. All operations may be called from any thread.
+/// may add, drop or post meanwhile; one that was dropped is not called any more. All operations may be called
+/// from any thread; dropping does not wait for a call that another thread is just making.
 class KVNotificationCenter {
   public:
     /// Keeps one observation alive; dropping it ends the observation. The centre must outlive it.
@@ -60,9 +65,10 @@ class KVNotificationCenter {
   private:
     using Callback = std::function<void(const std::shared_ptr<void> &)>;
     struct Entry {
-        quint64 token;
-        const void *object;
-        std::shared_ptr<const Callback> callback;
+        quint64 token = 0;
+        const void *object = nullptr;
+        Callback callback;
+        std::atomic<bool> hasEnded = false;
     };
 
     Observation _add(const char *name, const void *object, Callback callback);
@@ -71,5 +77,5 @@ class KVNotificationCenter {
 
     std::mutex _mutex;
     quint64 _lastToken = 0;
-    std::unordered_map<std::string, std::vector<Entry>> _entries;
+    std::unordered_map<std::string, std::vector<std::shared_ptr<Entry>>> _entries;
 };

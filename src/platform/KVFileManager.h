@@ -4,6 +4,7 @@
 
 #include <QDateTime>
 #include <QList>
+#include <QStringList>
 #include <QUrl>
 
 #include <optional>
@@ -20,7 +21,13 @@ std::optional<QDateTime> modificationDate(const QUrl &url);
 
 /// All members of a folder, hidden ones included, "." and ".." not, sorted by name so that the order is the
 /// same everywhere. An error names the folder and the reason.
+///
+/// A name that is not valid UTF-8 has no URL and is left out: ask `undecodableNames` for those.
 KVResult<QList<QUrl>> contentsOfDirectory(const QUrl &url);
+
+/// The names in a folder that `contentsOfDirectory` has to leave out, each in a form that can be shown: a
+/// byte that is no text reads "\xE9". Empty where the folder cannot be read.
+QStringList undecodableNames(const QUrl &folder);
 
 /// Makes the folder with its parents; fine where it exists.
 KVResult<void> createDirectory(const QUrl &url);
@@ -28,12 +35,14 @@ KVResult<void> createDirectory(const QUrl &url);
 /// Removes a file or a folder with all that is in it; a link is removed, never followed.
 KVResult<void> removeItem(const QUrl &url);
 
+/// Copies a file (of a link what it names) or a folder. An existing target is an error and stays as it is; no
+/// partial file is left behind.
 KVResult<void> copyItem(const QUrl &from, const QUrl &to);
 
 /// A unique identifier for a file's name.
 QString uniqueName();
 
-/// "<user data>/com.…": the folder for the application's own files; an error where it cannot be made.
+/// The user's folder for the data of applications, made if need be; an error where it cannot be made.
 KVResult<QUrl> applicationSupportDirectory();
 
 /// The system's folder for temporary files.

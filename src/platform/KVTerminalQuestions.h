@@ -17,6 +17,7 @@ class KVTerminalQuestions : public KVUserQuestions {
     std::optional<QString> runTextPrompt(const KVTextPrompt &prompt) override;
 
   private:
+    std::optional<int> _choose(const QStringList &entries);
     void _print(const QString &text);
     std::optional<QString> _readLine();
 

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "kvcore/KVError.h"
+#include "kvcore/KVFileDescriptor.h"
+
+#include <QByteArray>
+#include <QList>
+
+#include <memory>
+#include <mutex>
+#include <optional>
+
+/// How a child is started. Texts are as the system takes them.
+struct KVChildPlan {
+    QByteArray path;
+    QList<QByteArray> arguments;                        ///< Without the name in front.
+    std::optional<QList<QByteArray>> environment;       ///< "NAME=value"; without it the program's own.
+    int standardOutput = -1, standardError = -1;        ///< What they become; -1 leaves them as they are.
+    bool silencesOutput = false, silencesError = false; ///< To the null device.
+};
+
+/// One started child, known by its pidfd: waiting, one reaping, signals. Any thread may use it.
+class KVChild {
+  public:
+    /// Starts the child without copying the address space; blocks until it runs its program or has failed.
+    static KVResult<std::shared_ptr<KVChild>> start(const KVChildPlan &plan);
+
+    KVChild(int pidFD)
+        : _pidFD(pidFD) {}
+
+    /// Readable as soon as the child has exited, and from then on.
+    int pidFD() const { return _pidFD.get(); }
+
+    bool hasExited() const;
+    /// Blocks until the child has exited, and reaps it.
+    void waitUntilExit();
+    /// The exit code, or 128 + the signal that ended the child; 0 before the exit.
+    int status();
+    /// False where the child has exited already.
+    bool send(int signal) const;
+
+  private:
+    const KVFileDescriptor _pidFD;
+    std::mutex _mutex;
+    bool _isReaped = false;
+    int _status = 0;
+};
