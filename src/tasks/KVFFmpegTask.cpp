@@ -161,8 +161,11 @@ void KVFFmpegTask::_handlePipeChange() {
 }
 
 QByteArray KVFFmpegTask::launchAndGetAllOutputData() {
+    return launch() ? _allOutputData() : QByteArray();
+}
+
+QByteArray KVFFmpegTask::_allOutputData() {
     QByteArray output;
-    if (!launch()) return output;
     if (_fileHandle)
         for (QByteArray part = _fileHandle->availableData(); !part.isEmpty();
              part = _fileHandle->availableData())
@@ -181,7 +184,8 @@ QString KVFFmpegTask::logText(const QByteArray &output) {
     return decoder.hasError() ? QStringLiteral("nil") : text;
 }
 
-KVResult<QUrl> KVFFmpegTask::generateRandomImage(const KVStillFrameSource &source) {
+KVResult<QUrl> KVFFmpegTask::generateRandomImage(const KVStillFrameSource &source,
+                                                 const std::stop_token &stop) {
     const QUrl image =
         KVFileManager::appendingPathComponent(KVTempDirectoryURL(), KVFileManager::uniqueName() + ".jpg");
     const double seconds = std::trunc(source.stillFrameVideoSeconds().value_or(0));
@@ -189,6 +193,9 @@ KVResult<QUrl> KVFFmpegTask::generateRandomImage(const KVStillFrameSource &sourc
     const auto task = create({"-ss", QString::number(offset), "-i", source.stillFramePath(), "-frames:v", "1",
                               image.toLocalFile()});
     if (!task) return tl::unexpected(task.error());
-    KVLog(logText((*task)->launchAndGetAllOutputData()));
+    if ((*task)->launch()) {
+        const std::stop_callback ending(stop, [&] { (*task)->process().kill(); });
+        KVLog(logText((*task)->_allOutputData()));
+    }
     return image;
 }

@@ -9,6 +9,7 @@
 
 #include <memory>
 #include <optional>
+#include <stop_token>
 
 /// Something that a still frame can be grabbed from.
 class KVStillFrameSource {
@@ -59,12 +60,14 @@ class KVFFmpegTask {
     static QString logText(const QByteArray &output);
 
     /// Grabs one frame into a JPEG in the temporary directory and answers its URL; whether the file exists is
-    /// for the caller to find out. Blocks until the tool has exited.
-    static KVResult<QUrl> generateRandomImage(const KVStillFrameSource &source);
+    /// for the caller to find out. Blocks until the tool has exited; `stop` ends it early.
+    static KVResult<QUrl> generateRandomImage(const KVStillFrameSource &source,
+                                              const std::stop_token &stop = {});
 
   private:
     explicit KVFFmpegTask(const QStringList &arguments);
     void _handlePipeChange();
+    QByteArray _allOutputData();
 
     QStringList _arguments;
     KVProcess _concreteTask;

@@ -45,8 +45,7 @@ void KVAudioFile::loadThumbnail(const ThumbnailCompletion &completion) {
 
 KVMediaFile::ThumbnailResult KVAudioFile::_loadThumbnail(const std::stop_token &stop) const {
     KVLog("Starting thumbnail generation.");
-    const auto frame = KVFFmpegTask::generateRandomImage(*this);
-    static_cast<void>(stop);
+    const auto frame = KVFFmpegTask::generateRandomImage(*this, stop);
     if (!frame) return tl::unexpected(frame.error());
     const auto removeFrame = qScopeGuard([&] { static_cast<void>(KVFileManager::removeItem(*frame)); });
 
