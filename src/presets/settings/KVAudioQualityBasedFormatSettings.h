@@ -40,9 +40,9 @@ class KVAudioQualityBasedFormatSettings : public KVSettings<Preset> {
     std::shared_ptr<QualityOption> _qualityOption(const char *label, KVTrackQualitySetting Owner::*quality) {
         return std::make_shared<QualityOption>(
             KVLocalizationCenter::localized(label), this->preset, KVMemberGetter(quality),
-            [quality, notify = this->_visibleOptionsNotifier()](Preset &preset,
+            [quality, notify = this->_visibleOptionsNotifier()](Preset &edited,
                                                                 const KVTrackQualitySetting &chosen) {
-                const auto previous = std::exchange(preset.*quality, chosen);
+                const auto previous = std::exchange(edited.*quality, chosen);
                 using enum KVTrackQualitySetting;
                 if ((previous == custom) != (chosen == custom)) notify();
             },
