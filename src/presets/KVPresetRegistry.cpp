@@ -36,6 +36,17 @@ const KVPresetClass *classOfEntry(const QVariantMap &entry) {
     return nullptr;
 }
 
+/// A preset of each entry that can be read.
+std::vector<std::shared_ptr<KVPreset>> presetsIn(const QVariantMap &stored) {
+    std::vector<std::shared_ptr<KVPreset>> presets;
+    for (const QVariant &value : stored) {
+        const QVariantMap entry = value.toMap(); // empty for anything else than a dictionary
+        if (const KVPresetClass *presetClass = classOfEntry(entry))
+            presets.push_back(KVPreset::fromDictionary(*presetClass, entry));
+    }
+    return presets;
+}
+
 QString standardPresetName(KVMediaFileType type) {
     switch (type) {
     case KVMediaFileType::audio:
@@ -146,7 +157,7 @@ void KVPresetRegistry::_createPresetsIfNeeded() {
 }
 
 void KVPresetRegistry::_createPresets() {
-    const List stored = _storedPresets();
+    const List stored = presetsIn(KVPreferences::shared().value(Keys::PresetSettings).toMap());
     const List missing = _missingPresets(stored);
     {
         const std::scoped_lock lock(_mutex);
@@ -154,7 +165,7 @@ void KVPresetRegistry::_createPresets() {
         _presets.insert(_presets.end(), missing.begin(), missing.end());
         _sortPresets();
     }
-    _writeOnce(stored, missing);
+    _storePresets(missing);
 }
 
 void KVPresetRegistry::_sortPresets() {
@@ -164,17 +175,6 @@ void KVPresetRegistry::_sortPresets() {
 KVPresetRegistry::List KVPresetRegistry::_snapshot() {
     const std::scoped_lock lock(_mutex);
     return _presets;
-}
-
-KVPresetRegistry::List KVPresetRegistry::_storedPresets() {
-    List presets;
-    const QVariantMap stored = KVPreferences::shared().value(Keys::PresetSettings).toMap();
-    for (const QVariant &entry : stored) {
-        const QVariantMap dictionary = entry.toMap(); // empty for anything else than a dictionary
-        if (const KVPresetClass *presetClass = classOfEntry(dictionary))
-            presets.push_back(KVPreset::fromDictionary(*presetClass, dictionary));
-    }
-    return presets;
 }
 
 KVPresetRegistry::List KVPresetRegistry::_missingPresets(const List &stored) {
@@ -191,21 +191,21 @@ KVPresetRegistry::List KVPresetRegistry::_missingPresets(const List &stored) {
 }
 
 /// Stores the missing presets and, the first time, all of them, as entries of older versions lack their type.
-/// What stands under a missing preset's name and could not be read stays.
-void KVPresetRegistry::_writeOnce(const List &stored, const List &missing) {
+/// Works on what is stored by now; what stands under a missing preset's name and cannot be read stays.
+void KVPresetRegistry::_storePresets(const List &missing) {
     const bool isFirstTime = !KVPreferences::shared().boolean(Keys::DidUpdateTypeInDefaults, false);
     if (!isFirstTime && missing.empty()) return;
 
-    KVPreferences::shared().perform([&] {
-        if (isFirstTime) KVPreferences::shared().setBoolean(true, Keys::DidUpdateTypeInDefaults);
-        updateStored([&](QVariantMap &dictionary) {
-            for (const auto &preset : isFirstTime ? stored : List())
-                dictionary.insert(preset->name, preset->dictionaryRepresentation());
-            for (const auto &preset : missing)
-                if (!dictionary.contains(preset->name))
-                    dictionary.insert(preset->name, preset->dictionaryRepresentation());
-        });
+    updateStored([&](QVariantMap &stored) {
+        if (isFirstTime)
+            for (const auto &preset : presetsIn(stored))
+                stored.insert(preset->name, preset->dictionaryRepresentation());
+        for (const auto &preset : missing)
+            if (!stored.contains(preset->name))
+                stored.insert(preset->name, preset->dictionaryRepresentation());
     });
+    // The mark comes last: without it all of this happens once more, which changes nothing.
+    if (isFirstTime) KVPreferences::shared().setBoolean(true, Keys::DidUpdateTypeInDefaults);
 }
 
 void KVPresetRegistry::_removePresetFromDefaults(const QString &name) {

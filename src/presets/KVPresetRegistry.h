@@ -58,9 +58,8 @@ class KVPresetRegistry {
     void _sortPresets();
     List _snapshot();
 
-    static List _storedPresets();
     static List _missingPresets(const List &stored);
-    static void _writeOnce(const List &stored, const List &missing);
+    static void _storePresets(const List &missing);
     static void _removePresetFromDefaults(const QString &name);
 
     std::once_flag _created;
