@@ -3,6 +3,7 @@
 #include "util/KVMediaFileType.h"
 
 #include <QDateTime>
+#include <QHash>
 #include <QList>
 #include <QUrl>
 #include <QVariantMap>
@@ -25,10 +26,11 @@ struct KVHistoryItem {
 
     bool operator==(const KVHistoryItem &) const = default;
 };
+size_t qHash(const KVHistoryItem &item, size_t seed = 0);
 
 /// Which entries of the history changed.
 struct KVHistoryChange {
-    enum class Kind { inserted, removed, replacedAll };
+    enum class Kind { inserted, removed };
     Kind kind;
     qsizetype first = 0; ///< Index of the first changed entry.
     qsizetype count = 0;
@@ -45,17 +47,21 @@ class KVHistoryCenter {
     QList<KVHistoryItem> historyItems() const;
 
     void addFile(const QUrl &url, KVMediaFileType type);
-    /// Empties the list without saving.
+    /// Empties the list without saving; the next `save` then empties what is stored.
     void clear();
+    /// Writes the list. Entries that another process stored since we last looked stay.
     void save();
 
     /// Called before (`isPrior`) and after every change.
     void setObserver(std::function<void(const KVHistoryChange &change, bool isPrior)> observer);
 
   private:
+    QList<KVHistoryItem> _itemsOfOthers(const QVariant &stored) const;
     void _announce(const KVHistoryChange &change, bool isPrior) const;
 
     mutable std::recursive_mutex _lock;
     QList<KVHistoryItem> _items;
+    QHash<KVHistoryItem, int> _ownStoredItems; ///< How often each is stored as far as this process knows.
+    bool _wasCleared = false;
     std::function<void(const KVHistoryChange &, bool)> _observer;
 };

@@ -2,10 +2,15 @@
 
 #include "conversion/conversions/KVConversion.h"
 #include "platform/KVConditionLock.h"
+#include "queues/KVWorkerThreads.h"
+#include "util/KVPreferenceKeys.h"
 
 #include <QList>
+#include <QSet>
 #include <QUrl>
 
+#include <atomic>
+#include <condition_variable>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -49,6 +54,15 @@ class KVConversionQueue : public KVConversionHost,
     /// The four queues in the order audio, video, picture, dvd.
     static std::vector<std::shared_ptr<KVConversionQueue>> allQueues();
 
+    /// For quitting: no further row is picked, all conversions of all queues are cancelled, and the event
+    /// loop runs until the workers have ended; children that do not end by themselves are killed at half of
+    /// the time. False if a worker is still alive after `seconds`.
+    static bool cancelAllAndWait(double seconds);
+
+    /// How many conversions run at once.
+    static int numberOfWorkers(int processorCount, const std::optional<QString> &threadCountArgument,
+                               KVCPUSettings setting);
+
     explicit KVConversionQueue(KVMediaFileType type);
     ~KVConversionQueue() override;
 
@@ -86,25 +100,49 @@ class KVConversionQueue : public KVConversionHost,
 
     void appendDelegate(const std::shared_ptr<KVConversionQueueDelegate> &delegate);
 
+    void conversionDidUpdateFiles(const std::shared_ptr<KVConversion> &conversion) override;
     void conversionDidFinishExecuting(const std::shared_ptr<KVConversion> &conversion) override;
     void conversionWillStartExecuting(const std::shared_ptr<KVConversion> &conversion) override;
     void conversionDidReachProgress(const std::shared_ptr<KVConversion> &conversion,
                                     double progress) override;
 
   private:
+    static std::vector<std::shared_ptr<KVConversionQueue>> _existingQueues();
+
+    void _resumePausedConversions();
     void _convert();
     void _conversionThread();
-    int _numberOfWorkers() const;
     bool _settleDestination();
+    bool _chooseDestination();
+    std::unique_lock<std::mutex> _lockForPick();
     std::shared_ptr<KVConversion> _reserveNextConversion();
+    bool _reserve(const std::shared_ptr<KVConversion> &conversion);
+    void _run(const std::shared_ptr<KVConversion> &conversion);
+    List _runningConversions() const;
+    bool _containsMedia(const QUrl &url) const;
+    static bool _endWorkers(const std::vector<std::shared_ptr<KVConversionQueue>> &queues, double seconds);
+    void _setIsQuitting(bool isQuitting);
+    template <class Call>
+    void _tellDelegates(Call call);
 
     const KVMediaFileType _mediaFileType;
-    mutable std::mutex _lock; ///< Guards the pick of the next conversion.
-    mutable std::mutex
-        _operationsMutex; ///< Guards the array itself and the two settings; held for a copy only.
-    List _operations;
+
+    mutable std::mutex _lock; ///< Guards the pick of the next conversion and the two flags below.
+    std::condition_variable _pickIsPossible;
+    bool _isSettlingDestination = false; ///< Workers wait, as long as the user is being asked.
+    bool _isQuitting = false;            ///< Nothing is picked or started any more.
+    bool _isStarting = false;            ///< From `start` until the workers are counted.
+
+    std::mutex _runMutex;        ///< Held by a run from its start to its end.
     KVConditionLock _threadLock; ///< Its condition is the number of live workers.
+    KVWorkerThreads _workers;
     std::atomic<int> _maximumNumberOfConcurrentConversions = 0;
+
+    mutable std::mutex _fieldsMutex; ///< Guards the fields below; held for a copy only.
+    List _operations;
+    List _running; ///< What a worker is at, also when it has left `_operations`.
+    mutable QSet<QUrl> _mediaURLs; ///< Of all rows, so that taking in thousands of files stays quick.
+    mutable bool _areMediaURLsKnown = false;
     std::optional<QUrl> _outputDirectoryURL;
     mutable std::shared_ptr<KVPreset> _selectedPreset;
     std::vector<std::shared_ptr<KVConversionQueueDelegate>> _delegates;

@@ -11,6 +11,7 @@
 
 #include <atomic>
 #include <condition_variable>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -73,7 +74,10 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
 
     /// Runs `main` on the calling thread and returns when it has returned.
     virtual void start();
+    /// Any thread; the conversion still ends by itself, on its worker.
     virtual void cancel();
+    /// For quitting: ends every child at once, also those that `cancel` does not reach. Any thread.
+    virtual void killChildren() {}
     bool isCancelled() const { return _isCancelled; }
     bool isExecuting() const { return _isExecuting; }
     bool isFinished() const { return state == KVConversionState::finished; }
@@ -90,6 +94,8 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
 
     /// Of the whole conversion, from 0 to 1.
     double overallValue() const;
+    /// Hands the present value to the delegates on the main thread. While an earlier value still waits there,
+    /// the newer one takes its place, so that a slow main thread gathers no backlog.
     void notifyDelegatesAboutProgress();
 
   protected:
@@ -100,6 +106,8 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
     _tellDelegates(std::function<void(KVConversionDelegate &, const std::shared_ptr<KVConversion> &)> call);
 
   private:
+    bool _performAllTasks();
+
     KVWeakArray<KVConversionDelegate> _delegates;
     mutable std::mutex _mutex; ///< Guards the fields below.
     std::condition_variable _finished;
@@ -112,4 +120,6 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
     bool _hasFinished = false;
     std::atomic<bool> _isCancelled = false;
     std::atomic<bool> _isExecuting = false;
+    std::atomic<double> _newestProgress = 0; ///< What the delivery that is under way will carry.
+    std::atomic<bool> _isProgressDeliveryPending = false;
 };

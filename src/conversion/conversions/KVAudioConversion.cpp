@@ -1,0 +1,287 @@
+#include "conversion/conversions/KVAudioConversion.h"
+
+#include "core/KVErrorCenter.h"
+#include "core/KVHistoryCenter.h"
+#include "kvcore/KVFatalError.h"
+#include "kvcore/KVLocalizationCenter.h"
+#include "kvcore/KVLog.h"
+#include "kvcore/KVMainThread.h"
+#include "kvcore/KVText.h"
+#include "platform/KVFileManager.h"
+#include "util/KVOutputClaim.h"
+#include "util/KVPreferenceKeys.h"
+
+#include <QDateTime>
+#include <QFile>
+
+#include <csignal>
+#include <numeric>
+
+namespace {
+
+/// Statuses of a child that never came to be, as a shell tells them.
+constexpr int launchFailedStatus = 127;
+constexpr int interruptedStatus = 128 + SIGINT;
+
+double secondsSince1970() {
+    return static_cast<double>(QDateTime::currentMSecsSinceEpoch()) / 1000;
+}
+
+QString describe(const KVMediaFileList &files) {
+    QStringList descriptions;
+    for (const auto &file : files)
+        descriptions += file->description();
+    return descriptions.join(", ");
+}
+
+KVAudioFileList audioFiles(const KVMediaFileList &files) {
+    KVAudioFileList result;
+    for (const auto &file : files) {
+        auto audioFile = std::dynamic_pointer_cast<KVAudioFile>(file);
+        if (!audioFile) KVFatalError("There are not audio files!");
+        result += audioFile;
+    }
+    return result;
+}
+
+/// The position in seconds that a status line of the tool tells; nothing where it tells none.
+std::optional<double> positionInStatusLine(const QString &line) {
+    static const QString marker = "time=";
+    const qsizetype found = line.indexOf(marker);
+    if (found < 0) return std::nullopt;
+    const qsizetype begin = found + marker.size();
+    const qsizetype end = line.indexOf(marker, begin);
+    const QStringView time = QStringView(line).sliced(begin, (end < 0 ? line.size() : end) - begin);
+    const auto parts = time.split(':');
+    if (parts.size() < 3) return std::nullopt;
+    return KVText::doubleValue(parts[0]) * 3600 + KVText::doubleValue(parts[1]) * 60 +
+           KVText::doubleValue(parts[2]);
+}
+
+/// Asks the child to stop. Its output is thrown away in any case, so one that does not listen is asked again
+/// and then ended.
+void stopChild(const std::shared_ptr<KVFFmpegTask> &task) {
+    task->process().resume(); // a suspended child would not take the next signal
+    task->process().interrupt();
+    const std::weak_ptr<KVFFmpegTask> weakTask = task;
+    KVMainThread::after(0.5, [weakTask] {
+        if (const auto running = weakTask.lock()) running->process().interrupt();
+    });
+    KVMainThread::after(1, [weakTask] {
+        if (const auto running = weakTask.lock()) running->process().kill();
+    });
+}
+
+} // namespace
+
+// Where to
+
+bool KVAudioConversion::performTaskNumber(int) {
+    const auto preset = presetInForce();
+    const auto folder = _destinationFolder();
+    if (!folder) {
+        _recordError({}, "No output URL is set.", 1);
+        return false;
+    }
+    return convertFiles(mediaFiles(), _destination(*folder, *preset), preset, true);
+}
+
+std::optional<QUrl> KVAudioConversion::_destinationFolder() const {
+    if (auto fixed = queue()->outputDirectoryURL()) return fixed;
+    const auto files = mediaFiles();
+    if (files.isEmpty() || !KVPreferences::shared().boolean(KVPreferenceKeys::SaveToSourceFolder, true))
+        return std::nullopt;
+    return KVFileManager::deletingLastPathComponent(files.first()->url());
+}
+
+QUrl KVAudioConversion::_destination(const QUrl &folder, const KVPreset &preset) const {
+    const QUrl source = mediaFiles().first()->url();
+    const auto output = outputURL();
+    const QString baseName = outputFileName().value_or(
+        KVFileManager::deletingPathExtension(KVFileManager::lastPathComponent(output.value_or(source))));
+    return KVFileManager::appendingPathExtension(
+        KVFileManager::appendingPathComponent(folder, baseName),
+        preset.pathExtension().value_or(KVFileManager::pathExtension(source)));
+}
+
+// The run
+
+bool KVAudioConversion::convertFiles(const KVMediaFileList &files, const QUrl &destination,
+                                     const std::shared_ptr<KVPreset> &preset, bool addToHistory) {
+    const auto sources = audioFiles(files);
+    const auto made = preset->taskForConversionOfFiles(files, destination);
+    if (!made) {
+        KVLog("(nil) task, aborting (preset: " + preset->description() + ", files: " + describe(files) +
+              ").");
+        _recordError({}, "Couldn't create task, aborting.", -1);
+        conversionWasSuccessful = false;
+        progressOfCurrentTask = 1;
+        setStatusString(KVLocalizationCenter::localized("Couldn't start conversion."));
+        notifyDelegatesAboutProgress();
+        return false;
+    }
+    KVLog("Preset: " + preset->description() + ", files: " + describe(files) +
+          ", output: " + made->outputURL.toLocalFile());
+    KVLog("Task arguments: " + made->task->arguments().join(' ') + ", " + made->task->launchPath());
+    return _convert(sources, *made, preset->presetType(), addToHistory);
+}
+
+bool KVAudioConversion::_convert(const KVAudioFileList &files, const KVPresetTask &made, KVMediaFileType type,
+                                 bool addToHistory) {
+    setOutputURL(made.outputURL);
+    _setTask(made.task, made.outputURL);
+    const double started = secondsSince1970();
+    _taskOutput.clear();
+
+    _terminationStatus = _run(files, *made.task);
+    const bool isDone = _terminationStatus == 0;
+    if (isDone) {
+        if (made.claim && !isCancelled()) made.claim->keep();
+        if (addToHistory)
+            KVMainThread::syncOrNow(
+                [&] { KVHistoryCenter::shared().addFile(outputURL().value_or(made.outputURL), type); });
+        conversionWasSuccessful = true;
+    }
+    estimatedTime = 0;
+    progressOfCurrentTask = 1;
+    setStatusString({});
+    notifyDelegatesAboutProgress();
+    performPostConversionTasks();
+
+    _taskOutput = {};
+    KVLog("Conversion lasted " + QString::number(secondsSince1970() - started));
+    _setTask(nullptr, std::nullopt);
+    return isDone;
+}
+
+/// Runs the child to its end and answers its status.
+int KVAudioConversion::_run(const KVAudioFileList &files, KVFFmpegTask &task) {
+    if (isCancelled()) return interruptedStatus;
+    if (const auto launched = task.launch(); !launched) {
+        KVLog("Couldn't launch the task: " + launched.error().reason);
+        _taskOutput = launched.error().reason.toUtf8() + '\n';
+        return launchFailedStatus;
+    }
+    if (isCancelled()) stopChild(_task()); // a cancel during the launch found no child yet
+    _handleTaskOutputForMediaFiles(files);
+    KVLog(QString("Waiting for the end, task running ") + (task.process().isRunning() ? "YES" : "NO"));
+    task.process().waitUntilExit();
+    const int status = task.process().terminationStatus();
+    KVLog("Task exited with status code " + QString::number(status));
+    return status;
+}
+
+void KVAudioConversion::_handleTaskOutputForMediaFiles(const KVAudioFileList &files) {
+    const auto task = _task();
+    const auto handle = task->fileHandle();
+    KVProgressAccuracy progressAccuracy{.lastSampleDate = secondsSince1970()};
+    while (handle && task->process().isRunning()) {
+        const QByteArray chunk = handle->availableData();
+        if (chunk.isEmpty()) return; // nothing more can come, even if the child lives on
+        if (!chunk.isValidUtf8()) continue;
+        _handleTaskOutputForMediaFiles(files, QString::fromUtf8(chunk), progressAccuracy);
+        _taskOutput += chunk;
+        _taskOutput += '\n';
+    }
+}
+
+void KVAudioConversion::_handleTaskOutputForMediaFiles(const KVAudioFileList &files, const QString &line,
+                                                       KVProgressAccuracy &progressAccuracy) {
+    if (!line.startsWith("frame=") && !line.startsWith("size=")) {
+        KVLog(line);
+        return;
+    }
+    const auto position = positionInStatusLine(line);
+    if (!position) return;
+    const double total = std::accumulate(files.begin(), files.end(), 0.0,
+                                         [](double sum, const auto &file) { return sum + file->seconds; });
+    progressAccuracy.addSample(*position, secondsSince1970());
+    estimatedTime = progressAccuracy.estimatedTime(*position, total);
+    progressOfCurrentTask = *position / total;
+    notifyDelegatesAboutProgress();
+}
+
+// Afterwards
+
+void KVAudioConversion::performPostConversionTasks() {
+    if (!conversionWasSuccessful && !isCancelled()) {
+        _recordError(_task()->arguments(), _taskOutputString(), _terminationStatus);
+        return;
+    }
+    _setTask(nullptr, std::nullopt);
+    copyArtwork();
+    const auto &preferences = KVPreferences::shared();
+    if (conversionWasSuccessful && preferences.boolean(KVPreferenceKeys::AddToiTunesWhenDone, false))
+        _addToiTunes();
+    if (preferences.boolean(KVPreferenceKeys::PreserveCreationDate, false)) _preserveCreationDate();
+}
+
+/// No file system call here sets the date of creation, so the output takes over the date that people see: it
+/// counts as changed and read when its source was changed.
+void KVAudioConversion::_preserveCreationDate() const {
+    const auto files = mediaFiles();
+    const auto output = outputURL();
+    if (files.isEmpty() || !output) return;
+    const auto date = KVFileManager::modificationDate(files.last()->url());
+    QFile file(output->toLocalFile());
+    if (!date || !file.open(QFile::ReadOnly | QFile::ExistingOnly)) return;
+    file.setFileTime(*date, QFile::FileModificationTime);
+    file.setFileTime(*date, QFile::FileAccessTime);
+}
+
+void KVAudioConversion::_recordError(const QStringList &arguments, const QString &output, int status) const {
+    KVErrorCenter::shared().addError({.mediaFiles = mediaFiles(),
+                                      .targetPreset = presetInForce(),
+                                      .taskArguments = arguments,
+                                      .taskOutput = output,
+                                      .terminationStatus = status});
+}
+
+// From outside
+
+bool KVAudioConversion::pause() {
+    if (state == KVConversionState::paused) return true;
+    if (const auto task = _task(); task && task->process().suspend()) {
+        auto executing = KVConversionState::executing; // unless it has just finished
+        state.compare_exchange_strong(executing, KVConversionState::paused);
+    }
+    _tellDelegates([](auto &delegate, const auto &conversion) { delegate.conversionDidPause(conversion); });
+    return state == KVConversionState::paused;
+}
+
+void KVAudioConversion::resume() {
+    auto paused = KVConversionState::paused;
+    if (!state.compare_exchange_strong(paused, KVConversionState::executing)) return;
+    if (const auto task = _task()) task->process().resume(); // absent if the child has just ended
+    _tellDelegates([](auto &delegate, const auto &conversion) { delegate.conversionDidResume(conversion); });
+}
+
+void KVAudioConversion::cancel() {
+    KVConversion::cancel();
+    std::shared_ptr<KVFFmpegTask> task;
+    std::optional<QUrl> output;
+    {
+        const std::scoped_lock lock(_taskMutex);
+        task = _runningTask;
+        output = _runningTaskOutput;
+    }
+    if (isFinished() || !task) return;
+    stopChild(task);
+    if (output) KVFileManager::removeItem(*output);
+}
+
+void KVAudioConversion::killChildren() {
+    if (const auto task = _task()) task->process().kill();
+}
+
+std::shared_ptr<KVFFmpegTask> KVAudioConversion::_task() const {
+    const std::scoped_lock lock(_taskMutex);
+    return _runningTask;
+}
+
+void KVAudioConversion::_setTask(const std::shared_ptr<KVFFmpegTask> &task,
+                                 const std::optional<QUrl> &output) {
+    const std::scoped_lock lock(_taskMutex);
+    _runningTask = task;
+    _runningTaskOutput = output;
+}
