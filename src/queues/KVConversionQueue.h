@@ -140,7 +140,7 @@ class KVConversionQueue : public KVConversionHost,
 
     mutable std::mutex _fieldsMutex; ///< Guards the fields below; held for a copy only.
     List _operations;
-    List _running; ///< What a worker is at, also when it has left `_operations`.
+    List _running;                 ///< What a worker is at, also when it has left `_operations`.
     mutable QSet<QUrl> _mediaURLs; ///< Of all rows, so that taking in thousands of files stays quick.
     mutable bool _areMediaURLsKnown = false;
     std::optional<QUrl> _outputDirectoryURL;
