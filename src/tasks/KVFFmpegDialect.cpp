@@ -2,7 +2,6 @@
 
 #include <QRegularExpression>
 
-#include <algorithm>
 #include <array>
 
 namespace {
@@ -34,6 +33,16 @@ constexpr std::array words{
     Word{"-me_method", "epzs", "dia", "libx264"}, // the same search pattern
 };
 
+/// An option of ours that tools write in another way.
+struct Name {
+    const char *ours;
+    const char *tools;
+};
+
+constexpr std::array names{
+    Name{"-bsf", "-bsf:v"}, // ours are for the picture, and a tool that applies one to the sound stops
+};
+
 bool isOption(const QString &argument) {
     return argument.size() > 1 && argument.startsWith('-') && argument.at(1).isLetter();
 }
@@ -56,6 +65,12 @@ QString valueForTool(const QString &option, const QString &value, const QString 
     return said;
 }
 
+QString nameForTool(const QString &option) {
+    for (const Name &name : names)
+        if (option == QLatin1String(name.ours)) return QString::fromLatin1(name.tools);
+    return option;
+}
+
 } // namespace
 
 QStringList KVFFmpegDialect::argumentsForTool(const QStringList &arguments,
@@ -75,7 +90,7 @@ QStringList KVFFmpegDialect::argumentsForTool(const QStringList &arguments,
         }
         if (optionsWithPlainValue().contains(option) && isOption(arguments.at(i + 1))) continue;
         const QString &value = arguments.at(++i);
-        if (isKnown) said << option << valueForTool(option, value, encoder);
+        if (isKnown) said << nameForTool(option) << valueForTool(option, value, encoder);
     }
     return said;
 }

@@ -1,0 +1,109 @@
+#include "tasks/KVFFmpegDialect.h"
+
+#include "support/KVTestCase.h"
+
+#include <vector>
+
+namespace {
+
+KVFFmpegCapabilities knowing(const QString &options, const QString &codecOptions) {
+    const QStringList common = codecOptions.split(' ');
+    const QStringList all = options.split(' ') + common;
+    return {QSet<QString>(all.begin(), all.end()), QSet<QString>(common.begin(), common.end())};
+}
+
+QString said(const QString &arguments, const KVFFmpegCapabilities &capabilities) {
+    return KVFFmpegDialect::argumentsForTool(arguments.split(' '), capabilities).join(' ');
+}
+
+class KVFFmpegDialectTest : public KVTestCase {};
+
+TEST_F(KVFFmpegDialectTest, LeavesOutWhatTheToolDoesNotKnow) {
+    const auto tool = knowing("y i s c map copyts r vf f vn an movflags", "flags profile level strict");
+    struct Row {
+        const char *what, *ours, *expected;
+    };
+    const std::vector<Row> rows{
+        {"an option and its value", "-y -i /a -allow_sw 1 -copyts /b", "-y -i /a -copyts /b"},
+        {"the last one before the output", "-i /a -aic 2 /b", "-i /a /b"},
+        {"two in a row", "-i /a -aic 2 -allow_sw 1 -level 51 /b", "-i /a -level 51 /b"},
+        {"a flag that stands alone keeps what follows", "-i /a -sn -vn /b", "-i /a -vn /b"},
+        {"a value that looks like an option", "-i /a -strict -2 /b", "-i /a -strict -2 /b"},
+        {"a value that is named like an unknown option", "-i /a -flags -global_header /b",
+         "-i /a -flags -global_header /b"},
+        {"an unknown one with such a value", "-i /a -aq:a:0 -1 -strict -2 /b", "-i /a -strict -2 /b"},
+        {"specifiers", "-i /a -c:a:0 aac -b:a:0 128k -profile:v high /b",
+         "-i /a -c:a:0 aac -profile:v high /b"},
+        {"a medium's letter before a codec option", "-i /a -vprofile high -vcopyts 1 /b",
+         "-i /a -vprofile high /b"},
+        {"options behind the input and behind the output", "-i /a -y -movflags +faststart /b",
+         "-i /a -y -movflags +faststart /b"},
+        {"one without its value at the end", "-i /a -aic", "-i /a"},
+        {"a rate without its value", "-y -i /a -r -vf crop=1:1:0:0 -f mp4 /b",
+         "-y -i /a -vf crop=1:1:0:0 -f mp4 /b"},
+        {"a rate by name and by number", "-i /a -r pal -r 25.00 /b", "-i /a -r pal -r 25.00 /b"},
+        {"nothing", "", ""},
+    };
+    for (const Row &row : rows)
+        EXPECT_EQ(said(row.ours, tool), row.expected) << row.what;
+}
+
+TEST_F(KVFFmpegDialectTest, SaysInTheToolsWordsWhatItKnowsByAnotherName) {
+    const auto tool = knowing("y i c bsf", "flags me_method");
+    struct Row {
+        const char *what, *ours, *expected;
+    };
+    const std::vector<Row> rows{
+        {"a flag", "-flags +4mv", "-flags +mv4"},
+        {"a flag among others", "-flags +loop+4mv-qpel", "-flags +loop+mv4-qpel"},
+        {"already so", "-flags +loop+mv4", "-flags +loop+mv4"},
+        {"no part of another word", "-flags +4mvx+x4mv", "-flags +4mvx+x4mv"},
+        {"this encoder's search", "-c:v libx264 -me_method epzs", "-c:v libx264 -me_method dia"},
+        {"before the encoder is named", "-me_method epzs -c:v libx264", "-me_method dia -c:v libx264"},
+        {"another search", "-c:v libx264 -me_method umh", "-c:v libx264 -me_method umh"},
+        {"another encoder", "-c:v mpeg4 -me_method epzs", "-c:v mpeg4 -me_method epzs"},
+        {"a filter of the picture", "-bsf h264_mp4toannexb -bsf:a x", "-bsf:v h264_mp4toannexb -bsf:a x"},
+        {"not an option's value", "-i epzs -y 4mv", "-i epzs -y 4mv"},
+    };
+    for (const Row &row : rows)
+        EXPECT_EQ(said(row.ours, tool), row.expected) << row.what;
+}
+
+TEST_F(KVFFmpegDialectTest, ToolThatCouldNotBeAskedGetsOurOptionsAsTheyAre) {
+    EXPECT_EQ(said("-i /a -allow_sw 1 -aic 2 /b", {}), "-i /a -allow_sw 1 -aic 2 /b");
+}
+
+TEST_F(KVFFmpegDialectTest, NamesOfFilesAreNeverChanged) {
+    const QStringList list{"-i", "/-y 4mv", "/a\nb -aic 2:é\"'%", "/-"};
+    EXPECT_EQ(KVFFmpegDialect::argumentsForTool(list, knowing("i", "flags")), list);
+}
+
+TEST_F(KVFFmpegDialectTest, ProbeTextOfAnyVersionReadsAlike) {
+    struct Row {
+        const char *what, *theirs, *ours;
+    };
+    const std::vector<Row> rows{
+        {"a quarter turn", "      displaymatrix: rotation of -90.00 degrees\n",
+         "      rotate          : 90\n"},
+        {"the other way", "  displaymatrix: rotation of 90.00 degrees", "  rotate          : 90"},
+        {"half a turn", "  displaymatrix: rotation of 180.00 degrees",
+         "  displaymatrix: rotation of 180.00 degrees"},
+        {"a slight turn", "  displaymatrix: rotation of -9.00 degrees",
+         "  displaymatrix: rotation of -9.00 degrees"},
+        {"beyond", "  displaymatrix: rotation of 900.00 degrees",
+         "  displaymatrix: rotation of 900.00 degrees"},
+        {"the older line", "      rotate          : 180", "      rotate          : 180"},
+        {"a subtitle", "  Stream #0:2[0x3](eng): Subtitle: mov_text (tx3g / 0x67337874)",
+         "  Stream #0:2(eng): Subtitle: mov_text (tx3g / 0x67337874)"},
+        {"each line",
+         "\n  Stream #0:0[0x1]: Video: h264\n    Metadata:\n  Stream #0:1[0xFf](und): Audio: aac\r\n",
+         "\n  Stream #0:0: Video: h264\n    Metadata:\n  Stream #0:1(und): Audio: aac\r\n"},
+        {"the older line", "  Stream #0:1(und): Audio: aac", "  Stream #0:1(und): Audio: aac"},
+        {"a title that only looks so", "      title           : Stream #0:1[0x1]",
+         "      title           : Stream #0:1[0x1]"},
+    };
+    for (const Row &row : rows)
+        EXPECT_EQ(KVFFmpegDialect::probeTextFromTool(row.theirs), row.ours) << row.what;
+}
+
+} // namespace
