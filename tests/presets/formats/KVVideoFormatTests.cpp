@@ -1,0 +1,280 @@
+#include "presets/formats/video_track/static_bitrate/KVFLVFormat.h"
+#include "presets/formats/video_track/static_bitrate/KVHEVCFormat.h"
+#include "presets/formats/video_track/static_bitrate/KVMPEG1Format.h"
+#include "presets/formats/video_track/static_bitrate/KVMPEG2Format.h"
+#include "presets/formats/video_track/static_bitrate/KVMPEG4Format.h"
+#include "presets/formats/video_track/static_bitrate/KVProResFormat.h"
+#include "presets/formats/video_track/static_bitrate/KVTheoraFormat.h"
+#include "presets/formats/video_track/static_bitrate/KVVPXFormat.h"
+#include "presets/formats/video_track/static_bitrate/KVWMVFormat.h"
+#include "presets/formats/video_track/variable_bitrate/KVH264Format.h"
+#include "support/KVTestCase.h"
+#include "support/KVTestSources.h"
+#include "tasks/KVHardwareAcceleration.h"
+#include "util/KVPreferenceKeys.h"
+
+using namespace KVTestSources;
+using enum KVTrackQualitySetting;
+
+namespace {
+
+class KVVideoFormatTest : public KVTestCase {
+  protected:
+    void SetUp() override { KVHardwareAcceleration::setResult(false); }
+
+    static void setUsesNTSC(bool usesNTSC) {
+        KVPreferences::shared().setBoolean(usesNTSC, KVPreferenceKeys::UsesNTSCFormat);
+    }
+};
+
+template <class Format>
+std::unique_ptr<KVVideoFormat> make() {
+    return std::make_unique<Format>();
+}
+
+constexpr KVTrackQualitySetting qualities[]{low, medium, high, keepOriginal};
+
+struct CodecRow {
+    const char *name;
+    std::unique_ptr<KVVideoFormat> (*make)();
+    const char *codec;
+    const char *copied;    // a source's format that may pass
+    const char *notCopied; // one that is near and may not
+    qint64 ranges[4][2];
+    qint64 maxRanges[4][2];
+    const char *further; // what stands behind the bitrates
+};
+
+// clang-format off
+const CodecRow codecRows[]{
+    {"H.264", make<KVH264Format>, "libx264", "h264 (High) (avc1 / 0x31637661)", "H264",
+     {{500, 2000}, {600, 2500}, {800, 3000}, {900, 6000}},
+     {{700, 2750}, {800, 3500}, {1000, 5000}, {1200, 8000}},
+     "-allow_sw 1 -copyts -movflags +faststart -qmin 0 -qmax 0 -flags +loop -g 250 -i_qfactor 0.71 -refs "
+     "1 -trellis 2 -coder 0 -bf 0 -bt 256k -keyint_min 250 -sc_threshold 40 -me_method umh -me_range 7 "
+     "-level 0 -profile baseline"},
+    {"HEVC", make<KVHEVCFormat>, "libx265", "hevc (Main)", "h265",
+     {{400, 3500}, {500, 4000}, {600, 4500}, {700, 5000}},
+     {},
+     "-preset medium -tag:v hvc1"},
+    {"ProRes", make<KVProResFormat>, "prores", "prores", "prores (HQ)",
+     {{10000, 140000}, {20000, 180000}, {40000, 250000}, {60000, 400000}},
+     {{15000, 146000}, {25000, 250000}, {50000, 300000}, {80000, 500000}},
+     ""},
+    {"MPEG-1", make<KVMPEG1Format>, "mpeg1video", "mpeg1video", "mpeg1video (x)",
+     {{800, 6000}, {1000, 8000}, {1400, 10000}, {2000, 12000}},
+     {},
+     ""},
+    {"MPEG-2", make<KVMPEG2Format>, "mpeg2video", "mpeg2video", "mpeg2video (Main)",
+     {{900, 6000}, {1200, 8000}, {1400, 10000}, {2000, 12000}},
+     {{1100, 8000}, {1600, 10000}, {2000, 12000}, {3000, 14000}},
+     "-ps 2000000000"},
+    {"MPEG-4", make<KVMPEG4Format>, "mpeg4", "mpeg4", "mpeg4 (Simple)",
+     {{400, 6000}, {800, 7000}, {1000, 8000}, {1200, 9000}},
+     {},
+     "-fflags +igndts -g 300 -q 1 -async 50"},
+    {"FLV", make<KVFLVFormat>, "flv", "flv", "flv1",
+     {{400, 4000}, {900, 5000}, {1200, 6000}, {1400, 8000}},
+     {},
+     "-g 200 -qmin 5 -async 50"},
+    {"Theora", make<KVTheoraFormat>, "libtheora", "theora", "theora (x)",
+     {{400, 3000}, {900, 4000}, {1200, 5000}, {1400, 6000}},
+     {{700, 3500}, {1200, 4500}, {1400, 5500}, {1800, 6500}},
+     ""},
+    {"VP8", make<KVVPXFormat>, "libvpx", "vp8", "vp80",
+     {{400, 3000}, {900, 4000}, {1200, 5000}, {1400, 6000}},
+     {{700, 3500}, {1200, 4500}, {1400, 5500}, {1800, 6500}},
+     "-qmin 20 -qmax 48 -rc_lookahead 20"},
+    {"WMV", make<KVWMVFormat>, "wmv2", "wmv3 (Main)", "vc1",
+     {{400, 3000}, {700, 4000}, {900, 5000}, {1000, 6000}},
+     {},
+     ""},
+};
+// clang-format on
+
+/// The rate of a 1280 x 720 picture, which takes a quarter of the range.
+QString quarterOf(const qint64 (&range)[2]) {
+    return QString::number(range[0] + range[1] / 4 + (range[0] + range[1] / 4) % 2) + "k";
+}
+
+} // namespace
+
+TEST_F(KVVideoFormatTest, EveryCodecWritesItsFigures) {
+    const auto source = video({.width = 1280, .height = 720});
+    for (const CodecRow &row : codecRows) {
+        const auto format = row.make();
+        EXPECT_TRUE(format->canCopyVideoTrackOfFormat(row.copied)) << row.name;
+        EXPECT_FALSE(format->canCopyVideoTrackOfFormat(row.notCopied)) << row.name;
+        for (int i = 0; i < 4; ++i) {
+            const std::string label = std::string(row.name) + ", quality " + std::to_string(i);
+            EXPECT_EQ(format->maxBitrateRange(qualities[i]),
+                      (KVBitrateRange{row.maxRanges[i][0], row.maxRanges[i][1]}))
+                << label;
+            QStringList want{"-c:v", row.codec};
+            if (QString(row.name).startsWith("MPEG-1") || QString(row.name).startsWith("MPEG-2"))
+                want << "-r"
+                     << "pal";
+            want << "-b:v" << quarterOf(row.ranges[i]);
+            if (row.make == make<KVH264Format>)
+                want << "-maxrate" << quarterOf(row.maxRanges[i]) << "-bufsize"
+                     << "4M";
+            expectArguments(label, format->arguments(source, qualities[i]), want + list(row.further));
+        }
+    }
+}
+
+TEST_F(KVVideoFormatTest, BitrateFollowsThePictureSize) {
+    struct Row {
+        qint64 width, height;
+        const char *medium; // of 500 + 4000
+    };
+    const Row rows[]{{100, 199, "500k"},    {100, 200, "580k"},    {320, 240, "580k"},
+                     {320, 250, "700k"},    {720, 361, "700k"},    {720, 480, "900k"},
+                     {750, 600, "1500k"},   {1280, 720, "1500k"},  {1920, 1080, "2900k"},
+                     {2000, 1200, "4500k"}, {4000, 2000, "4500k"}, {7680, 4320, "4500k"}};
+    KVHEVCFormat format;
+    for (const Row &row : rows) {
+        const auto source = video({.width = row.width, .height = row.height});
+        EXPECT_EQ(format.arguments(source, medium).value(3), row.medium) << row.width << " x " << row.height;
+    }
+    format.targetResolution = KVVideoFormat::Resolution{320, 240};
+    EXPECT_EQ(format.arguments(video(), medium).value(3), "580k")
+        << "the output's size counts, not the source's";
+    format.targetResolution = KVVideoFormat::Resolution::unlimited();
+    EXPECT_EQ(format.arguments(video(), medium).value(3), "4500k");
+}
+
+TEST_F(KVVideoFormatTest, CustomRateIsTheUsersNumberRoundedUpToEven) {
+    KVHEVCFormat hevc;
+    hevc.bitrate = 1501;
+    EXPECT_EQ(hevc.arguments(video(), custom).value(3), "1502k");
+    KVH264Format device;
+    device.bitrateMultiplier = 0.75;
+    device.bitrate = 1000;
+    device.maxBitrate = 1001;
+    expectArguments("multiplied", device.arguments(video(), custom).mid(2, 4),
+                    list("-b:v 750k -maxrate 750k"));
+}
+
+TEST_F(KVVideoFormatTest, FrameRateIsWrittenUnlessTheSourceIsFollowed) {
+    KVHEVCFormat format;
+    const auto source = video();
+    EXPECT_EQ(format.framerateText(*source, medium), std::nullopt);
+    format.framerate = 29.97;
+    for (const auto quality : {low, medium, high, custom})
+        EXPECT_EQ(format.framerateText(*source, quality), "29.97");
+    EXPECT_EQ(format.framerateText(*source, keepOriginal), std::nullopt);
+    format.framerate = 25;
+    expectArguments("place", format.arguments(source, medium).mid(0, 5), list("-c:v libx265 -r 25.00 -b:v"));
+}
+
+TEST_F(KVVideoFormatTest, MPEGTakesTheRateOfATelevisionStandard) {
+    struct Row {
+        double framerate;
+        KVTrackQualitySetting quality;
+        bool usesNTSC;
+        const char *mpeg1, *mpeg2;
+    };
+    const Row rows[]{
+        {0, medium, false, "pal", "pal"},         {0, medium, true, "ntsc", "ntsc"},
+        {0, keepOriginal, false, "pal", "pal"},   {25, medium, true, "25.00", "pal"},
+        {25, keepOriginal, true, "ntsc", "pal"},  {29.97, medium, false, "29.97", "ntsc"},
+        {29.971, medium, false, "29.97", "ntsc"}, {29.97, keepOriginal, false, "pal", "ntsc"},
+        {30, medium, false, "pal", "pal"},        {30, medium, true, "ntsc", "ntsc"},
+    };
+    KVMPEG1Format mpeg1;
+    KVMPEG2Format mpeg2;
+    mpeg2.isDVDTarget = true;
+    for (const Row &row : rows) {
+        setUsesNTSC(row.usesNTSC);
+        mpeg1.framerate = mpeg2.framerate = row.framerate;
+        EXPECT_EQ(mpeg1.framerateText(*video(), row.quality), row.mpeg1) << row.framerate << row.usesNTSC;
+        EXPECT_EQ(mpeg2.framerateText(*video(), row.quality), row.mpeg2) << row.framerate << row.usesNTSC;
+        EXPECT_EQ(mpeg2.additionalArguments(*video(), row.quality).value(3), QString(row.mpeg2) + "-dvd");
+    }
+}
+
+TEST_F(KVVideoFormatTest, CopiesOnlyWhatEncodingWouldNotChange) {
+    struct Row {
+        const char *what;
+        Video source;
+        KVTrackQualitySetting quality;
+        double framerate;
+        bool want;
+    };
+    const Row rows[]{
+        {"light enough", {.bitrate = 2100}, medium, 0, true},
+        {"heavier than the result", {.bitrate = 2101}, medium, 0, false},
+        {"any track when told to copy", {.format = "vp9", .width = 3, .bitrate = 9999}, copy, 0, true},
+        {"custom numbers ask for encoding", {.bitrate = 100}, custom, 0, false},
+        {"another codec", {.format = "hevc", .bitrate = 100}, medium, 0, false},
+        {"odd width", {.width = 1921, .bitrate = 100}, medium, 0, false},
+        {"odd height", {.height = 1079, .bitrate = 100}, medium, 0, false},
+        {"another rate", {.bitrate = 100}, medium, 24, false},
+        {"the same rate", {.bitrate = 100, .framesPerSecond = 29.97}, medium, 29.97, true},
+        {"nearly the same rate", {.bitrate = 100, .framesPerSecond = 29.979}, medium, 29.97, true},
+        {"kept rate", {.bitrate = 100, .framesPerSecond = 29.97}, keepOriginal, 25, true},
+    };
+    for (const Row &row : rows) {
+        KVH264Format format;
+        format.bitrate = 9000;
+        format.framerate = row.framerate;
+        EXPECT_EQ(format.canCopyVideoTrack(*video(row.source), row.quality), row.want) << row.what;
+    }
+    const auto withSubtitles = video({.bitrate = 100});
+    withSubtitles->subtitlesFileURL = url("a.srt");
+    EXPECT_FALSE(KVH264Format().canCopyVideoTrack(*withSubtitles, medium));
+    const auto soundOnly = video();
+    soundOnly->selectedVideoTrack.reset();
+    EXPECT_FALSE(KVH264Format().canCopyVideoTrack(*soundOnly, medium));
+    // The name of a standard is no rate that a source could have.
+    EXPECT_FALSE(KVMPEG2Format().canCopyVideoTrack(*video({.format = "mpeg2video", .bitrate = 100}), high));
+}
+
+TEST_F(KVVideoFormatTest, HardwareEncoderTakesALevelOf30AndMore) {
+    KVHardwareAcceleration::setResult(true);
+    KVH264Format format;
+    format.level = 29;
+    EXPECT_EQ(format.codec(), "libx264");
+    format.level = 30;
+    EXPECT_EQ(format.codec(), "h264_videotoolbox");
+    format.isHardwareAccelerationEnabled = false;
+    EXPECT_EQ(format.codec(), "libx264");
+    KVHardwareAcceleration::setResult(false);
+    format.isHardwareAccelerationEnabled = true;
+    EXPECT_EQ(format.codec(), "libx264");
+}
+
+TEST_F(KVVideoFormatTest, FieldsOfTheLeavesReachTheirPlace) {
+    const auto further = [](const KVVideoFormat &format) {
+        return format.additionalArguments(*video(), medium);
+    };
+    KVHEVCFormat hevc;
+    hevc.containerFormat = KVHEVCFormat::ContainerFormat::mkv;
+    expectArguments("HEVC in MKV", further(hevc), list("-preset medium"));
+    KVProResFormat proRes;
+    proRes.profile = KVProResFormat::Profile::proxy;
+    expectArguments("ProRes proxy", further(proRes), list("-profile:v 0"));
+    KVMPEG4Format mpeg4;
+    mpeg4.videoTag = "DX50";
+    mpeg4.furtherArguments = list("-mbd 2");
+    expectArguments("MPEG-4", further(mpeg4),
+                    list("-fflags +igndts -g 300 -q 1 -async 50 -vtag DX50 -mbd 2"));
+    KVH264Format h264;
+    h264.quantizerDifferenceBetweenFrames = 4;
+    h264.profile = KVH264Format::Profile::main;
+    h264.additionalH264Options = list("-subq 7");
+    expectArguments("H.264", further(h264).mid(34), list("-profile main -qdiff 4 -subq 7"));
+}
+
+using KVVideoFormatDeathTest = KVVideoFormatTest;
+
+TEST_F(KVVideoFormatDeathTest, ComputingWithCopyIsAProgrammingError) {
+    EXPECT_DEATH(KVHEVCFormat().bitrateRange(copy), "KVUnknownQualityException: -bitrateRangeForQuality");
+    EXPECT_DEATH(KVH264Format().maxBitrateRange(copy),
+                 "KVUnknownQualityException: -maxBitrateRangeForQuality");
+    EXPECT_DEATH(KVHEVCFormat().framerateText(*video(), copy), "ERROR: KVCopyTrack branch");
+    const auto soundOnly = video();
+    soundOnly->selectedVideoTrack.reset();
+    EXPECT_DEATH(KVHEVCFormat().sizeType(*soundOnly), "Fetching size type for a file with no video track. ");
+}
