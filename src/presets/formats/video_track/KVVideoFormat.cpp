@@ -26,8 +26,7 @@ QStringList KVVideoFormat::arguments(const std::shared_ptr<KVMediaFile> &file,
     QStringList arguments{"-c:v", codec()};
     if (const auto framesPerSecond = framerateText(*video, quality)) arguments << "-r" << *framesPerSecond;
     arguments << "-b:v" << rate(bitrateRange(quality));
-    if (usesVariableBitrate())
-        arguments += {"-maxrate", rate(maxBitrateRange(quality)), "-bufsize", "4M"};
+    if (usesVariableBitrate()) arguments += {"-maxrate", rate(maxBitrateRange(quality)), "-bufsize", "4M"};
     return arguments + additionalArguments(*video, quality);
 }
 

@@ -58,3 +58,5 @@ class KVVideoFormat : public KVTrackFormat {
   private:
     static qint64 _bitrateForSizeType(KVVideoSizeType sizeType, const KVBitrateRange &range);
 };
+
+using KVVideoFormatClass = KVTrackFormatClass<KVVideoFormat>;

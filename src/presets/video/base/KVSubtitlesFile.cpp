@@ -1,0 +1,68 @@
+#include "presets/video/base/KVSubtitlesFile.h"
+
+#include "kvcore/KVLog.h"
+#include "util/KVTempDirectory.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QUuid>
+
+#include <unicode/ucnv.h>
+#include <unicode/ucnv_err.h>
+
+#include <memory>
+
+namespace {
+
+using Converter = std::unique_ptr<UConverter, decltype(&ucnv_close)>;
+
+/// A converter that stops at what it cannot convert instead of putting a mark in its place.
+Converter strictConverter(const QString &encoding) {
+    UErrorCode status = U_ZERO_ERROR;
+    // Without a name the library takes the system's encoding.
+    Converter converter(encoding.isEmpty() ? nullptr : ucnv_open(encoding.toLatin1().constData(), &status),
+                        &ucnv_close);
+    if (converter)
+        ucnv_setToUCallBack(converter.get(), UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
+    return U_SUCCESS(status) ? std::move(converter) : Converter(nullptr, &ucnv_close);
+}
+
+std::optional<QString> failure(const QUrl &url, const QString &reason) {
+    KVLog("Failed to read subtitles file at URL " + url.toString() + ": " + reason);
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<QString> KVSubtitlesFile::decoded(const QByteArray &bytes, const QString &encoding) {
+    const Converter converter = strictConverter(encoding);
+    if (!converter) return std::nullopt;
+    // No encoding makes more than two units of a byte, and a state of its own may add a few.
+    QString text(2 * bytes.size() + 16, Qt::Uninitialized);
+    UErrorCode status = U_ZERO_ERROR;
+    const auto length =
+        ucnv_toUChars(converter.get(), reinterpret_cast<UChar *>(text.data()), static_cast<int>(text.size()),
+                      bytes.constData(), static_cast<int>(bytes.size()), &status);
+    if (U_FAILURE(status)) return std::nullopt;
+    text.truncate(length);
+    return text;
+}
+
+std::optional<QString> KVSubtitlesFile::convertedToUTF8(const QUrl &url, const QString &encoding) {
+    QFile source(url.toLocalFile());
+    if (!source.open(QIODevice::ReadOnly)) return failure(url, source.errorString());
+    const QByteArray bytes = source.readAll();
+    if (source.error() != QFile::NoError) return failure(url, source.errorString());
+    const auto text = decoded(bytes, encoding);
+    if (!text) return failure(url, "it is not in the encoding " + encoding);
+
+    const QString extension = QFileInfo(source.fileName()).suffix();
+    const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
+    QSaveFile target(
+        QDir(KVTempDirectoryPath()).filePath(extension.isEmpty() ? name : name + "." + extension));
+    if (!target.open(QIODevice::WriteOnly) || target.write(text->toUtf8()) < 0 || !target.commit())
+        return failure(url, target.errorString());
+    return target.fileName();
+}
