@@ -36,7 +36,7 @@ struct KVTrackFormatClass {
     std::unique_ptr<Format> (*make)();
 
     template <class Leaf>
-    static KVTrackFormatClass of() {
+    static constexpr KVTrackFormatClass of() {
         return {[]() -> std::unique_ptr<Format> { return std::make_unique<Leaf>(); }};
     }
 };
