@@ -1,0 +1,22 @@
+#pragma once
+
+#include "presets/video/other/KVRemuxPreset.h"
+
+/// Changes the container and encodes the sound.
+class KVVideoRemuxPreset : public KVRemuxPreset {
+  public:
+    QString audioFormatName = QStringLiteral("mp3"); ///< Or "aac".
+
+    KVAudioFormatClass audioFormatClass() const override;
+    bool canCopyVideoTrack(const KVVideoFile &) const override { return true; }
+    QString defaultName() const override;
+    QVariantMap dictionaryRepresentation() const override;
+    void loadFromDictionary(const QVariantMap &dictionary) override;
+    QString localizedFormatDescription() const override;
+    std::shared_ptr<KVSettingsBase> settings() override;
+    QStringList taskArguments(const std::shared_ptr<KVMediaFile> &file,
+                              const QUrl &outputFile) const override;
+
+  private:
+    QStringList _audioArguments(const std::shared_ptr<KVVideoFile> &file) const;
+};
