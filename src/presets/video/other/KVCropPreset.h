@@ -2,6 +2,8 @@
 
 #include "presets/video/base/KVVideoPreset.h"
 
+struct KVVideoTrack;
+
 /// Cuts a part out of the picture, or puts the picture in the middle of a larger one. Sizes are pixels.
 class KVCropPreset : public KVVideoPreset {
   public:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "presets/settings/KVOptionBase.h"
 #include "presets/video/base/KVVideoPreset.h"
 
 /// Changes the container and encodes nothing.
