@@ -37,13 +37,12 @@ std::shared_ptr<KVVideoFile> KVTestSources::video(const Video &source) {
 void KVTestSources::expectArguments(const std::string &label, const QStringList &got,
                                     const QStringList &want) {
     const auto at = [](const QStringList &list, qsizetype index) {
-        return index < list.size() ? "\"" + list.at(index).toStdString() + "\"" : std::string("the end");
+        return index < list.size() ? testing::PrintToString(list.at(index)) : std::string("the end");
     };
     for (qsizetype i = 0; i < qMax(got.size(), want.size()); ++i) {
         if (i < got.size() && i < want.size() && got.at(i) == want.at(i)) continue;
         ADD_FAILURE() << label << ": index " << i << " is " << at(got, i) << " and should be " << at(want, i)
-                      << "\n  behind " << at(got, i - 1 < 0 ? got.size() : i - 1) << "\n  in "
-                      << testing::PrintToString(got);
+                      << "\n  in " << testing::PrintToString(got);
         return;
     }
 }

@@ -264,7 +264,7 @@ TEST_F(KVVideoFormatTest, FieldsOfTheLeavesReachTheirPlace) {
     h264.quantizerDifferenceBetweenFrames = 4;
     h264.profile = KVH264Format::Profile::main;
     h264.additionalH264Options = list("-subq 7");
-    expectArguments("H.264", further(h264).mid(34), list("-profile main -qdiff 4 -subq 7"));
+    expectArguments("H.264", further(h264).mid(35), list("-profile main -qdiff 4 -subq 7"));
 }
 
 using KVVideoFormatDeathTest = KVVideoFormatTest;
