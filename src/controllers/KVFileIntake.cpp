@@ -1,0 +1,327 @@
+#include "controllers/KVFileIntake.h"
+
+#include "conversion/conversions/KVConversion.h"
+#include "delivery/ZRFixAIFFFile.h"
+#include "kvcore/KVBookmark.h"
+#include "kvcore/KVLocalizationCenter.h"
+#include "kvcore/KVLog.h"
+#include "kvcore/KVMainThread.h"
+#include "platform/KVFileManager.h"
+#include "platform/KVUserQuestions.h"
+#include "queues/KVConversionQueue.h"
+#include "util/KVPreferenceKeys.h"
+#include "video_info/media_file/KVVideoFile.h"
+
+#include <QFileInfo>
+
+#include <sys/stat.h>
+
+#include <algorithm>
+
+namespace {
+
+/// Above this many waiting conversions the members of a folder load in the background.
+constexpr int maximumNumberOfWaitingFiles = 3;
+
+/// The mark of an AIFF whose sample data the tool reads wrongly.
+constexpr QLatin1String misreadFormat{"twos / 0x736F7774"};
+
+QString localized(const char *key) {
+    return KVLocalizationCenter::localized(key);
+}
+
+std::optional<std::pair<quint64, quint64>> identityOfFolder(const QUrl &folder) {
+    struct stat status {};
+    if (::stat(QFile::encodeName(folder.toLocalFile()).constData(), &status) != 0) return std::nullopt;
+    return std::pair<quint64, quint64>{status.st_dev, status.st_ino};
+}
+
+bool isSpecialFile(const QUrl &url) {
+    const QFileInfo info(url.toLocalFile());
+    return info.exists() && !info.isFile() && !info.isDir();
+}
+
+} // namespace
+
+KVFileIntake::KVFileIntake()
+    : _fileLoadingQueue(QStringLiteral("com.brenholt.kalvora.loading_queue")) {}
+
+KVFileIntake::~KVFileIntake() {
+    cancelLoading();
+    // A file that is being looked at may wait for the main thread: let it in before the queue is joined.
+    waitUntilLoaded(60);
+}
+
+bool KVFileIntake::addFiles(const QList<QUrl> &urls) {
+    bool isAnyAdded = false;
+    for (const QUrl &url : _sandboxURLs(urls))
+        isAnyAdded |= addFile(url);
+    return isAnyAdded;
+}
+
+void KVFileIntake::addURLs(const QList<QUrl> &urls) {
+    for (const QUrl &url : urls) {
+        if (url.isLocalFile()) {
+            addFile(url);
+            continue;
+        }
+        KVLog(QStringLiteral("Kalvora currently doesn't support non-file URLs (%1).").arg(url.toString()));
+        _refuse({KVIntakeRefusal::Kind::notAFile, url.toString(), localized("Only files can be added.")});
+    }
+}
+
+void KVFileIntake::addFilesInBackground(const QList<QUrl> &urls) {
+    if (urls.isEmpty()) return;
+    _loadInBackground([this, urls] {
+        addFiles({urls.first()});
+        // The members of a folder are in the queue by now, so that the next item comes behind them.
+        addFilesInBackground(urls.sliced(1));
+    });
+}
+
+bool KVFileIntake::waitUntilLoaded(double seconds) {
+    return KVMainThread::runUntil([this] { return !isLoading(); }, seconds);
+}
+
+void KVFileIntake::cancelLoading() {
+    _isCancelled = true;
+}
+
+bool KVFileIntake::addFile(const QUrl &url, bool isFolderMember) {
+    return !_isCancelled && _addFile(url, isFolderMember);
+}
+
+bool KVFileIntake::_addFile(const QUrl &url, bool isFolderMember) {
+    using Kind = KVIntakeRefusal::Kind;
+    const auto refuse = [&](Kind kind, const char *reason) {
+        _refuse(kind, url, localized(reason), isFolderMember);
+        return false;
+    };
+
+    if (!url.isLocalFile()) return refuse(Kind::notAFile, "Only files can be added.");
+    if (KVFileManager::isDirectory(url)) return _addFolder(url, isFolderMember);
+    if (KVFileManager::pathExtension(url).toLower() == QLatin1String("m4p"))
+        return refuse(Kind::isProtected, "Protected music files cannot be converted.");
+    if (KVConversionQueue::anyQueueContainsMedia(url))
+        return refuse(Kind::alreadyQueued, "The file is in the queue already.");
+    // The tool would wait for ever for somebody to write into a pipe.
+    if (isSpecialFile(url)) return refuse(Kind::unreadable, "This is no regular file.");
+
+    const auto file = KVMediaFile::mediaFile(url);
+    if (!file) {
+        _refuseUnreadable(url, file.error(), isFolderMember);
+        return false;
+    }
+    return _isAcceptable(*file, isFolderMember) && _queue(*file, isFolderMember);
+}
+
+bool KVFileIntake::_addFolder(const QUrl &url, bool isFolderMember) {
+    if (KVFileManager::pathExtension(url) == QLatin1String("dvdmedia"))
+        return addFile(KVFileManager::appendingPathComponent(url, QStringLiteral("VIDEO_TS")),
+                       isFolderMember);
+    if (KVFileManager::lastPathComponent(url) == QLatin1String("VIDEO_TS"))
+        return _addDVD(url, isFolderMember);
+
+    Walk walk;
+    const auto isAnyAdded = _addFiles(url, 0, walk);
+    if (isAnyAdded) return *isAnyAdded;
+    _refuseUnreadable(url, isAnyAdded.error(), isFolderMember);
+    return false;
+}
+
+bool KVFileIntake::_addDVD(const QUrl &url, bool isFolderMember) {
+    const auto file = KVMediaFile::mediaFile(url);
+    if (file) return _queue(*file, isFolderMember);
+    _refuseUnreadable(url, file.error(), isFolderMember);
+    return false;
+}
+
+KVResult<bool> KVFileIntake::_addFiles(const QUrl &folder, int depth, Walk &walk) {
+    using namespace KVPreferenceKeys;
+    if (depth != 0 && !KVPreferences::shared().boolean(RecursivelyProcessAllFolders, false)) return false;
+    if (const auto identity = identityOfFolder(folder); identity && !walk.insert(*identity).second) {
+        _refuse(KVIntakeRefusal::Kind::alreadyQueued, folder, localized("The folder leads back to itself."),
+                true);
+        return false;
+    }
+
+    const auto members = KVFileManager::contentsOfDirectory(folder);
+    if (!members) return tl::unexpected(members.error());
+    bool isAnyAdded = false;
+    for (const QUrl &member : *members) {
+        if (_isCancelled) break;
+        if (!KVFileManager::isDirectory(member)) {
+            isAnyAdded |= _addMember(member);
+            continue;
+        }
+        const auto isAnyAddedInside = _addFiles(member, depth + 1, walk);
+        if (!isAnyAddedInside) return isAnyAddedInside;
+        isAnyAdded |= *isAnyAddedInside;
+    }
+    return isAnyAdded;
+}
+
+bool KVFileIntake::_addMember(const QUrl &member) {
+    int numberOfWaitingFiles = 0;
+    for (const auto &queue : KVConversionQueue::allQueues())
+        numberOfWaitingFiles += queue->numberOfFilesWaitingToBeConverted();
+    if (numberOfWaitingFiles <= maximumNumberOfWaitingFiles) return addFile(member, true);
+    _loadInBackground([this, member] { addFile(member, true); });
+    return false;
+}
+
+void KVFileIntake::_loadInBackground(std::function<void()> load) {
+    ++_numberOfBackgroundLoads;
+    _fileLoadingQueue.async([this, load = std::move(load)] {
+        load();
+        --_numberOfBackgroundLoads;
+        // Wakes a main thread that waits for the end of the loading.
+        KVMainThread::async([] {});
+    });
+}
+
+QList<QUrl> KVFileIntake::_sandboxURLs(const QList<QUrl> &urls) const {
+    QList<QUrl> scopedURLs;
+    for (const QUrl &url : urls) {
+        const QString name = KVFileManager::lastPathComponent(url);
+        const auto bookmark = KVBookmark::data(url);
+        const auto scopedURL = bookmark ? KVBookmark::resolve(*bookmark) : std::nullopt;
+        KVLog(QStringLiteral("%1 - isReadable: %2")
+                  .arg(name, KVFileManager::isReadable(url) ? QStringLiteral("true") : QStringLiteral("false")));
+        if (bookmark) KVLog(QStringLiteral("%1 - bookmark data: %2 bytes").arg(name).arg(bookmark->size()));
+        KVLog(scopedURL ? QStringLiteral("%1 - scopedURL: %2").arg(name, scopedURL->toString())
+                        : QStringLiteral("%1 - something failed").arg(name));
+        scopedURLs.append(scopedURL.value_or(url));
+    }
+    return scopedURLs;
+}
+
+bool KVFileIntake::_isAcceptable(const std::shared_ptr<KVMediaFile> &file, bool isFolderMember) {
+    // A video is a kind of audio file, so it is asked for first.
+    if (const auto video = std::dynamic_pointer_cast<KVVideoFile>(file)) {
+        if (_checkForDRMProtection(*video, isFolderMember)) return false;
+        if (!_selectAudioTrack(*video, isFolderMember)) return false;
+        if (video->automaticallyDetectSubtitles())
+            KVLog(QStringLiteral("Automatically adding subtitles from %1")
+                      .arg(video->subtitlesFileURL->toLocalFile()));
+        return true;
+    }
+    if (const auto audio = std::dynamic_pointer_cast<KVAudioFile>(file))
+        return _validateAudioFile(*audio, isFolderMember) && _selectAudioTrack(*audio, isFolderMember);
+    return true;
+}
+
+bool KVFileIntake::_checkForDRMProtection(const KVMediaFile &file, bool isFolderMember) {
+    if (!file.isDRMProtected()) return false;
+    KVAlert alert;
+    alert.messageText =
+        KVLocalizationCenter::localized("Kalvora cannot convert '%@' because it is DRM-encrypted.",
+                                        {KVFileManager::lastPathComponent(file.url())});
+    alert.informativeText = localized("Sorry, but Kalvora cannot remove DRM protection.");
+    alert.buttons = {localized("OK")};
+    KVUserQuestion::runModalOnMainThread(alert);
+    _refuse(KVIntakeRefusal::Kind::isProtected, file.url(), localized("The file is DRM-encrypted."),
+            isFolderMember);
+    return true;
+}
+
+bool KVFileIntake::_validateAudioFile(const KVAudioFile &file, bool isFolderMember) {
+    const bool isMisread = std::ranges::any_of(
+        file.audioTracks, [](const KVAudioTrack &track) { return track.format == misreadFormat; });
+    if (!isMisread) return !_checkForDRMProtection(file, isFolderMember);
+
+    KVAlert alert;
+    alert.messageText = localized("This audio file seems to be corrupted. Do you wish to fix it?");
+    alert.informativeText = localized("The original file will be untouched - a copy will be created.");
+    alert.buttons = {localized("Fix..."), localized("Cancel")};
+    _refuse(KVIntakeRefusal::Kind::damaged, file.url(),
+            localized("The sound data of this file is damaged; only a repaired copy can be converted."),
+            isFolderMember);
+    // The first button leaves all as it is, the other repairs: this sense is kept on purpose.
+    if (KVUserQuestion::runModalOnMainThread(alert).isFirstButton()) return false;
+    if (const auto copy = ZRFixAIFFFile(file.url())) addFiles({*copy});
+    return false;
+}
+
+bool KVFileIntake::_selectAudioTrack(KVAudioFile &file, bool isFolderMember) {
+    const auto observer = _observer.lock();
+    if (const auto chosen = observer ? observer->intakeChosenAudioTrack(file) : std::nullopt) {
+        const auto track = std::ranges::find(file.audioTracks, *chosen, &KVAudioTrack::trackNumber);
+        if (track != file.audioTracks.end()) {
+            file.selectedAudioTrack = *track;
+            return true;
+        }
+        _refuse(KVIntakeRefusal::Kind::unsuitable, file.url(),
+                KVLocalizationCenter::localized("The file has no audio track %li.", {*chosen}),
+                isFolderMember);
+        return false;
+    }
+    if (file.audioTracks.size() < 2) return true;
+
+    KVAlert alert;
+    alert.messageText = KVLocalizationCenter::localized(
+        "File '%@' has more than one audio track. Please select the one you wish to convert.",
+        {KVFileManager::lastPathComponent(file.url())});
+    alert.buttons = {localized("Select"), localized("Skip File")};
+    for (const KVAudioTrack &track : std::as_const(file.audioTracks))
+        alert.accessoryItems.append(QStringLiteral("%1: %2 (%3) - %4 kbit/s, %5 %6")
+                                        .arg(QString::number(track.trackNumber),
+                                             track.trackName.value_or(QStringLiteral("nil")), track.format,
+                                             QString::number(track.bitrate / 1024),
+                                             QString::number(track.numberOfChannels), localized("channels")));
+
+    const KVAlertResponse response = KVUserQuestion::runModalOnMainThread(alert);
+    if (!response.isFirstButton()) {
+        _refuse(KVIntakeRefusal::Kind::skipped, file.url(), localized("The file was skipped."),
+                isFolderMember);
+        return false;
+    }
+    const qsizetype index = response.accessoryIndex.value_or(-1);
+    if (index >= 0 && index < file.audioTracks.size())
+        file.selectedAudioTrack = file.audioTracks[index];
+    else
+        file.selectedAudioTrack = std::nullopt;
+    return true;
+}
+
+bool KVFileIntake::_queue(const std::shared_ptr<KVMediaFile> &file, bool isFolderMember) {
+    if (_isCancelled) return false;
+    const auto observer = _observer.lock();
+    if (const auto reason = observer ? observer->intakeWillQueue(file) : std::nullopt) {
+        _refuse(KVIntakeRefusal::Kind::unsuitable, file->url(), *reason, isFolderMember);
+        return false;
+    }
+    KVLog(file->description());
+    KVMainThread::syncOrNow([&] {
+        const auto queue = KVConversionQueue::queue(file->mediaFileType());
+        const auto conversion = queue->createConversion(file, nullptr, true);
+        if (observer) observer->intakeDidQueue(conversion);
+    });
+    return true;
+}
+
+QString KVFileIntake::reasonForUnreadableFile(const QUrl &url, const KVError &error) {
+    const QFileInfo info(url.toLocalFile());
+    if (!info.exists()) return localized("No such file or folder.");
+    if (!info.isReadable()) return localized("There is no permission to read it.");
+    if (info.isFile() && info.size() == 0) return localized("The file is empty.");
+    return error.reason;
+}
+
+void KVFileIntake::_refuseUnreadable(const QUrl &url, const KVError &error, bool isFolderMember) const {
+    KVLog(QStringLiteral("Could not read file %1 - %2")
+              .arg(KVFileManager::lastPathComponent(url), error.reason));
+    const bool isFiltered =
+        error.reason == localized("File type is blacklisted by a file extension filter.");
+    _refuse(isFiltered ? KVIntakeRefusal::Kind::filtered : KVIntakeRefusal::Kind::unreadable, url,
+            reasonForUnreadableFile(url, error), isFolderMember);
+}
+
+void KVFileIntake::_refuse(KVIntakeRefusal::Kind kind, const QUrl &url, const QString &reason,
+                           bool isFolderMember) const {
+    _refuse({kind, url.isLocalFile() ? url.toLocalFile() : url.toString(), reason, isFolderMember});
+}
+
+void KVFileIntake::_refuse(const KVIntakeRefusal &refusal) const {
+    if (const auto observer = _observer.lock()) observer->intakeDidRefuse(refusal);
+}

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "controllers/KVIntakeObserver.h"
+#include "kvcore/KVError.h"
+#include "kvcore/KVSerialQueue.h"
+
+#include <QList>
+#include <QUrl>
+
+#include <atomic>
+#include <memory>
+#include <set>
+#include <utility>
+
+class KVAudioFile;
+class KVMediaFile;
+class KVVideoFile;
+
+/// The door through which every file enters: decides what becomes a queued conversion, walks folders, refuses
+/// what may not enter and asks the user what needs a choice. Knows no widget.
+///
+/// The public operations may be called on the main thread or on the loading queue, and block while the tool
+/// looks at a file; conversions are made on the main thread.
+class KVFileIntake {
+  public:
+    KVFileIntake();
+    /// Main thread. Drops what is not loaded yet.
+    virtual ~KVFileIntake();
+    KVFileIntake(const KVFileIntake &) = delete;
+    KVFileIntake &operator=(const KVFileIntake &) = delete;
+
+    /// Takes files and folders in; true if at least one item was taken in before the call returns. The members
+    /// of a large folder load behind it.
+    bool addFiles(const QList<QUrl> &urls);
+
+    /// For callers with arbitrary URLs: those that name no file are logged and passed over.
+    void addURLs(const QList<QUrl> &urls);
+
+    /// Takes them in on the loading queue, one after the other with all its members, and returns at once.
+    void addFilesInBackground(const QList<QUrl> &urls);
+
+    /// True while the loading queue has something to load.
+    bool isLoading() const { return _numberOfBackgroundLoads > 0; }
+
+    /// Main thread: runs the event loop until nothing is left to load or the time is up; true if nothing is.
+    bool waitUntilLoaded(double seconds);
+
+    /// Refuses everything from now on, without a word; what is being looked at comes to its end.
+    void cancelLoading();
+
+    /// Held weakly. Set before files are added.
+    void setObserver(const std::weak_ptr<KVIntakeObserver> &observer) { _observer = observer; }
+
+    /// What to tell the user about a file that cannot be read as a medium: the nearest cause, where one shows.
+    static QString reasonForUnreadableFile(const QUrl &url, const KVError &error);
+
+  private:
+    /// Folders that the present walk has entered, by device and inode: a folder that links to itself is
+    /// entered once.
+    using Walk = std::set<std::pair<quint64, quint64>>;
+
+    bool addFile(const QUrl &url, bool isFolderMember = false);
+    bool _addFile(const QUrl &url, bool isFolderMember);
+    bool _addFolder(const QUrl &url, bool isFolderMember);
+    bool _addDVD(const QUrl &url, bool isFolderMember);
+    KVResult<bool> _addFiles(const QUrl &folder, int depth, Walk &walk);
+    bool _addMember(const QUrl &member);
+    void _loadInBackground(std::function<void()> load);
+    QList<QUrl> _sandboxURLs(const QList<QUrl> &urls) const;
+
+    bool _isAcceptable(const std::shared_ptr<KVMediaFile> &file, bool isFolderMember);
+    bool _checkForDRMProtection(const KVMediaFile &file, bool isFolderMember);
+    bool _validateAudioFile(const KVAudioFile &file, bool isFolderMember);
+    bool _selectAudioTrack(KVAudioFile &file, bool isFolderMember);
+    bool _queue(const std::shared_ptr<KVMediaFile> &file, bool isFolderMember);
+
+    void _refuseUnreadable(const QUrl &url, const KVError &error, bool isFolderMember) const;
+    void _refuse(KVIntakeRefusal::Kind kind, const QUrl &url, const QString &reason,
+                 bool isFolderMember) const;
+    void _refuse(const KVIntakeRefusal &refusal) const;
+
+    std::weak_ptr<KVIntakeObserver> _observer;
+    std::atomic<bool> _isCancelled = false;
+    std::atomic<int> _numberOfBackgroundLoads = 0;
+    KVSerialQueue _fileLoadingQueue;
+};

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QString>
+#include <QUrl>
+
+#include <memory>
+#include <optional>
+
+class KVAudioFile;
+class KVConversion;
+class KVMediaFile;
+
+/// An item that the intake did not take, and why.
+struct KVIntakeRefusal {
+    enum class Kind {
+        notAFile,      ///< A URL that names no file.
+        filtered,      ///< Its extension tells that it is no medium.
+        alreadyQueued, ///< It is in a queue, or its folder was walked before.
+        unreadable,    ///< Missing, empty, not permitted, or of no known format.
+        isProtected,   ///< Encrypted against copying.
+        damaged,       ///< Its sound data is known to be read wrongly.
+        skipped,       ///< The user chose to leave it out.
+        unsuitable,    ///< The observer did not want it.
+    };
+    Kind kind;
+    QString path;                ///< As text; bytes that are no text are written "\xNN".
+    QString reason;              ///< One sentence for the user.
+    bool isFolderMember = false; ///< Met while walking a folder, not named by the user.
+};
+
+/// Told what becomes of the items that enter. The window needs nothing of this, a front end without one has to
+/// say what the intake refuses in silence. The intake holds its observer weakly.
+class KVIntakeObserver {
+  public:
+    virtual ~KVIntakeObserver() = default;
+
+    /// The number of the audio track that was chosen for this file beforehand, so that nobody is asked. On the
+    /// loading thread.
+    virtual std::optional<qint64> intakeChosenAudioTrack(const KVAudioFile &) { return std::nullopt; }
+
+    /// The file is about to be queued: the last moment to change it, or to answer why it should not be. On the
+    /// loading thread.
+    virtual std::optional<QString> intakeWillQueue(const std::shared_ptr<KVMediaFile> &) {
+        return std::nullopt;
+    }
+
+    /// On the main thread.
+    virtual void intakeDidQueue(const std::shared_ptr<KVConversion> &) {}
+
+    /// On the loading thread.
+    virtual void intakeDidRefuse(const KVIntakeRefusal &) {}
+};
