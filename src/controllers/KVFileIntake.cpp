@@ -187,7 +187,8 @@ QList<QUrl> KVFileIntake::_sandboxURLs(const QList<QUrl> &urls) const {
         const auto bookmark = KVBookmark::data(url);
         const auto scopedURL = bookmark ? KVBookmark::resolve(*bookmark) : std::nullopt;
         KVLog(QStringLiteral("%1 - isReadable: %2")
-                  .arg(name, KVFileManager::isReadable(url) ? QStringLiteral("true") : QStringLiteral("false")));
+                  .arg(name,
+                       KVFileManager::isReadable(url) ? QStringLiteral("true") : QStringLiteral("false")));
         if (bookmark) KVLog(QStringLiteral("%1 - bookmark data: %2 bytes").arg(name).arg(bookmark->size()));
         KVLog(scopedURL ? QStringLiteral("%1 - scopedURL: %2").arg(name, scopedURL->toString())
                         : QStringLiteral("%1 - something failed").arg(name));
@@ -311,8 +312,7 @@ QString KVFileIntake::reasonForUnreadableFile(const QUrl &url, const KVError &er
 void KVFileIntake::_refuseUnreadable(const QUrl &url, const KVError &error, bool isFolderMember) const {
     KVLog(QStringLiteral("Could not read file %1 - %2")
               .arg(KVFileManager::lastPathComponent(url), error.reason));
-    const bool isFiltered =
-        error.reason == localized("File type is blacklisted by a file extension filter.");
+    const bool isFiltered = error.reason == localized("File type is blacklisted by a file extension filter.");
     _refuse(isFiltered ? KVIntakeRefusal::Kind::filtered : KVIntakeRefusal::Kind::unreadable, url,
             reasonForUnreadableFile(url, error), isFolderMember);
 }

@@ -29,8 +29,8 @@ class KVFileIntake {
     KVFileIntake(const KVFileIntake &) = delete;
     KVFileIntake &operator=(const KVFileIntake &) = delete;
 
-    /// Takes files and folders in; true if at least one item was taken in before the call returns. The members
-    /// of a large folder load behind it.
+    /// Takes files and folders in; true if at least one item was taken in before the call returns. The
+    /// members of a large folder load behind it.
     bool addFiles(const QList<QUrl> &urls);
 
     /// For callers with arbitrary URLs: those that name no file are logged and passed over.
@@ -51,7 +51,8 @@ class KVFileIntake {
     /// Held weakly. Set before files are added.
     void setObserver(const std::weak_ptr<KVIntakeObserver> &observer) { _observer = observer; }
 
-    /// What to tell the user about a file that cannot be read as a medium: the nearest cause, where one shows.
+    /// What to tell the user about a file that cannot be read as a medium: the nearest cause, where one
+    /// shows.
     static QString reasonForUnreadableFile(const QUrl &url, const KVError &error);
 
   private:

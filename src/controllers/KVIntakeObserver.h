@@ -28,18 +28,18 @@ struct KVIntakeRefusal {
     bool isFolderMember = false; ///< Met while walking a folder, not named by the user.
 };
 
-/// Told what becomes of the items that enter. The window needs nothing of this, a front end without one has to
-/// say what the intake refuses in silence. The intake holds its observer weakly.
+/// Told what becomes of the items that enter. The window needs nothing of this, a front end without one has
+/// to say what the intake refuses in silence. The intake holds its observer weakly.
 class KVIntakeObserver {
   public:
     virtual ~KVIntakeObserver() = default;
 
-    /// The number of the audio track that was chosen for this file beforehand, so that nobody is asked. On the
-    /// loading thread.
+    /// The number of the audio track that was chosen for this file beforehand, so that nobody is asked. On
+    /// the loading thread.
     virtual std::optional<qint64> intakeChosenAudioTrack(const KVAudioFile &) { return std::nullopt; }
 
-    /// The file is about to be queued: the last moment to change it, or to answer why it should not be. On the
-    /// loading thread.
+    /// The file is about to be queued: the last moment to change it, or to answer why it should not be. On
+    /// the loading thread.
     virtual std::optional<QString> intakeWillQueue(const std::shared_ptr<KVMediaFile> &) {
         return std::nullopt;
     }

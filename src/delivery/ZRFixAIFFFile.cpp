@@ -116,8 +116,7 @@ void copyTexts(SNDFILE *output, SNDFILE *input) {
 /// Reads a chunk of the input with one command and hands it to the output with another.
 void copyChunk(SNDFILE *output, SNDFILE *input, int getCommand, int setCommand, int size) {
     std::vector<char> chunk(static_cast<size_t>(size));
-    if (sf_command(input, getCommand, chunk.data(), size))
-        sf_command(output, setCommand, chunk.data(), size);
+    if (sf_command(input, getCommand, chunk.data(), size)) sf_command(output, setCommand, chunk.data(), size);
 }
 
 void copyChunks(SNDFILE *output, SNDFILE *input, int channels) {
@@ -191,8 +190,9 @@ int sfe_file_type_of_ext(const QString &name, int format) {
     const int subformat = format & SF_FORMAT_SUBMASK;
     if (extension.startsWith(QLatin1String(formatMap.front().extension)))
         return formatMap.front().majorFormat | subformat;
-    const auto row = std::ranges::find_if(
-        formatMap, [&](const FormatRow &candidate) { return extension == QLatin1String(candidate.extension); });
+    const auto row = std::ranges::find_if(formatMap, [&](const FormatRow &candidate) {
+        return extension == QLatin1String(candidate.extension);
+    });
     return row != formatMap.end() ? row->majorFormat | subformat : SF_FORMAT_WAV | SF_FORMAT_PCM_24;
 }
 

@@ -7,9 +7,9 @@
 
 #include <optional>
 
-/// Rewrites a damaged sound file into a fresh copy: asks for the destination, copies all frames and answers the
-/// new URL, or nothing where the user did not confirm or the copy failed (the log then says why). The input
-/// stays as it is. Blocks; the question runs on the main thread.
+/// Rewrites a damaged sound file into a fresh copy: asks for the destination, copies all frames and answers
+/// the new URL, or nothing where the user did not confirm or the copy failed (the log then says why). The
+/// input stays as it is. Blocks; the question runs on the main thread.
 std::optional<QUrl> ZRFixAIFFFile(const QUrl &url);
 
 /// The format of a file with the extension of `name`, with the sample format of `format` where the extension
