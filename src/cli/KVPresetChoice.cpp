@@ -1,0 +1,91 @@
+#include "cli/KVPresetChoice.h"
+
+#include "cli/KVNearestNames.h"
+#include "cli/KVValueText.h"
+
+namespace {
+
+/// What makes a preset the one that it is.
+const QStringList identityKeys{"ZRPresetClass", "ZRPresetName", "ZRPresetIsCustom", "ZRPresetIsEnabled",
+                               "KVPresetType"};
+
+bool isBoolean(const QVariant &value) {
+    return value.typeId() == QMetaType::Bool;
+}
+
+bool isText(const QVariant &value) {
+    return value.typeId() == QMetaType::QString;
+}
+
+/// True if the preset took the value for what it is: what it cannot use, it reads as something else.
+bool isSame(const QVariant &wanted, const QVariant &taken) {
+    if (!taken.isValid() || isText(wanted) != isText(taken)) return false;
+    if (isText(taken)) return wanted.toString() == taken.toString();
+    if (isBoolean(wanted) && !isBoolean(taken)) return false;
+    return wanted.toDouble() == taken.toDouble();
+}
+
+std::shared_ptr<KVPreset> changed(const KVPreset &preset, const QString &key, const QVariant &value) {
+    QVariantMap dictionary = preset.dictionaryRepresentation();
+    dictionary.insert(key, value);
+    return KVPreset::fromDictionary(preset.presetClass(), dictionary);
+}
+
+/// An optional setting stands in no dictionary until it has a value: try one.
+bool hasKey(const KVPreset &preset, const QString &key) {
+    return preset.dictionaryRepresentation().contains(key) ||
+           changed(preset, key, qint64{1})->dictionaryRepresentation().contains(key);
+}
+
+tl::expected<std::shared_ptr<KVPreset>, QString> apply(const QString &change,
+                                                       const std::shared_ptr<KVPreset> &preset) {
+    const qsizetype equals = change.indexOf(u'=');
+    const QString key = change.left(equals);
+    if (equals < 1) return tl::unexpected(QStringLiteral("--set needs KEY=VALUE, not \"%1\"").arg(change));
+    if (identityKeys.contains(key))
+        return tl::unexpected(QStringLiteral("%1 belongs to the preset and cannot be changed").arg(key));
+    if (!hasKey(*preset, key)) {
+        QStringList keys = preset->dictionaryRepresentation().keys();
+        keys.removeIf([](const QString &name) { return identityKeys.contains(name); });
+        return tl::unexpected(QStringLiteral("the preset \"%1\" has no setting %2%3")
+                                  .arg(preset->name, key, KVNearestNames::hint(key, keys)));
+    }
+
+    const QString text = change.sliced(equals + 1);
+    const bool isTextSetting = isText(preset->dictionaryRepresentation().value(key));
+    const QVariant value = isTextSetting ? QVariant(text) : KVValueText::parse(text);
+    const auto result = changed(*preset, key, value);
+    if (isSame(value, result->dictionaryRepresentation().value(key))) return result;
+    return tl::unexpected(QStringLiteral("\"%1\" is no value for %2").arg(text, key));
+}
+
+} // namespace
+
+tl::expected<std::shared_ptr<KVPreset>, QString> KVPresetChoice::make(const QString &name,
+                                                                      const QStringList &changes) {
+    auto preset = KVPreset::presetNamed(name);
+    if (!preset) {
+        QStringList names;
+        for (const auto &known : KVPreset::allPresets())
+            names.append(known->name);
+        return tl::unexpected(
+            QStringLiteral("there is no preset \"%1\"%2").arg(name, KVNearestNames::hint(name, names)));
+    }
+    for (const QString &change : changes) {
+        const auto next = apply(change, preset);
+        if (!next) return tl::unexpected(next.error());
+        preset = *next;
+    }
+    return preset;
+}
+
+bool KVPresetChoice::canConvert(const KVPreset &preset, KVMediaFileType type) {
+    switch (preset.presetType()) {
+    case KVMediaFileType::audio:
+        return type == KVMediaFileType::audio || type == KVMediaFileType::video;
+    case KVMediaFileType::dvd:
+        return type == KVMediaFileType::dvd || type == KVMediaFileType::video;
+    default:
+        return type == preset.presetType();
+    }
+}
