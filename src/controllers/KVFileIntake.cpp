@@ -147,6 +147,9 @@ KVResult<bool> KVFileIntake::_addFiles(const QUrl &folder, int depth, Walk &walk
 
     const auto members = KVFileManager::contentsOfDirectory(folder);
     if (!members) return tl::unexpected(members.error());
+    for (const QString &name : KVFileManager::undecodableNames(folder))
+        _refuse({KVIntakeRefusal::Kind::unreadable, folder.toLocalFile() + '/' + name,
+                 localized("The name is not UTF-8."), true});
     bool isAnyAdded = false;
     for (const QUrl &member : *members) {
         if (_isCancelled) break;

@@ -73,6 +73,7 @@ struct KVPreferences::Private {
 
     std::recursive_mutex mutex; // recursive: an update may read and set other keys
     KVPreferencesFile file;
+    QVariantMap valuesForThisRun;
     Changes unwritten; // what could not be written yet: lives on in memory and goes along with the next write
     std::unordered_map<std::thread::id, Batch> batches;
 };
@@ -138,6 +139,7 @@ QVariant KVPreferences::value(const Key &key) const {
     QStringList keptPaths;
     {
         const std::scoped_lock lock(_p->mutex);
+        if (_p->valuesForThisRun.contains(key.text)) return _p->valuesForThisRun.value(key.text);
         found = _p->valuesSeenByThisThread().value(key.text);
         keptPaths = _p->file.takeKeptPaths();
     }
@@ -171,6 +173,11 @@ void KVPreferences::setValue(const QVariant &value, const Key &key) {
         keptPaths = _p->file.takeKeptPaths();
     }
     _p->reportDamage(keptPaths);
+}
+
+void KVPreferences::setValueForThisRun(const QVariant &value, const Key &key) {
+    const std::scoped_lock lock(_p->mutex);
+    _p->valuesForThisRun.insert(key.text, KVPreferencesCoding::normalized(value));
 }
 
 bool KVPreferences::perform(const std::function<void()> &changes) {

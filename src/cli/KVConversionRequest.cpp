@@ -1,0 +1,101 @@
+#include "cli/KVConversionRequest.h"
+
+#include "cli/KVInputPath.h"
+#include "cli/KVParsedWords.h"
+#include "cli/KVPresetChoice.h"
+#include "kvcore/KVBookmark.h"
+#include "kvcore/KVLocalizationCenter.h"
+#include "platform/KVFileManager.h"
+#include "platform/KVUserQuestions.h"
+#include "util/KVPreferenceKeys.h"
+#include "video_info/media_file/KVVideoFile.h"
+
+#include <iconv.h>
+
+namespace {
+
+bool isKnownEncoding(const QString &name) {
+    const iconv_t converter = ::iconv_open("UTF-8", name.toLatin1().constData());
+    if (converter == iconv_t(-1)) return false;
+    ::iconv_close(converter);
+    return true;
+}
+
+std::optional<QUrl> askForDestination(KVMediaFileType type) {
+    KVOpenPanel panel;
+    panel.message = KVLocalizationCenter::localized(
+        "Please, select a destination for converting %@s:", {KVMediaFileTypes::localizedName(type)});
+    const QList<QUrl> chosen = KVUserQuestion::runModalOnMainThread(panel);
+    return chosen.isEmpty() ? std::nullopt : std::optional(chosen.first());
+}
+
+} // namespace
+
+QList<KVCommandOption> KVConversionRequest::options() {
+    return {{"preset", "NAME", "the preset, by its exact name (\"kalvoractl presets\" lists them)"},
+            {"set", "KEY=VALUE", "change a setting of the preset for this run", true},
+            {"to", "FOLDER", "the destination; without it the preferences decide, at first the source's folder"},
+            {"subtitles", "FILE", "the subtitles of the first FILE"},
+            {"subtitles-encoding", "NAME", "their text encoding, such as windows-1251"},
+            {"audio-track", "N", "the audio track of the first FILE, by its trackNumber"}};
+}
+
+tl::expected<KVConversionRequest, QString> KVConversionRequest::make(const KVParsedWords &words) {
+    KVConversionRequest request;
+    if (const auto folder = words.value("to")) {
+        if (folder->isEmpty()) return tl::unexpected(QStringLiteral("--to needs a folder"));
+        request.destination = KVInputPath::url(*folder);
+    }
+    if (const auto file = words.value("subtitles")) {
+        if (file->isEmpty()) return tl::unexpected(QStringLiteral("--subtitles needs a file"));
+        request.subtitles = KVInputPath::url(*file);
+    }
+    request.subtitlesEncoding = words.value("subtitles-encoding").value_or(QString());
+    if (words.isSet("subtitles-encoding") && !isKnownEncoding(request.subtitlesEncoding))
+        return tl::unexpected(
+            QStringLiteral("there is no text encoding \"%1\"").arg(request.subtitlesEncoding));
+    if (const auto number = words.value("audio-track")) {
+        bool isNumber = false;
+        request.audioTrack = number->toLongLong(&isNumber);
+        if (!isNumber || *request.audioTrack < 0)
+            return tl::unexpected(QStringLiteral("\"%1\" is no track number").arg(*number));
+    }
+
+    const auto name = words.value("preset");
+    if (!name) return tl::unexpected(QStringLiteral("--preset NAME is missing"));
+    if (words.arguments().isEmpty()) return tl::unexpected(QStringLiteral("a FILE is missing"));
+    auto preset = KVPresetChoice::make(*name, words.values("set"));
+    if (!preset) return tl::unexpected(preset.error());
+    request.preset = std::move(*preset);
+    return request;
+}
+
+std::optional<QString> KVConversionRequest::prepareFirstFile(KVMediaFile &file) const {
+    if (!subtitles && subtitlesEncoding.isEmpty()) return std::nullopt;
+    auto *video = dynamic_cast<KVVideoFile *>(&file);
+    if (!video) return QStringLiteral("Only a video can have subtitles.");
+    if (subtitles) {
+        if (KVFileManager::isDirectory(*subtitles) || !KVFileManager::isReadable(*subtitles))
+            return QStringLiteral("The subtitles file %1 cannot be read.").arg(subtitles->toLocalFile());
+        video->subtitlesFileURL = subtitles;
+    }
+    if (!subtitlesEncoding.isEmpty()) video->subtitlesFileEncoding = subtitlesEncoding;
+    return std::nullopt;
+}
+
+bool KVConversionRequest::settleDestination() const {
+    using namespace KVPreferenceKeys;
+    auto &preferences = KVPreferences::shared();
+    auto folder = destination;
+    if (!folder) {
+        const bool isKnown = preferences.boolean(SaveToSourceFolder, true) ||
+                             KVAppScopeBookmarksManager::url(FixedDestinationBookmark);
+        if (isKnown) return true;
+        folder = askForDestination(preset->presetType());
+    }
+    const auto bookmark = folder ? KVBookmark::data(*folder) : std::nullopt;
+    if (!bookmark) return false;
+    preferences.setValueForThisRun(*bookmark, FixedDestinationBookmark);
+    preferences.setValueForThisRun(false, SaveToSourceFolder);
+    return true;
+}

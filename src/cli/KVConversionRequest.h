@@ -1,0 +1,35 @@
+#pragma once
+
+#include "cli/KVCommandOption.h"
+#include "presets/KVPreset.h"
+
+#include <QList>
+#include <QUrl>
+
+#include <tl/expected.hpp>
+
+#include <optional>
+
+class KVParsedWords;
+
+/// What "arguments" and "convert" are asked to do, read from their common options.
+struct KVConversionRequest {
+    std::shared_ptr<KVPreset> preset;
+    std::optional<QUrl> destination;
+    std::optional<QUrl> subtitles;
+    QString subtitlesEncoding; ///< Empty where none is given.
+    std::optional<qint64> audioTrack;
+
+    static QList<KVCommandOption> options();
+
+    /// What is wrong with the command line comes as one sentence. Paths become absolute here, before anything
+    /// else happens.
+    static tl::expected<KVConversionRequest, QString> make(const KVParsedWords &words);
+
+    /// Gives the first file its subtitles; answers why it cannot have them.
+    std::optional<QString> prepareFirstFile(KVMediaFile &file) const;
+
+    /// Makes the destination hold for this process. Asks the user where no preference tells one; false if that
+    /// gave none.
+    bool settleDestination() const;
+};
