@@ -43,8 +43,7 @@ QString KVCommand::help() const {
 }
 
 KVExitStatus KVCommand::usageError(const QString &message) const {
-    _console.say(
-        QStringLiteral("kalvoractl %1: %2; see \"kalvoractl %1 --help\"").arg(name(), message));
+    _console.say(QStringLiteral("kalvoractl %1: %2; see \"kalvoractl %1 --help\"").arg(name(), message));
     return KVExitStatus::usage;
 }
 

@@ -49,11 +49,10 @@ std::optional<KVExitStatus> KVCommandLine::answerAtOnce(const QList<QByteArray> 
         QStringList names;
         for (const auto &command : _commands)
             names.append(command->name());
-        return _usageError(QStringLiteral("unknown subcommand \"%1\"%2")
-                               .arg(name, KVNearestNames::hint(name, names)));
+        return _usageError(
+            QStringLiteral("unknown subcommand \"%1\"%2").arg(name, KVNearestNames::hint(name, names)));
     }
-    auto parsed =
-        KVParsedWords::parse(words.sliced(1), _command->options() + KVCommand::commonOptions());
+    auto parsed = KVParsedWords::parse(words.sliced(1), _command->options() + KVCommand::commonOptions());
     if (!parsed) return _command->usageError(parsed.error());
     _words = std::move(*parsed);
     return std::nullopt;
@@ -69,8 +68,8 @@ KVExitStatus KVCommandLine::run() {
 }
 
 KVCommand *KVCommandLine::_commandNamed(const QString &name) const {
-    const auto found = std::ranges::find_if(
-        _commands, [&](const auto &command) { return command->name() == name; });
+    const auto found =
+        std::ranges::find_if(_commands, [&](const auto &command) { return command->name() == name; });
     return found != _commands.end() ? found->get() : nullptr;
 }
 
@@ -79,11 +78,12 @@ QString KVCommandLine::_help() const {
                                   "Usage:\n  kalvoractl SUBCOMMAND [options] [arguments]\n\nSubcommands:\n");
     for (const auto &command : _commands)
         text += QStringLiteral("  %1  %2\n").arg(command->name().leftJustified(13), command->summary());
-    return text + QStringLiteral(
-                      "\n\"kalvoractl SUBCOMMAND --help\" tells the options of one.\n"
-                      "Results go to standard output, everything else to standard error.\n\n"
-                      "Exit status: 0 all was done; 1 something failed, the rest was done; 2 the command line\n"
-                      "is wrong; 130 or 143 ended by SIGINT or SIGTERM.");
+    return text +
+           QStringLiteral(
+               "\n\"kalvoractl SUBCOMMAND --help\" tells the options of one.\n"
+               "Results go to standard output, everything else to standard error.\n\n"
+               "Exit status: 0 all was done; 1 something failed, the rest was done; 2 the command line\n"
+               "is wrong; 130 or 143 ended by SIGINT or SIGTERM.");
 }
 
 KVExitStatus KVCommandLine::_usageError(const QString &message) const {

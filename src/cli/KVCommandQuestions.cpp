@@ -14,7 +14,8 @@ void KVCommandQuestions::plugIn(KVConsole &console, bool isAskingAllowed) {
     if (isAskingAllowed && ::isatty(STDIN_FILENO))
         responder = std::make_unique<KVTerminalQuestions>(stdin, stderr);
     else
-        responder = std::make_unique<KVSilentQuestions>([&console](const QString &line) { console.say(line); });
+        responder =
+            std::make_unique<KVSilentQuestions>([&console](const QString &line) { console.say(line); });
     KVUserQuestion::setResponder(std::make_shared<KVCommandQuestions>(console, std::move(responder)));
 }
 

@@ -6,8 +6,8 @@
 
 #include <mutex>
 
-/// The two streams of a command: results on standard output, everything else on standard error. Any thread may
-/// call it. A stream that nobody reads any more is dropped without a word.
+/// The two streams of a command: results on standard output, everything else on standard error. Any thread
+/// may call it. A stream that nobody reads any more is dropped without a word.
 class KVConsole {
   public:
     KVConsole();

@@ -15,6 +15,7 @@
 namespace {
 
 bool isKnownEncoding(const QString &name) {
+    if (name.isEmpty()) return false; // would mean the environment's own
     const iconv_t converter = ::iconv_open("UTF-8", name.toLatin1().constData());
     if (converter == iconv_t(-1)) return false;
     ::iconv_close(converter);
@@ -23,8 +24,8 @@ bool isKnownEncoding(const QString &name) {
 
 std::optional<QUrl> askForDestination(KVMediaFileType type) {
     KVOpenPanel panel;
-    panel.message = KVLocalizationCenter::localized(
-        "Please, select a destination for converting %@s:", {KVMediaFileTypes::localizedName(type)});
+    panel.message = KVLocalizationCenter::localized("Please, select a destination for converting %@s:",
+                                                    {KVMediaFileTypes::localizedName(type)});
     const QList<QUrl> chosen = KVUserQuestion::runModalOnMainThread(panel);
     return chosen.isEmpty() ? std::nullopt : std::optional(chosen.first());
 }
@@ -32,12 +33,13 @@ std::optional<QUrl> askForDestination(KVMediaFileType type) {
 } // namespace
 
 QList<KVCommandOption> KVConversionRequest::options() {
-    return {{"preset", "NAME", "the preset, by its exact name (\"kalvoractl presets\" lists them)"},
-            {"set", "KEY=VALUE", "change a setting of the preset for this run", true},
-            {"to", "FOLDER", "the destination; without it the preferences decide, at first the source's folder"},
-            {"subtitles", "FILE", "the subtitles of the first FILE"},
-            {"subtitles-encoding", "NAME", "their text encoding, such as windows-1251"},
-            {"audio-track", "N", "the audio track of the first FILE, by its trackNumber"}};
+    return {
+        {"preset", "NAME", "the preset, by its exact name (\"kalvoractl presets\" lists them)"},
+        {"set", "KEY=VALUE", "change a setting of the preset for this run", true},
+        {"to", "FOLDER", "the destination; without it the preferences decide, at first the source's folder"},
+        {"subtitles", "FILE", "the subtitles of the first FILE"},
+        {"subtitles-encoding", "NAME", "their text encoding, such as windows-1251"},
+        {"audio-track", "N", "the audio track of the first FILE, by its trackNumber"}};
 }
 
 tl::expected<KVConversionRequest, QString> KVConversionRequest::make(const KVParsedWords &words) {

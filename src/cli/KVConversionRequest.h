@@ -29,7 +29,7 @@ struct KVConversionRequest {
     /// Gives the first file its subtitles; answers why it cannot have them.
     std::optional<QString> prepareFirstFile(KVMediaFile &file) const;
 
-    /// Makes the destination hold for this process. Asks the user where no preference tells one; false if that
-    /// gave none.
+    /// Makes the destination hold for this process. Asks the user where no preference tells one; false if
+    /// that gave none.
     bool settleDestination() const;
 };

@@ -43,8 +43,8 @@ QStringList KVNearestNames::of(const QString &name, const QStringList &names, in
         if (const qsizetype far = distance(name, candidate); far != tooFar) found.append({far, candidate});
     std::ranges::stable_sort(found, {}, &std::pair<qsizetype, QString>::first);
     QStringList nearest;
-    for (const auto &[far, candidate] : std::as_const(found).first(
-             std::min<qsizetype>(found.size(), maximumCount)))
+    for (const auto &[far, candidate] :
+         std::as_const(found).first(std::min<qsizetype>(found.size(), maximumCount)))
         nearest.append(candidate);
     return nearest;
 }

@@ -113,8 +113,10 @@ QString plainText(const QVariant &value) {
 } // namespace
 
 QString KVPreferencesCommand::details() const {
-    return "VALUE is read as true or false, a whole number, a real number, else as text. A VALUE or KEY that\n"
-           "begins with \"-\" stands behind \"--\". \"get\" of a key without a value gives exit status 1. A window\n"
+    return "VALUE is read as true or false, a whole number, a real number, else as text. A VALUE or KEY "
+           "that\n"
+           "begins with \"-\" stands behind \"--\". \"get\" of a key without a value gives exit status 1. A "
+           "window\n"
            "that runs sees a change at once. The store is\n" +
            KVPreferences::shared().filePath();
 }
@@ -123,8 +125,7 @@ KVExitStatus KVPreferencesCommand::run(const KVParsedWords &words) {
     const bool isJSON = words.isSet("json");
     QStringList rest;
     for (const KVCommandArgument &argument : words.arguments()) {
-        if (!argument.isReadable)
-            return usageError(QStringLiteral("%1 is not UTF-8").arg(argument.text));
+        if (!argument.isReadable) return usageError(QStringLiteral("%1 is not UTF-8").arg(argument.text));
         rest.append(argument.text);
     }
     if (rest.isEmpty()) return _list(isJSON);
@@ -136,8 +137,9 @@ KVExitStatus KVPreferencesCommand::run(const KVParsedWords &words) {
             QStringLiteral("\"%1\" is none of get, set and remove").arg(KVPrintableText::ofText(action)));
     const qsizetype wanted = action == QLatin1String("set") ? 2 : 1;
     if (rest.size() != wanted)
-        return usageError(QStringLiteral("%1 takes %2").arg(
-            action, wanted == 2 ? QStringLiteral("a KEY and a VALUE") : QStringLiteral("one KEY")));
+        return usageError(
+            QStringLiteral("%1 takes %2")
+                .arg(action, wanted == 2 ? QStringLiteral("a KEY and a VALUE") : QStringLiteral("one KEY")));
     if (rest.first().isEmpty()) return usageError(QStringLiteral("the KEY is empty"));
     if (isJSON && action != QLatin1String("get"))
         return usageError(QStringLiteral("%1 prints nothing, so --json is out of place").arg(action));
@@ -155,7 +157,8 @@ KVExitStatus KVPreferencesCommand::_list(bool isJSON) const {
         if (isJSON)
             all.insert(key, json(value));
         else
-            _console.writeResult(QStringLiteral("%1 = %2").arg(KVPrintableText::ofText(key), plainText(value)));
+            _console.writeResult(
+                QStringLiteral("%1 = %2").arg(KVPrintableText::ofText(key), plainText(value)));
     }
     if (isJSON) writeJSON(all);
     return KVExitStatus::success;
@@ -175,7 +178,8 @@ KVExitStatus KVPreferencesCommand::_get(const QString &key, bool isJSON) const {
 KVExitStatus KVPreferencesCommand::_set(const QString &key, const QString &text) const {
     QVariant value = KVValueText::parse(text);
     // A folder is meant as seen from here, whoever reads it later.
-    if (key == KVPreferenceKeys::FixedDestinationBookmark.text && !text.startsWith(QLatin1String("file:")))
+    if (key == KVPreferenceKeys::FixedDestinationBookmark.text && !text.startsWith(QLatin1String("file:")) &&
+        !text.startsWith(u'~'))
         value = KVInputPath::absolute(text);
     if (const QString note = doubt(key, value); !note.isEmpty()) _console.say(note);
     return _store(key, value);

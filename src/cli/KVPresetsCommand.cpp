@@ -61,8 +61,8 @@ KVExitStatus KVPresetsCommand::run(const KVParsedWords &words) {
     const auto typeName = words.value("type");
     const auto type = typeName ? KVMediaFileTypes::fromCaseName(*typeName) : std::nullopt;
     if (typeName && type.value_or(KVMediaFileType::none) == KVMediaFileType::none)
-        return usageError(QStringLiteral("\"%1\" is no type; there are audio, video, picture and dvd")
-                              .arg(*typeName));
+        return usageError(
+            QStringLiteral("\"%1\" is no type; there are audio, video, picture and dvd").arg(*typeName));
 
     PresetList presets;
     std::ranges::copy_if(KVPreset::allPresets(), std::back_inserter(presets),

@@ -1,6 +1,5 @@
 #include "cli/KVPrintableText.h"
 
-
 #include <algorithm>
 
 #include <wchar.h>

@@ -61,8 +61,7 @@ class Prober {
         const qsizetype count = std::min<qsizetype>(KVProcessInfo::activeProcessorCount(), _urls.size());
         for (qsizetype i = 0; i < count; ++i)
             workers.emplace_back([this] { _work(); });
-        KVMainThread::runUntil([this] { return _isDone(); },
-                               std::numeric_limits<double>::infinity());
+        KVMainThread::runUntil([this] { return _isDone(); }, std::numeric_limits<double>::infinity());
         _next = _urls.size();
         // A worker that still looks at a file may have a question for this thread.
         KVMainThread::runUntil([&] { return _numberOfWorkersAtEnd == count; },
@@ -109,8 +108,10 @@ class Prober {
 } // namespace
 
 QString KVProbeCommand::details() const {
-    return "A DVD is given by its VIDEO_TS folder or by the folder around it. A file that cannot be converted\n"
-           "is told on standard error (with --json, as an \"error\" in its place) and makes the exit status 1.";
+    return "A DVD is given by its VIDEO_TS folder or by the folder around it. A file that cannot be "
+           "converted\n"
+           "is told on standard error (with --json, as an \"error\" in its place) and makes the exit status "
+           "1.";
 }
 
 KVExitStatus KVProbeCommand::run(const KVParsedWords &words) {

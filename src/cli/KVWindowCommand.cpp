@@ -7,8 +7,7 @@ std::vector<std::unique_ptr<KVCommand>> KVWindowCommand::all(KVConsole &console)
     std::vector<std::unique_ptr<KVCommand>> commands;
     const auto add = [&](const char *name, const QString &usage, const char *summary, Arguments arguments,
                          bool hasQueue) {
-        commands.emplace_back(
-            new KVWindowCommand(console, name, usage, summary, arguments, hasQueue));
+        commands.emplace_back(new KVWindowCommand(console, name, usage, summary, arguments, hasQueue));
     };
     add("start", queues, "Starts queues of the running window", Arguments::none, true);
     add("pause", queues, "Pauses queues of the running window", Arguments::none, true);

@@ -1,0 +1,64 @@
+#include "cli/KVConvertCommand.h"
+
+#include "cli/KVConversionRequest.h"
+#include "cli/KVConvertRun.h"
+#include "cli/KVSignalWatcher.h"
+#include "tasks/KVHardwareAcceleration.h"
+#include "util/KVPreferenceKeys.h"
+#include "util/KVTempDirectory.h"
+
+QString KVConvertCommand::details() const {
+    return "Each file is a conversion of its own. Of a folder all members count; those that are no media by\n"
+           "their extension are passed over. A file that is refused is told on standard error and makes the\n"
+           "exit status 1.\n\n"
+           "--json prints, at the end, an array with one object for each conversion in queue order: "
+           "\"input\",\n"
+           "\"output\", \"preset\", \"successful\", \"terminationStatus\", \"seconds\" (the time that it "
+           "took) and\n"
+           "\"error\". Behind them stands one for each refused file, with null for what there is not.";
+}
+
+QList<KVCommandOption> KVConvertCommand::options() const {
+    return KVConversionRequest::options() +
+           QList<KVCommandOption>{{"stitch", {}, "merge all files of one media type into one output"},
+                                  {"recursive", {}, "descend into subfolders"},
+                                  jsonOption};
+}
+
+KVExitStatus KVConvertCommand::run(const KVParsedWords &words) {
+    const auto request = KVConversionRequest::make(words);
+    if (!request) return usageError(request.error());
+    const KVPreset &preset = *request->preset;
+    // Only the first of the files would be converted, and the others lost without a word.
+    if (words.isSet("stitch") && !preset.supportsStitching() && preset.presetType() != KVMediaFileType::dvd)
+        return usageError(QStringLiteral("the preset \"%1\" cannot stitch files").arg(preset.name));
+    plugInQuestions(words);
+    return _convert(*request, words);
+}
+
+KVExitStatus KVConvertCommand::_convert(const KVConversionRequest &request, const KVParsedWords &words) {
+    std::shared_ptr<KVConvertRun> run;
+    const KVSignalWatcher signals([&] { run->cancel(); }, [&] { run->removePartialOutputs(); });
+    run = std::make_shared<KVConvertRun>(_console, request, words.isSet("stitch"));
+
+    bool isAnyUnreadable = false;
+    const QList<QUrl> inputs = urlsOfArguments(words, isAnyUnreadable);
+    if (words.isSet("recursive"))
+        KVPreferences::shared().setValueForThisRun(true, KVPreferenceKeys::RecursivelyProcessAllFolders);
+    KVTempDirectoryURL();
+    KVCleanTempDirectory();
+    // The encoder depends on what this machine can do.
+    if (request.preset->presetType() == KVMediaFileType::video)
+        KVHardwareAcceleration::shared().waitForResult();
+    const bool hasDestination = request.settleDestination();
+    if (hasDestination)
+        run->run(inputs);
+    else
+        sayFailure(QStringLiteral("there is no destination folder"));
+    KVCleanTempDirectory();
+
+    if (words.isSet("json")) writeJSON(run->report());
+    if (const auto signal = signals.signal()) return static_cast<KVExitStatus>(128 + *signal);
+    const bool isEverythingDone = hasDestination && !isAnyUnreadable && run->isEverythingDone();
+    return isEverythingDone ? KVExitStatus::success : KVExitStatus::failure;
+}

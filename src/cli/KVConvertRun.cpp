@@ -1,0 +1,240 @@
+#include "cli/KVConvertRun.h"
+
+#include "cli/KVFailureText.h"
+#include "cli/KVPresetChoice.h"
+#include "cli/KVRequestIntake.h"
+#include "kvcore/KVMainThread.h"
+#include "kvcore/KVTime.h"
+#include "platform/KVFileManager.h"
+
+#include <QJsonObject>
+
+#include <algorithm>
+#include <limits>
+
+#include <unistd.h>
+
+namespace {
+
+/// Quitting takes two seconds; this leaves some for what comes after the workers.
+constexpr double secondsForCancelling = 1.6;
+
+QString namesOf(const KVConversion &conversion) {
+    QStringList names;
+    for (const auto &file : conversion.mediaFiles())
+        names.append(file->url().toLocalFile());
+    return names.join(QLatin1String(" + "));
+}
+
+template <class T>
+QJsonValue valueOrNull(const std::optional<T> &value) {
+    return value ? QJsonValue(*value) : QJsonValue();
+}
+
+} // namespace
+
+KVConvertRun::KVConvertRun(KVConsole &console, const KVConversionRequest &request, bool isStitching)
+    : _console(console)
+    , _request(request)
+    , _isStitching(isStitching)
+    , _display(std::make_shared<KVProgressDisplay>(console)) {}
+
+void KVConvertRun::run(const QList<QUrl> &inputs) {
+    KVErrorCenter::shared().setErrorObserver([weak = weak_from_this()](const KVConversionError &error) {
+        const auto self = weak.lock();
+        if (!self || error.mediaFiles.isEmpty()) return;
+        const std::scoped_lock lock(self->_mutex);
+        self->_errors.emplace(error.mediaFiles.first().get(), error);
+    });
+    KVConversionQueue::addDelegateToAllQueues(shared_from_this());
+    for (const KVMediaFileType type : KVMediaFileTypes::allTypes)
+        if (KVPresetChoice::canConvert(*_request.preset, type))
+            KVConversionQueue::queue(type)->setSelectedPreset(_request.preset);
+
+    const auto observer = std::make_shared<KVRequestIntake>(
+        _request, inputs.value(0), [this](const Conversion &conversion) { _didQueue(conversion); },
+        [this](const KVIntakeRefusal &refusal) { _didRefuse(refusal); });
+    _intake.setObserver(observer);
+    _intake.addFilesInBackground(inputs);
+    KVMainThread::runUntil(
+        [this] {
+            _advance();
+            return _isDone();
+        },
+        std::numeric_limits<double>::infinity());
+    _display->end();
+}
+
+void KVConvertRun::cancel() {
+    _isCancelled = true;
+    _intake.cancelLoading();
+    KVConversionQueue::cancelAllAndWait(secondsForCancelling);
+    _runningQueues.clear();
+}
+
+void KVConvertRun::removePartialOutputs() {
+    const std::scoped_lock lock(_mutex);
+    for (const auto &conversion : _runningConversions)
+        if (const auto output = conversion->outputURL(); output && !conversion->conversionWasSuccessful)
+            (void)KVFileManager::removeItem(*output);
+}
+
+bool KVConvertRun::isEverythingDone() const {
+    return !_rows.empty() && _refusals.empty() && std::ranges::all_of(_rows, &Row::isSuccessful);
+}
+
+void KVConvertRun::_didQueue(const Conversion &conversion) {
+    _rowNumbers.emplace(conversion.get(), _rows.size());
+    _rows.push_back({.conversion = conversion});
+    _hasNews = true;
+    _updateCounts();
+}
+
+void KVConvertRun::_didRefuse(const KVIntakeRefusal &refusal) {
+    const bool isFailure = KVRequestIntake::isFailure(refusal);
+    const QString said = QStringLiteral("%1: %2").arg(refusal.path, refusal.reason);
+    _console.say(isFailure ? "kalvoractl: " + said : "passed over " + said);
+    if (isFailure) _refusals.push_back(refusal);
+}
+
+/// Starts what can be started. A queue that has run dry is started again when it gets something to do.
+void KVConvertRun::_advance() {
+    if (_isCancelled || (_isStitching && _intake.isLoading())) return;
+    if (_isStitching && !std::exchange(_isStitched, true)) _stitch();
+    if (!std::exchange(_hasNews, false)) return;
+    for (const auto &queue : KVConversionQueue::allQueues()) {
+        if (_runningQueues.contains(queue) || queue->numberOfFilesWaitingToBeConverted() == 0) continue;
+        _runningQueues.insert(queue);
+        queue->start();
+    }
+}
+
+void KVConvertRun::_stitch() {
+    _intake.mergeAll();
+    _rows.clear();
+    _rowNumbers.clear();
+    for (const auto &queue : KVConversionQueue::allQueues())
+        for (const auto &conversion : queue->conversions())
+            _didQueue(conversion);
+    _hasNews = true;
+}
+
+bool KVConvertRun::_isDone() const {
+    return !_intake.isLoading() && _runningQueues.empty() && !_hasNews;
+}
+
+KVConvertRun::Row *KVConvertRun::_rowOf(const Conversion &conversion) {
+    const auto number = _rowNumbers.find(conversion.get());
+    return number != _rowNumbers.end() ? &_rows[number->second] : nullptr;
+}
+
+void KVConvertRun::conversionQueueConversionDidUpdateStatus(const Queue &, const Conversion &) {
+    _display->update();
+}
+
+void KVConvertRun::conversionQueueWillStartConversion(const Queue &, const Conversion &conversion) {
+    Row *row = _rowOf(conversion);
+    if (!row) return;
+    row->start = Clock::now();
+    {
+        const std::scoped_lock lock(_mutex);
+        _runningConversions.insert(conversion);
+    }
+    _display->add(conversion);
+    if (!_console.canPaint()) _console.say(namesOf(*conversion) + ": started");
+}
+
+void KVConvertRun::conversionQueueDidFailConversion(const Queue &, const Conversion &conversion) {
+    _didEnd(conversion, false);
+}
+
+void KVConvertRun::conversionQueueDidSuccessfullyFinishConversion(const Queue &,
+                                                                  const Conversion &conversion) {
+    _didEnd(conversion, true);
+}
+
+void KVConvertRun::conversionQueueDidFinishAllConversions(const Queue &queue) {
+    _runningQueues.erase(queue);
+    _hasNews = true;
+}
+
+void KVConvertRun::_didEnd(const Conversion &conversion, bool isSuccessful) {
+    Row *row = _rowOf(conversion);
+    if (!row) return;
+    {
+        const std::scoped_lock lock(_mutex);
+        _runningConversions.erase(conversion);
+    }
+    _display->remove(conversion);
+    if (row->start) row->seconds = std::chrono::duration<double>(Clock::now() - *row->start).count();
+    // A conversion that is cancelled between two tasks counts as successful, but it has made nothing.
+    row->isSuccessful = isSuccessful && !conversion->isCancelled();
+    row->error = _takeError(conversion);
+    ++_numberOfEnded;
+    _updateCounts();
+    _sayEnd(*row);
+}
+
+std::optional<KVConversionError> KVConvertRun::_takeError(const Conversion &conversion) {
+    const std::scoped_lock lock(_mutex);
+    for (const auto &file : conversion->mediaFiles())
+        if (const auto error = _errors.extract(file.get())) return error.mapped();
+    return std::nullopt;
+}
+
+void KVConvertRun::_sayEnd(const Row &row) const {
+    const QString names = namesOf(*row.conversion);
+    if (!row.isSuccessful)
+        return _console.say(QStringLiteral("kalvoractl: %1: %2").arg(names, _failureText(row)));
+    const auto output = row.conversion->outputURL();
+    _console.say(QStringLiteral("%1: done, %2 (%3 s)")
+                     .arg(names, output ? output->toLocalFile() : QString())
+                     .arg(row.seconds.value_or(0), 0, 'f', 1));
+}
+
+QString KVConvertRun::_failureText(const Row &row) const {
+    if (row.error) return KVFailureText(*row.error);
+    return _isCancelled || row.conversion->isCancelled() ? QStringLiteral("Cancelled.")
+                                                         : QStringLiteral("The conversion failed.");
+}
+
+void KVConvertRun::_updateCounts() {
+    _display->setCounts(_numberOfEnded, static_cast<qsizetype>(_rows.size()), _intake.isLoading());
+}
+
+QJsonArray KVConvertRun::report() const {
+    std::vector<const Row *> rows;
+    for (const Row &row : _rows)
+        rows.push_back(&row);
+    std::ranges::stable_sort(
+        rows, {}, [](const Row *row) { return row->conversion->mediaFiles().first()->mediaFileType(); });
+    QJsonArray report;
+    for (const Row *row : rows)
+        report.append(_object(*row));
+    for (const KVIntakeRefusal &refusal : _refusals)
+        report.append(QJsonObject{{"input", QJsonArray{refusal.path}},
+                                  {"output", QJsonValue()},
+                                  {"preset", _request.preset->name},
+                                  {"successful", false},
+                                  {"terminationStatus", QJsonValue()},
+                                  {"seconds", QJsonValue()},
+                                  {"error", refusal.reason}});
+    return report;
+}
+
+QJsonObject KVConvertRun::_object(const Row &row) const {
+    QJsonArray inputs;
+    for (const auto &file : row.conversion->mediaFiles())
+        inputs.append(file->url().toLocalFile());
+    const auto output = row.isSuccessful ? row.conversion->outputURL() : std::nullopt;
+    QJsonValue status;
+    if (row.isSuccessful) status = 0;
+    if (row.error) status = row.error->terminationStatus;
+    return {{"input", inputs},
+            {"output", output ? QJsonValue(output->toLocalFile()) : QJsonValue()},
+            {"preset", row.conversion->presetInForce()->name},
+            {"successful", row.isSuccessful},
+            {"terminationStatus", status},
+            {"seconds", valueOrNull(row.seconds)},
+            {"error", row.isSuccessful ? QJsonValue() : QJsonValue(_failureText(row))}};
+}

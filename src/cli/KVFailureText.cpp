@@ -1,0 +1,55 @@
+#include "cli/KVFailureText.h"
+
+#include "core/KVErrorCenter.h"
+#include "kvcore/KVBookmark.h"
+#include "kvcore/KVRegex.h"
+#include "platform/KVFileManager.h"
+#include "util/KVPreferenceKeys.h"
+
+namespace {
+
+/// What a tool prints at its end whatever happened, and how it shows its progress.
+const KVRegex &emptyPhrase() {
+    static const KVRegex expression(QStringLiteral(
+        R"(^(Conversion failed!|Exiting normally.*|(frame|size)=.*|video:.*audio:.*|Error while \w+ .*stream.*|\[q\] command.*|Press \[q\].*)$)"));
+    return expression;
+}
+
+/// The last line that tells something, without the name of the part of the tool that says it.
+QString lastTellingLine(QString output) {
+    const QStringList lines = output.replace(u'\r', u'\n').split(u'\n', Qt::SkipEmptyParts);
+    for (auto line = lines.rbegin(); line != lines.rend(); ++line) {
+        QString text = line->trimmed();
+        if (text.startsWith(u'[') && text.contains(QLatin1String("] ")))
+            text = text.section(QStringLiteral("] "), 1).trimmed();
+        if (!text.isEmpty() && !emptyPhrase().matches(text)) return text;
+    }
+    return {};
+}
+
+/// The cause that stands behind a task that could not be made: the place of the output, if that is to blame.
+QString textWithoutTask(const KVConversionError &error) {
+    const QUrl source = KVFileManager::deletingLastPathComponent(error.mediaFiles.first()->url());
+    const QUrl folder =
+        KVAppScopeBookmarksManager::url(KVPreferenceKeys::FixedDestinationBookmark).value_or(source);
+    if (KVFileManager::isWritable(folder)) return error.taskOutput;
+    return QStringLiteral("The destination folder %1 is missing or cannot be written to.")
+        .arg(folder.toLocalFile());
+}
+
+} // namespace
+
+QString KVFailureText(const KVConversionError &error) {
+    if (error.taskArguments.isEmpty() && !error.mediaFiles.isEmpty() && error.terminationStatus == -1)
+        return textWithoutTask(error);
+    if (error.taskOutput.contains(QLatin1String("No space left on device")))
+        return QStringLiteral("There is no more space left on the disk.");
+    const QString line = lastTellingLine(error.taskOutput);
+    // A shell's way to tell of a signal.
+    constexpr int signalOffset = 128;
+    constexpr int greatestSignal = 64;
+    const int signal = error.terminationStatus - signalOffset;
+    if (signal > 0 && signal <= greatestSignal)
+        return QStringLiteral("The tool was ended by signal %1.").arg(signal);
+    return line.isEmpty() ? QStringLiteral("The conversion failed.") : line;
+}

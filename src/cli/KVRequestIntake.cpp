@@ -1,0 +1,43 @@
+#include "cli/KVRequestIntake.h"
+
+#include "cli/KVPresetChoice.h"
+#include "kvcore/KVMainThread.h"
+#include "video_info/media_file/KVAudioFile.h"
+
+KVRequestIntake::KVRequestIntake(const KVConversionRequest &request, const QUrl &firstInput,
+                                 QueuedHandler didQueue, RefusedHandler didRefuse)
+    : _request(request)
+    , _firstInput(firstInput)
+    , _didQueue(std::move(didQueue))
+    , _didRefuse(std::move(didRefuse)) {}
+
+bool KVRequestIntake::isFailure(const KVIntakeRefusal &refusal) {
+    using Kind = KVIntakeRefusal::Kind;
+    if (refusal.kind == Kind::alreadyQueued) return false;
+    return refusal.kind != Kind::filtered || !refusal.isFolderMember;
+}
+
+std::optional<qint64> KVRequestIntake::intakeChosenAudioTrack(const KVAudioFile &file) {
+    return _isFirst(file) ? _request.audioTrack : std::nullopt;
+}
+
+std::optional<QString> KVRequestIntake::intakeWillQueue(const std::shared_ptr<KVMediaFile> &file) {
+    if (!KVPresetChoice::canConvert(*_request.preset, file->mediaFileType()))
+        return QStringLiteral("The preset \"%1\" does not convert files of the type %2.")
+            .arg(_request.preset->name, KVMediaFileTypes::caseName(file->mediaFileType()));
+    if (!_isFirst(*file)) return std::nullopt;
+    _hasPreparedFirst = true;
+    return _request.prepareFirstFile(*file);
+}
+
+void KVRequestIntake::intakeDidQueue(const std::shared_ptr<KVConversion> &conversion) {
+    _didQueue(conversion);
+}
+
+void KVRequestIntake::intakeDidRefuse(const KVIntakeRefusal &refusal) {
+    KVMainThread::async([handle = _didRefuse, refusal] { handle(refusal); });
+}
+
+bool KVRequestIntake::_isFirst(const KVMediaFile &file) const {
+    return !_hasPreparedFirst && (file.url() == _firstInput || _firstInput.isParentOf(file.url()));
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "cli/KVConversionRequest.h"
+#include "controllers/KVIntakeObserver.h"
+
+#include <functional>
+
+/// Watches the intake for a command: lets in what the preset can convert, prepares the first file and passes
+/// on what was queued and what was refused, on the main thread.
+class KVRequestIntake : public KVIntakeObserver {
+  public:
+    using QueuedHandler = std::function<void(const std::shared_ptr<KVConversion> &)>;
+    using RefusedHandler = std::function<void(const KVIntakeRefusal &)>;
+
+    /// `firstInput` is a file or a folder of which the first file counts.
+    KVRequestIntake(const KVConversionRequest &request, const QUrl &firstInput, QueuedHandler didQueue,
+                    RefusedHandler didRefuse);
+
+    /// False for what is no failure: a file that is named twice, and a member of a folder that is no medium.
+    static bool isFailure(const KVIntakeRefusal &refusal);
+
+    std::optional<qint64> intakeChosenAudioTrack(const KVAudioFile &file) override;
+    std::optional<QString> intakeWillQueue(const std::shared_ptr<KVMediaFile> &file) override;
+    void intakeDidQueue(const std::shared_ptr<KVConversion> &conversion) override;
+    void intakeDidRefuse(const KVIntakeRefusal &refusal) override;
+
+  private:
+    bool _isFirst(const KVMediaFile &file) const;
+
+    const KVConversionRequest &_request;
+    const QUrl _firstInput;
+    const QueuedHandler _didQueue;
+    const RefusedHandler _didRefuse;
+    bool _hasPreparedFirst = false; ///< The loading thread's own.
+};
