@@ -85,7 +85,7 @@ bool KVConvertRun::isEverythingDone() const {
 
 void KVConvertRun::_didQueue(const Conversion &conversion) {
     _rowNumbers.emplace(conversion.get(), _rows.size());
-    _rows.push_back({.conversion = conversion});
+    _rows.emplace_back().conversion = conversion;
     _hasNews = true;
     _updateCounts();
 }

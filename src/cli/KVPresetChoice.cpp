@@ -37,8 +37,8 @@ bool hasKey(const KVPreset &preset, const QString &key) {
            changed(preset, key, qint64{1})->dictionaryRepresentation().contains(key);
 }
 
-tl::expected<std::shared_ptr<KVPreset>, QString> apply(const QString &change,
-                                                       const std::shared_ptr<KVPreset> &preset) {
+tl::expected<std::shared_ptr<KVPreset>, QString> withChange(const QString &change,
+                                                            const std::shared_ptr<KVPreset> &preset) {
     const qsizetype equals = change.indexOf(u'=');
     const QString key = change.left(equals);
     if (equals < 1) return tl::unexpected(QStringLiteral("--set needs KEY=VALUE, not \"%1\"").arg(change));
@@ -72,7 +72,7 @@ tl::expected<std::shared_ptr<KVPreset>, QString> KVPresetChoice::make(const QStr
             QStringLiteral("there is no preset \"%1\"%2").arg(name, KVNearestNames::hint(name, names)));
     }
     for (const QString &change : changes) {
-        const auto next = apply(change, preset);
+        const auto next = withChange(change, preset);
         if (!next) return tl::unexpected(next.error());
         preset = *next;
     }

@@ -1,5 +1,7 @@
 #include "cli/KVPrintableText.h"
 
+#include <QList>
+
 #include <algorithm>
 
 #include <wchar.h>
