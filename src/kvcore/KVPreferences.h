@@ -43,8 +43,8 @@ class KVPreferences {
     /// An invalid variant removes the key.
     void setValue(const QVariant &value, const Key &key);
 
-    /// Stands before the stored value as long as this process lives, and is never written: what a command line
-    /// says for one run.
+    /// Stands before the stored value as long as this process lives, and is never written: what a command
+    /// line says for one run.
     void setValueForThisRun(const QVariant &value, const Key &key);
 
     /// Runs `changes` and writes all that it set at once, in one write. A set outside of this is a write of
