@@ -36,7 +36,7 @@ class ScalablePreset : public KVFLACPreset, public KVSizeRestrictedPreset, publi
 
 } // namespace
 
-class KVSettingsTest : public KVPresetTestCase {
+class KVPresetSettingsTest : public KVPresetTestCase {
   protected:
     static QStringList names(const KVOptionList &options) {
         QStringList names;
@@ -52,7 +52,7 @@ class KVSettingsTest : public KVPresetTestCase {
     }
 };
 
-TEST_F(KVSettingsTest, RevealsTheNumbersWithCustomQuality) {
+TEST_F(KVPresetSettingsTest, RevealsTheNumbersWithCustomQuality) {
     const auto mp3 = KVPreset::make<KVMP3Preset>();
     const auto settings = mp3->settings();
     int changes = 0;
@@ -83,7 +83,7 @@ TEST_F(KVSettingsTest, RevealsTheNumbersWithCustomQuality) {
     EXPECT_EQ(option(*settings, "Bitrate:"), bitrate) << "the same row comes back";
 }
 
-TEST_F(KVSettingsTest, KeepsThePresetAndLetsAnOptionOutliveItsPane) {
+TEST_F(KVPresetSettingsTest, KeepsThePresetAndLetsAnOptionOutliveItsPane) {
     std::weak_ptr<KVPreset> preset;
     std::shared_ptr<KVOptionRoot> quality;
     {
@@ -100,7 +100,7 @@ TEST_F(KVSettingsTest, KeepsThePresetAndLetsAnOptionOutliveItsPane) {
     EXPECT_TRUE(preset.expired());
 }
 
-TEST_F(KVSettingsTest, ShowsTheOptionsOfTheLosslessPresets) {
+TEST_F(KVPresetSettingsTest, ShowsTheOptionsOfTheLosslessPresets) {
     EXPECT_EQ(names(KVPreset::make<KVFLACPreset>()->settings()->visibleOptions()),
               (QStringList{"Channels:"}));
     const auto wav = KVPreset::make<KVWAVPreset>();
@@ -130,7 +130,7 @@ TEST_F(KVSettingsTest, ShowsTheOptionsOfTheLosslessPresets) {
     EXPECT_EQ(option(*lossless, "Sample Bits")->allowedValueNames(), (QStringList{"16-bit", "32-bit"}));
 }
 
-TEST_F(KVSettingsTest, LeavesAValueThatIsNotOnOffer) {
+TEST_F(KVPresetSettingsTest, LeavesAValueThatIsNotOnOffer) {
     const auto wav = KVPreset::make<KVWAVPreset>();
     wav->sampleBits = 12;
     const auto settings = wav->settings();
@@ -139,7 +139,7 @@ TEST_F(KVSettingsTest, LeavesAValueThatIsNotOnOffer) {
     EXPECT_EQ(wav->sampleBits, 12);
 }
 
-TEST_F(KVSettingsTest, ClampsANumber) {
+TEST_F(KVPresetSettingsTest, ClampsANumber) {
     const auto mp3 = KVPreset::make<KVMP3Preset>();
     mp3->audioTrackQuality = KVTrackQualitySetting::custom;
     mp3->audioBitrate = 7;
@@ -154,7 +154,7 @@ TEST_F(KVSettingsTest, ClampsANumber) {
     }
 }
 
-TEST_F(KVSettingsTest, ShowsSizesWhileTheyAreOn) {
+TEST_F(KVPresetSettingsTest, ShowsSizesWhileTheyAreOn) {
     const auto preset = KVPreset::make<ScalablePreset>();
     preset->width = 640;
     const auto size = std::make_shared<KVSizeOption<ScalablePreset>>("Constrain size", preset);
