@@ -18,6 +18,7 @@ struct KVConversionError {
     QStringList taskArguments; ///< Empty where no child ran.
     QString taskOutput;        ///< All that the child said, or a short text of our own.
     int terminationStatus = 0; ///< The child's; 1 and -1 for failures of our own.
+    QString reason{};          ///< What a person should know where no child said it; no part of the report.
 
     /// The report of this failure, several lines.
     QString description() const;

@@ -1,6 +1,7 @@
 #include "conversion/conversions/KVConversion.h"
 
 #include "conversion/conversions/KVAudioConversion.h"
+#include "conversion/conversions/KVPictureConversion.h"
 #include "conversion/conversions/KVVideoConversion.h"
 #include "kvcore/KVFatalError.h"
 #include "kvcore/KVLocalizationCenter.h"
@@ -17,6 +18,7 @@ KVConversion::conversionWithMediaFile(const std::shared_ptr<KVMediaFile> &file) 
     case KVMediaFileType::video:
         return std::make_shared<KVVideoConversion>(files);
     case KVMediaFileType::picture:
+        return std::make_shared<KVPictureConversion>(files);
     case KVMediaFileType::dvd:
     case KVMediaFileType::none:
         break;

@@ -1,0 +1,56 @@
+#include "conversion/conversions/KVPictureConversion.h"
+
+#include "core/KVErrorCenter.h"
+#include "core/KVHistoryCenter.h"
+#include "kvcore/KVFatalError.h"
+#include "kvcore/KVMainThread.h"
+#include "platform/KVFileManager.h"
+#include "presets/picture/KVPicturePreset.h"
+#include "util/KVPreferenceKeys.h"
+#include "video_info/media_file/KVPictureFile.h"
+
+namespace {
+
+template <class Wanted, class Given>
+std::shared_ptr<Wanted> required(const std::shared_ptr<Given> &object, const char *message) {
+    auto wanted = std::dynamic_pointer_cast<Wanted>(object);
+    if (!wanted) KVFatalError(message);
+    return wanted;
+}
+
+} // namespace
+
+bool KVPictureConversion::performTaskNumber(int) {
+    const auto files = mediaFiles();
+    const auto file = required<KVPictureFile>(files.isEmpty() ? nullptr : files.last(),
+                                              "A picture conversion needs a picture file!");
+    const auto preset = presetInForce();
+    const auto folder = _destinationFolder(*file);
+    if (!folder) {
+        _recordError(preset, "No output URL is set.", {});
+        return false;
+    }
+
+    const auto converted = required<KVPicturePreset>(preset, "A picture conversion needs a picture preset!")
+                               ->convertPictureFile(file, *folder);
+    setOutputURL(converted ? std::optional(*converted) : std::nullopt);
+    if (converted)
+        KVMainThread::syncOrNow(
+            [&] { KVHistoryCenter::shared().addFile(*converted, KVMediaFileType::picture); });
+    else
+        _recordError(preset, {}, converted.error().reason);
+    progressOfCurrentTask = 1;
+    notifyDelegatesAboutProgress();
+    return converted.has_value();
+}
+
+std::optional<QUrl> KVPictureConversion::_destinationFolder(const KVMediaFile &file) const {
+    if (KVPreferences::shared().boolean(KVPreferenceKeys::SaveToSourceFolder, true))
+        return KVFileManager::deletingLastPathComponent(file.url());
+    return queue()->outputDirectoryURL();
+}
+
+void KVPictureConversion::_recordError(const std::shared_ptr<KVPreset> &preset, const QString &output,
+                                       const QString &reason) const {
+    KVErrorCenter::shared().addError({mediaFiles(), preset, {}, output, 1, reason});
+}

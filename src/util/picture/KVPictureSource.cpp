@@ -1,0 +1,128 @@
+#include "util/picture/KVPictureSource.h"
+
+#include "kvcore/KVLocalizationCenter.h"
+#include "util/KVPictureLibrary.h"
+#include "util/picture/KVBitmapFile.h"
+#include "util/picture/KVIconFile.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <memory>
+#include <stdexcept>
+
+using vips::VImage;
+using vips::VSource;
+
+namespace {
+
+/// The library knows hundreds of formats, many of them rarely looked after: only these are let in.
+constexpr const char *loaders[] = {"jpegload_source", "pngload_source", "heifload_source",
+                                   "tiffload_source", "gifload_source", "webpload_source"};
+constexpr const char *jpegLoader = loaders[0];
+
+VSource sourceOf(const QString &path) {
+    return VSource::new_from_file(QFile::encodeName(path).constData());
+}
+
+const char *loaderFor(const VSource &source) {
+    for (const char *loader : loaders)
+        if (vips_foreign_is_a_source(loader, source.get_source())) return loader;
+    throw std::runtime_error("This is no picture of a known kind.");
+}
+
+/// To be read from top to bottom; a file that ends too early is an error and not a grey rest.
+vips::VOption *readingOptions() {
+    return VImage::option()->set("access", VIPS_ACCESS_SEQUENTIAL)->set("fail_on", VIPS_FAIL_ON_TRUNCATED);
+}
+
+VImage load(const char *loader, const VSource &source, vips::VOption *options) {
+    VImage image;
+    VImage::call(loader, options->set("source", source)->set("out", &image));
+    return image;
+}
+
+QByteArray contentOf(const QString &path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error(file.errorString().toStdString());
+    return file.readAll();
+}
+
+VImage imageOfOtherKind(const QByteArray &content) {
+    const auto unref = [](VipsBlob *blob) { vips_area_unref(VIPS_AREA(blob)); };
+    const std::unique_ptr<VipsBlob, decltype(unref)> blob(
+        vips_blob_copy(content.constData(), static_cast<std::size_t>(content.size())), unref);
+    return VImage::magickload_buffer(blob.get(), VImage::option()->set("fail_on", VIPS_FAIL_ON_TRUNCATED));
+}
+
+KVError unreadable(const QString &detail) {
+    return {KVPictureErrorDomain,
+            0,
+            KVLocalizationCenter::localized("The picture cannot be read: %@", {detail}),
+            {}};
+}
+
+} // namespace
+
+KVPictureSource::KVPictureSource(const QString &path)
+    : _path(path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error(file.errorString().toStdString());
+    const QByteArray start = file.peek(4);
+    if (start == "icns")
+        _image = KVIconFile::largestImage(contentOf(path));
+    else if (start.startsWith("BM"))
+        _image = KVBitmapFile::canRead(path) ? KVBitmapFile::image(path) : imageOfOtherKind(contentOf(path));
+    else if (start == "8BPS")
+        _image = imageOfOtherKind(contentOf(path));
+    else {
+        const VSource source = sourceOf(path);
+        const char *loader = loaderFor(source);
+        _isJPEG = loader == jpegLoader;
+        _image = load(loader, source, readingOptions());
+    }
+}
+
+KVResult<KVPictureSource> KVPictureSource::open(const QString &path) {
+    KVPictureLibrary::prepare();
+    try {
+        const KVPictureSource source(path);
+        const KVSize size = source.uprightSize();
+        if (!isWithinLimit(size)) return tl::unexpected(tooLarge(size));
+        return source;
+    } catch (const std::exception &error) {
+        KVPictureLibrary::takeErrorText();
+        return tl::unexpected(unreadable(QString::fromUtf8(error.what()).simplified()));
+    }
+}
+
+bool KVPictureSource::isWithinLimit(const KVSize &size) {
+    return size.width * size.height <= static_cast<double>(maximumPixels);
+}
+
+KVError KVPictureSource::tooLarge(const KVSize &size) {
+    return {
+        KVPictureErrorDomain,
+        0,
+        KVLocalizationCenter::localized(
+            "The picture is too large: %li x %li pixels, where %li million pixels are the limit.",
+            {static_cast<qint64>(size.width), static_cast<qint64>(size.height), maximumPixels / 1'000'000}),
+        {}};
+}
+
+KVSize KVPictureSource::uprightSize() const {
+    const KVSize size{static_cast<double>(_image.width()), static_cast<double>(_image.height())};
+    return orientation(_image) >= 5 ? KVSize{size.height, size.width} : size;
+}
+
+VImage KVPictureSource::imageToShrink(double factor) const {
+    if (!_isJPEG || factor < 4) return _image;
+    const int shrink = factor >= 16 ? 8 : factor >= 8 ? 4 : 2;
+    return load(jpegLoader, sourceOf(_path), readingOptions()->set("shrink", shrink));
+}
+
+int KVPictureSource::orientation(const VImage &image) {
+    if (!image.get_typeof(VIPS_META_ORIENTATION)) return 1;
+    const int orientation = image.get_int(VIPS_META_ORIENTATION);
+    return orientation >= 1 && orientation <= 8 ? orientation : 1;
+}

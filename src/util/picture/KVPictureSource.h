@@ -1,0 +1,47 @@
+#pragma once
+
+#include "kvcore/KVError.h"
+#include "util/KVSizeFitting.h"
+
+#include <vips/vips8>
+
+inline const QString KVPictureErrorDomain = QStringLiteral("KVPictureErrorDomain");
+
+/// A picture file that has been opened: its header is known, nothing is decoded. The kind is told by the
+/// content, never by the name. Of several frames or pages it is the first.
+///
+/// For sources that work with the image library directly; its errors are exceptions and stay among them.
+class KVPictureSource {
+  public:
+    /// Larger pictures are refused as soon as their header is read: 20,000 x 20,000 passes, a few kilobytes
+    /// that claim to be billions of pixels do not.
+    static constexpr qint64 maximumPixels = 500'000'000;
+
+    /// The reason of the error is in the user's language. Any thread.
+    static KVResult<KVPictureSource> open(const QString &path);
+
+    /// True where a picture of this size may be read or made.
+    static bool isWithinLimit(const KVSize &size);
+    /// "... is too large" for the size, in the user's language.
+    static KVError tooLarge(const KVSize &size);
+
+    /// Pixels, as the picture is looked at.
+    KVSize uprightSize() const;
+
+    /// The picture as it is stored, to be read once from top to bottom.
+    const vips::VImage &image() const { return _image; }
+
+    /// The same, already smaller where the reader can make it so at less cost. `factor` is by how much the
+    /// caller will shrink it; it leaves at least half of that to the caller's better filter.
+    vips::VImage imageToShrink(double factor) const;
+
+    /// From 1 to 8: how the stored picture is turned or mirrored.
+    static int orientation(const vips::VImage &image);
+
+  private:
+    explicit KVPictureSource(const QString &path);
+
+    QString _path;
+    bool _isJPEG = false;
+    vips::VImage _image;
+};

@@ -1,0 +1,64 @@
+#include "support/KVTestPictures.h"
+
+#include "util/KVPictureLibrary.h"
+
+#include <QFile>
+
+#include <cmath>
+
+using vips::VImage;
+
+namespace {
+
+VImage plain(int width, int height, const KVTestPictures::Colour &colour) {
+    return VImage::black(width, height)
+        .new_from_image(colour)
+        .cast(VIPS_FORMAT_UCHAR)
+        .copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
+}
+
+} // namespace
+
+VImage KVTestPictures::fields(int width, int height) {
+    KVPictureLibrary::prepare();
+    const int left = width / 2, top = height / 2;
+    const auto row = [&](int rowHeight, const Colour &one, const Colour &other) {
+        return plain(left, rowHeight, one)
+            .join(plain(width - left, rowHeight, other), VIPS_DIRECTION_HORIZONTAL);
+    };
+    return row(top, red, green).join(row(height - top, blue, yellow), VIPS_DIRECTION_VERTICAL).copy_memory();
+}
+
+QString KVTestPictures::save(const VImage &picture, const QString &path, vips::VOption *options) {
+    const QByteArray name = QFile::encodeName(path);
+    if (path.endsWith(".psd"))
+        picture.magicksave(name.constData(), VImage::option()->set("format", "PSD"));
+    else
+        picture.write_to_file(name.constData(), options);
+    return path;
+}
+
+QString KVTestPictures::fields(const QString &path, int width, int height) {
+    return save(fields(width, height), path);
+}
+
+VImage KVTestPictures::load(const QString &path) {
+    KVPictureLibrary::prepare();
+    return VImage::new_from_file(QFile::encodeName(path).constData());
+}
+
+std::vector<KVTestPictures::Colour> KVTestPictures::fieldColours(const VImage &picture) {
+    const VImage colours =
+        picture.colourspace(VIPS_INTERPRETATION_sRGB).extract_band(0, VImage::option()->set("n", 3));
+    const int x = picture.width() / 4, y = picture.height() / 4;
+    return {colours.getpoint(x, y), colours.getpoint(3 * x, y), colours.getpoint(x, 3 * y),
+            colours.getpoint(3 * x, 3 * y)};
+}
+
+bool KVTestPictures::areClose(const std::vector<Colour> &one, const std::vector<Colour> &other,
+                              double tolerance) {
+    for (std::size_t i = 0; i < one.size(); i++)
+        for (std::size_t band = 0; band < one[i].size(); band++)
+            if (std::abs(one[i][band] - other[i][band]) > tolerance) return false;
+    return one.size() == other.size();
+}
