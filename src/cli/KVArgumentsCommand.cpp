@@ -44,18 +44,17 @@ QList<KVCommandOption> KVArgumentsCommand::options() const {
 KVExitStatus KVArgumentsCommand::run(const KVParsedWords &words) {
     const auto request = KVConversionRequest::make(words);
     if (!request) return usageError(request.error());
-    bool isAnyUnreadable = false;
-    const QList<QUrl> inputs = urlsOfArguments(words, isAnyUnreadable);
     plugInQuestions(words);
 
     const bool isJSON = words.isSet("json");
-    if (isAnyUnreadable) return _printError(QStringLiteral("A name is not UTF-8."), isJSON);
+    if (!request->unreadableInputs.isEmpty())
+        return _printError(request->unreadableInputs.first() + ": The name is not UTF-8.", isJSON);
     // The encoder depends on what this machine can do.
     if (request->preset->presetType() == KVMediaFileType::video)
         KVHardwareAcceleration::shared().waitForResult();
     if (!request->settleDestination()) return _printError(QStringLiteral("No output URL is set."), isJSON);
 
-    const auto files = _filesOf(*request, inputs);
+    const auto files = _filesOf(*request);
     if (!files) return _printError(files.error(), isJSON);
     const auto output = request->preset->outputURLForFiles(*files, wantedOutput(*request->preset, *files));
     const QString noTask = QStringLiteral("Couldn't create task, aborting.");
@@ -70,20 +69,19 @@ KVExitStatus KVArgumentsCommand::run(const KVParsedWords &words) {
     return _print(*output, arguments, isJSON);
 }
 
-tl::expected<KVMediaFileList, QString> KVArgumentsCommand::_filesOf(const KVConversionRequest &request,
-                                                                    const QList<QUrl> &inputs) const {
+tl::expected<KVMediaFileList, QString>
+KVArgumentsCommand::_filesOf(const KVConversionRequest &request) const {
     KVMediaFileList files;
     QString firstReason;
     const auto observer = std::make_shared<KVRequestIntake>(
-        request, inputs.first(),
-        [&](const std::shared_ptr<KVConversion> &conversion) { files += conversion->mediaFiles(); },
+        request, [&](const std::shared_ptr<KVConversion> &conversion) { files += conversion->mediaFiles(); },
         [&](const KVIntakeRefusal &refusal) {
             if (firstReason.isEmpty() && KVRequestIntake::isFailure(refusal))
                 firstReason = QStringLiteral("%1: %2").arg(refusal.path, refusal.reason);
         });
     KVKalvoraAppDelegate intake;
     intake.setObserver(observer);
-    intake.addFilesInBackground(inputs);
+    intake.addFilesInBackground(request.inputs);
     intake.waitUntilLoaded(std::numeric_limits<double>::infinity());
 
     if (!firstReason.isEmpty()) return tl::unexpected(firstReason);

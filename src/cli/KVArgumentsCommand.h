@@ -20,8 +20,7 @@ class KVArgumentsCommand : public KVCommand {
 
   private:
     /// The files of all conversions that the inputs would make, in order, or why there are none.
-    tl::expected<KVMediaFileList, QString> _filesOf(const KVConversionRequest &request,
-                                                    const QList<QUrl> &inputs) const;
+    tl::expected<KVMediaFileList, QString> _filesOf(const KVConversionRequest &request) const;
     KVExitStatus _print(const QUrl &output, const QStringList &arguments, bool isJSON) const;
     KVExitStatus _printError(const QString &message, bool isJSON) const;
 };

@@ -64,16 +64,3 @@ void KVCommand::sayFailure(const QString &message) const {
 void KVCommand::plugInQuestions(const KVParsedWords &words) const {
     KVCommandQuestions::plugIn(_console, !words.isSet("no-questions"));
 }
-
-QList<QUrl> KVCommand::urlsOfArguments(const KVParsedWords &words, bool &isAnyUnreadable) const {
-    QList<QUrl> urls;
-    for (const KVCommandArgument &argument : words.arguments()) {
-        if (argument.isReadable) {
-            urls.append(KVInputPath::url(argument.text));
-            continue;
-        }
-        isAnyUnreadable = true;
-        sayFailure(QStringLiteral("%1: the name is not UTF-8").arg(argument.text));
-    }
-    return urls;
-}

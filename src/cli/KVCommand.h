@@ -41,8 +41,6 @@ class KVCommand {
     void sayFailure(const QString &message) const;
     /// Who answers the engine's questions, by the options and the streams.
     void plugInQuestions(const KVParsedWords &words) const;
-    /// An absolute URL for each name; what is no name is reported, and lost.
-    QList<QUrl> urlsOfArguments(const KVParsedWords &words, bool &isAnyUnreadable) const;
 
     KVConsole &_console;
 };

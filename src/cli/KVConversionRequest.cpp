@@ -63,6 +63,13 @@ tl::expected<KVConversionRequest, QString> KVConversionRequest::make(const KVPar
             return tl::unexpected(QStringLiteral("\"%1\" is no track number").arg(*number));
     }
 
+    for (const KVCommandArgument &argument : words.arguments()) {
+        if (argument.isReadable)
+            request.inputs.append(KVInputPath::url(argument.text));
+        else
+            request.unreadableInputs.append(argument.text);
+    }
+
     const auto name = words.value("preset");
     if (!name) return tl::unexpected(QStringLiteral("--preset NAME is missing"));
     if (words.arguments().isEmpty()) return tl::unexpected(QStringLiteral("a FILE is missing"));

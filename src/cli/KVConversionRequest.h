@@ -19,6 +19,8 @@ struct KVConversionRequest {
     std::optional<QUrl> subtitles;
     QString subtitlesEncoding; ///< Empty where none is given.
     std::optional<qint64> audioTrack;
+    QList<QUrl> inputs;           ///< Files and folders.
+    QStringList unreadableInputs; ///< Words that are no UTF-8, in a form that can be shown.
 
     static QList<KVCommandOption> options();
 

@@ -41,8 +41,6 @@ KVExitStatus KVConvertCommand::_convert(const KVConversionRequest &request, cons
     const KVSignalWatcher signals([&] { run->cancel(); }, [&] { run->removePartialOutputs(); });
     run = std::make_shared<KVConvertRun>(_console, request, words.isSet("stitch"));
 
-    bool isAnyUnreadable = false;
-    const QList<QUrl> inputs = urlsOfArguments(words, isAnyUnreadable);
     if (words.isSet("recursive"))
         KVPreferences::shared().setValueForThisRun(true, KVPreferenceKeys::RecursivelyProcessAllFolders);
     KVTempDirectoryURL();
@@ -52,13 +50,13 @@ KVExitStatus KVConvertCommand::_convert(const KVConversionRequest &request, cons
         KVHardwareAcceleration::shared().waitForResult();
     const bool hasDestination = request.settleDestination();
     if (hasDestination)
-        run->run(inputs);
+        run->run();
     else
         sayFailure(QStringLiteral("there is no destination folder"));
     KVCleanTempDirectory();
 
     if (words.isSet("json")) writeJSON(run->report());
     if (const auto signal = signals.signal()) return static_cast<KVExitStatus>(128 + *signal);
-    const bool isEverythingDone = hasDestination && !isAnyUnreadable && run->isEverythingDone();
+    const bool isEverythingDone = hasDestination && run->isEverythingDone();
     return isEverythingDone ? KVExitStatus::success : KVExitStatus::failure;
 }

@@ -39,7 +39,7 @@ KVConvertRun::KVConvertRun(KVConsole &console, const KVConversionRequest &reques
     , _isStitching(isStitching)
     , _display(std::make_shared<KVProgressDisplay>(console)) {}
 
-void KVConvertRun::run(const QList<QUrl> &inputs) {
+void KVConvertRun::run() {
     KVErrorCenter::shared().setErrorObserver([weak = weak_from_this()](const KVConversionError &error) {
         const auto self = weak.lock();
         if (!self || error.mediaFiles.isEmpty()) return;
@@ -52,10 +52,13 @@ void KVConvertRun::run(const QList<QUrl> &inputs) {
             KVConversionQueue::queue(type)->setSelectedPreset(_request.preset);
 
     const auto observer = std::make_shared<KVRequestIntake>(
-        _request, inputs.value(0), [this](const Conversion &conversion) { _didQueue(conversion); },
+        _request, [this](const Conversion &conversion) { _didQueue(conversion); },
         [this](const KVIntakeRefusal &refusal) { _didRefuse(refusal); });
     _intake.setObserver(observer);
-    _intake.addFilesInBackground(inputs);
+    for (const QString &name : _request.unreadableInputs)
+        _didRefuse({KVIntakeRefusal::Kind::unreadable, name, QStringLiteral("The name is not UTF-8.")});
+    _hasFolders = std::ranges::any_of(_request.inputs, &KVFileManager::isDirectory);
+    _intake.addFilesInBackground(_request.inputs);
     KVMainThread::runUntil(
         [this] {
             _advance();
@@ -99,7 +102,7 @@ void KVConvertRun::_didRefuse(const KVIntakeRefusal &refusal) {
 
 /// Starts what can be started. A queue that has run dry is started again when it gets something to do.
 void KVConvertRun::_advance() {
-    if (_isCancelled || (_isStitching && _intake.isLoading())) return;
+    if (!_mayStart()) return;
     if (_isStitching && !std::exchange(_isStitched, true)) _stitch();
     if (!std::exchange(_hasNews, false)) return;
     for (const auto &queue : KVConversionQueue::allQueues()) {
@@ -107,6 +110,13 @@ void KVConvertRun::_advance() {
         _runningQueues.insert(queue);
         queue->start();
     }
+}
+
+bool KVConvertRun::_mayStart() const {
+    if (_isCancelled) return false;
+    if (_isStitching) return !_intake.isLoading();
+    // A folder that is read later would show what this run has written meanwhile.
+    return !_hasFolders || !_intake.isEntering();
 }
 
 void KVConvertRun::_stitch() {
@@ -120,6 +130,7 @@ void KVConvertRun::_stitch() {
 }
 
 bool KVConvertRun::_isDone() const {
+    if (_isCancelled) return !_intake.isLoading();
     return !_intake.isLoading() && _runningQueues.empty() && !_hasNews;
 }
 

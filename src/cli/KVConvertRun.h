@@ -25,7 +25,7 @@ class KVConvertRun : public KVConversionQueueDelegate, public std::enable_shared
     KVConvertRun(KVConsole &console, const KVConversionRequest &request, bool isStitching);
 
     /// Takes the inputs in, converts all and returns at the end of the last conversion.
-    void run(const QList<QUrl> &inputs);
+    void run();
 
     /// Ends it as soon as possible: nothing is started any more, children are interrupted.
     void cancel();
@@ -57,6 +57,7 @@ class KVConvertRun : public KVConversionQueueDelegate, public std::enable_shared
     void _didQueue(const Conversion &conversion);
     void _didRefuse(const KVIntakeRefusal &refusal);
     void _advance();
+    bool _mayStart() const;
     void _stitch();
     bool _isDone() const;
     Row *_rowOf(const Conversion &conversion);
@@ -78,6 +79,7 @@ class KVConvertRun : public KVConversionQueueDelegate, public std::enable_shared
     std::set<Queue> _runningQueues;
     qsizetype _numberOfEnded = 0;
     bool _hasNews = false; ///< Something may have to be started.
+    bool _hasFolders = false;
     bool _isStitched = false;
     bool _isCancelled = false;
 

@@ -13,7 +13,8 @@ bool isControl(char32_t character) {
 }
 
 QString escaped(uchar byte) {
-    return QStringLiteral("\\x%1").arg(static_cast<int>(byte), 2, 16, QLatin1Char('0'));
+    return QStringLiteral("\\x") +
+           QStringLiteral("%1").arg(static_cast<int>(byte), 2, 16, QLatin1Char('0')).toUpper();
 }
 
 int columns(char32_t character) {

@@ -4,10 +4,9 @@
 #include "kvcore/KVMainThread.h"
 #include "video_info/media_file/KVAudioFile.h"
 
-KVRequestIntake::KVRequestIntake(const KVConversionRequest &request, const QUrl &firstInput,
-                                 QueuedHandler didQueue, RefusedHandler didRefuse)
+KVRequestIntake::KVRequestIntake(const KVConversionRequest &request, QueuedHandler didQueue,
+                                 RefusedHandler didRefuse)
     : _request(request)
-    , _firstInput(firstInput)
     , _didQueue(std::move(didQueue))
     , _didRefuse(std::move(didRefuse)) {}
 
@@ -39,5 +38,6 @@ void KVRequestIntake::intakeDidRefuse(const KVIntakeRefusal &refusal) {
 }
 
 bool KVRequestIntake::_isFirst(const KVMediaFile &file) const {
-    return !_hasPreparedFirst && (file.url() == _firstInput || _firstInput.isParentOf(file.url()));
+    const QUrl first = _request.inputs.value(0);
+    return !_hasPreparedFirst && (file.url() == first || first.isParentOf(file.url()));
 }

@@ -12,9 +12,7 @@ class KVRequestIntake : public KVIntakeObserver {
     using QueuedHandler = std::function<void(const std::shared_ptr<KVConversion> &)>;
     using RefusedHandler = std::function<void(const KVIntakeRefusal &)>;
 
-    /// `firstInput` is a file or a folder of which the first file counts.
-    KVRequestIntake(const KVConversionRequest &request, const QUrl &firstInput, QueuedHandler didQueue,
-                    RefusedHandler didRefuse);
+    KVRequestIntake(const KVConversionRequest &request, QueuedHandler didQueue, RefusedHandler didRefuse);
 
     /// False for what is no failure: a file that is named twice, and a member of a folder that is no medium.
     static bool isFailure(const KVIntakeRefusal &refusal);
@@ -25,10 +23,10 @@ class KVRequestIntake : public KVIntakeObserver {
     void intakeDidRefuse(const KVIntakeRefusal &refusal) override;
 
   private:
+    /// True for the first input; of a folder that is the first file.
     bool _isFirst(const KVMediaFile &file) const;
 
     const KVConversionRequest &_request;
-    const QUrl _firstInput;
     const QueuedHandler _didQueue;
     const RefusedHandler _didRefuse;
     bool _hasPreparedFirst = false; ///< The loading thread's own.

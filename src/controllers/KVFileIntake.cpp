@@ -71,12 +71,13 @@ void KVFileIntake::addURLs(const QList<QUrl> &urls) {
 }
 
 void KVFileIntake::addFilesInBackground(const QList<QUrl> &urls) {
-    if (urls.isEmpty()) return;
-    _loadInBackground([this, urls] {
-        addFiles({urls.first()});
-        // The members of a folder are in the queue by now, so that the next item comes behind them.
-        addFilesInBackground(urls.sliced(1));
-    });
+    _numberOfPendingItems += urls.size();
+    for (const QUrl &url : urls) {
+        _loadInBackground([this, url] {
+            addFiles({url});
+            --_numberOfPendingItems;
+        });
+    }
 }
 
 bool KVFileIntake::waitUntilLoaded(double seconds) {

@@ -36,8 +36,12 @@ class KVFileIntake {
     /// For callers with arbitrary URLs: those that name no file are logged and passed over.
     void addURLs(const QList<QUrl> &urls);
 
-    /// Takes them in on the loading queue, one after the other with all its members, and returns at once.
+    /// Takes them in on the loading queue, one after the other, and returns at once.
     void addFilesInBackground(const QList<QUrl> &urls);
+
+    /// True until all that was given to `addFilesInBackground` has been entered: from then on no folder is
+    /// read any more, whatever is left to load.
+    bool isEntering() const { return _numberOfPendingItems > 0; }
 
     /// True while the loading queue has something to load.
     bool isLoading() const { return _numberOfBackgroundLoads > 0; }
@@ -83,5 +87,6 @@ class KVFileIntake {
     std::weak_ptr<KVIntakeObserver> _observer;
     std::atomic<bool> _isCancelled = false;
     std::atomic<int> _numberOfBackgroundLoads = 0;
+    std::atomic<qsizetype> _numberOfPendingItems = 0;
     KVSerialQueue _fileLoadingQueue;
 };
