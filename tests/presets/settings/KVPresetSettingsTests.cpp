@@ -130,6 +130,21 @@ TEST_F(KVPresetSettingsTest, ShowsTheOptionsOfTheLosslessPresets) {
     EXPECT_EQ(option(*lossless, "Sample Bits")->allowedValueNames(), (QStringList{"16-bit", "32-bit"}));
 }
 
+TEST_F(KVPresetSettingsTest, OffersAStereoTrackBesideASurroundTrackOfAVideo) {
+    struct Row {
+        const char *preset;
+        bool isOffered;
+    };
+    const QString stereo = "Include stereo track aside surround track when possible";
+    for (const auto &[name, isOffered] : {Row{"MKV", true}, Row{"DVD", true}, Row{"WebM", true},
+                                          Row{"WMV", false}, Row{"MPEG-1", false}, Row{"AAC", false}}) {
+        const auto preset = std::static_pointer_cast<KVBitrateAudioPreset>(KVPreset::presetNamed(name));
+        const auto format = preset->audioFormat();
+        const QStringList options = names(format->options(preset));
+        EXPECT_EQ(options.indexOf(stereo), isOffered ? options.size() - 1 : -1) << name;
+    }
+}
+
 TEST_F(KVPresetSettingsTest, LeavesAValueThatIsNotOnOffer) {
     const auto wav = KVPreset::make<KVWAVPreset>();
     wav->sampleBits = 12;

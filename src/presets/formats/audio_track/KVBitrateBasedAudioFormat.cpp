@@ -4,7 +4,9 @@
 #include "kvcore/KVLog.h"
 #include "presets/audio/base/KVBitrateAudioPreset.h"
 #include "presets/formats/audio_track/KVNearestValue.h"
+#include "presets/settings/KVBooleanOption.h"
 #include "presets/settings/KVNumericOption.h"
+#include "presets/video/base/KVVideoPreset.h"
 #include "video_info/media_file/KVAudioFile.h"
 
 QStringList KVBitrateBasedAudioFormat::arguments(const std::shared_ptr<KVMediaFile> &file,
@@ -22,6 +24,11 @@ KVBitrateBasedAudioFormat::options(const std::shared_ptr<KVPreset> &preset) cons
     options.push_back(std::make_shared<KVNumericOption<KVBitrateAudioPreset>>(
         KVLocalizationCenter::localized("Bitrate:"), bitratePreset, 32, 1024,
         &KVBitrateAudioPreset::audioBitrate));
+    if (const auto videoPreset = std::dynamic_pointer_cast<KVVideoPreset>(preset);
+        videoPreset && _offersStereoTrack())
+        options.push_back(std::make_shared<KVBooleanOption<KVVideoPreset>>(
+            KVLocalizationCenter::localized("Include stereo track aside surround track when possible"),
+            videoPreset, &KVVideoPreset::includeStereoTrack));
     return options;
 }
 
