@@ -96,7 +96,7 @@ bool KVPreferences::Private::commit(const Changes &changes) {
     if (problem.isEmpty()) {
         QVariantMap values = file.values();
         apply(unwritten, values);
-        if (values != file.values()) problem = file.replace(values);
+        problem = file.replace(values);
     }
     if (!problem.isEmpty()) {
         KVLog("Can't write the preferences: " + problem);

@@ -105,6 +105,7 @@ KVPreferencesFile::State KVPreferencesFile::_load() {
     auto decoded = KVPreferencesCoding::decode(*content);
     if (!decoded) return _state = State::damaged;
     _values = std::move(*decoded);
+    _content = std::move(*content);
     return _state = State::read;
 }
 
@@ -124,14 +125,16 @@ QString KVPreferencesFile::replace(const QVariantMap &values) {
     // What could not be read could not be kept either, and is not ours to overwrite.
     if (_state == State::damaged || _state == State::unreadable) return _path + ": not readable";
 
+    const QByteArray content = KVPreferencesCoding::encode(values);
+    if (_state == State::read && content == _content) return {};
+
     const QString target = _target();
     const QByteArray temporary = QFile::encodeName(target + ".new");
     {
         const KVFileDescriptor file(
             ::open(temporary.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0600));
         if (!file.isValid()) return problemWith(target);
-        const bool isWritten =
-            writeAll(file.get(), KVPreferencesCoding::encode(values)) && ::fsync(file.get()) == 0;
+        const bool isWritten = writeAll(file.get(), content) && ::fsync(file.get()) == 0;
         struct stat status = {};
         if (!isWritten || ::fstat(file.get(), &status) != 0 ||
             ::rename(temporary.constData(), QFile::encodeName(target).constData()) != 0) {
@@ -143,6 +146,7 @@ QString KVPreferencesFile::replace(const QVariantMap &values) {
     }
     syncFolder(target);
     _values = values;
+    _content = content;
     _state = State::read;
     return {};
 }

@@ -4,11 +4,13 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <QVariantMap>
 
 #include <sys/stat.h>
 
 #include <optional>
+#include <utility>
 
 /// The file of a preference store: its cached content, the lock that keeps several writers apart, and the
 /// atomic write. Not for several threads at once.
@@ -36,8 +38,8 @@ class KVPreferencesFile {
         QString _problem;
     };
 
-    /// Puts the values in place of the file. Needs the lock. Answers what went wrong, an empty text if
-    /// nothing did; the old file then stays as it was.
+    /// Puts the values in place of the file, unless that holds them already. Needs the lock. Answers what
+    /// went wrong, an empty text if nothing did; the old file then stays as it was.
     QString replace(const QVariantMap &values);
 
     /// Damaged files that were kept aside since the last call.
@@ -63,6 +65,7 @@ class KVPreferencesFile {
 
     const QString _path;
     QVariantMap _values;
+    QByteArray _content; ///< The text that `_values` was read from or written as.
     std::optional<Signature> _seen;
     State _state = State::missing;
     KVFileDescriptor _lock;

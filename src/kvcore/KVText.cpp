@@ -68,8 +68,7 @@ qint64 KVText::integerValue(QStringView text) {
 
 double KVText::doubleValue(QStringView text) {
     const QStringView rest = withoutLeadingWhitespace(text);
-    const double value = rest.first(endOfDecimalNumber(rest)).toLatin1().toDouble();
-    return std::clamp(value, std::numeric_limits<double>::lowest(), std::numeric_limits<double>::max());
+    return rest.first(endOfDecimalNumber(rest)).toLatin1().toDouble();
 }
 
 QString KVText::trimmingWhitespace(QStringView text) {

@@ -16,7 +16,7 @@ namespace KVText {
 qint64 integerValue(QStringView text);
 
 /// The longest leading decimal number after optional white space, read without regard to the locale. 0 where
-/// there is none.
+/// there is none that a double can hold.
 double doubleValue(QStringView text);
 
 /// Without the white space (a carriage return counts) at both ends.
