@@ -189,7 +189,7 @@ KVResult<QUrl> KVFFmpegTask::generateRandomImage(const KVStillFrameSource &sourc
     const QUrl image =
         KVFileManager::appendingPathComponent(KVTempDirectoryURL(), KVFileManager::uniqueName() + ".jpg");
     const double seconds = std::trunc(source.stillFrameVideoSeconds().value_or(0));
-    const int offset = seconds > 89 ? 90 : static_cast<int>(seconds) / 2;
+    const int offset = seconds <= 89 ? static_cast<int>(seconds) / 2 : 90;
     const auto task = create({"-ss", QString::number(offset), "-i", source.stillFramePath(), "-frames:v", "1",
                               image.toLocalFile()});
     if (!task) return tl::unexpected(task.error());
