@@ -2,11 +2,11 @@
 
 #include "kvcore/KVFatalError.h"
 #include "kvcore/KVLog.h"
-
-#include <QFile>
+#include "util/picture/KVPictureSource.h"
 
 #include <vips/vips8>
 
+#include <algorithm>
 #include <memory>
 #include <mutex>
 
@@ -25,16 +25,12 @@ void start() {
                       writeToLog, nullptr);
 }
 
-/// Runs `read` with the library made ready; nothing, and a log line, where it fails.
-template <class Read>
-auto reading(const QString &path, Read read) -> std::optional<decltype(read(QByteArray()))> {
-    KVPictureLibrary::prepare();
-    try {
-        return read(QFile::encodeName(path));
-    } catch (const vips::VError &) {
-        KVLog("Could not read picture " + path + " - " + KVPictureLibrary::takeErrorText());
-        return std::nullopt;
-    }
+/// The opened picture; nothing, and a log line, where it cannot be read.
+std::optional<KVPictureSource> sourceAt(const QString &path) {
+    auto source = KVPictureSource::open(path);
+    if (source) return *source;
+    KVLog("Could not read picture " + path + " - " + source.error().reason);
+    return std::nullopt;
 }
 
 QImage imageOf(vips::VImage picture) {
@@ -61,17 +57,22 @@ QString KVPictureLibrary::takeErrorText() {
 }
 
 std::optional<KVPictureLibrary::Header> KVPictureLibrary::header(const QString &path) {
-    return reading(path, [](const QByteArray &name) {
-        const auto picture = vips::VImage::new_from_file(name.constData());
-        const int pages = picture.get_typeof(VIPS_META_N_PAGES) ? picture.get_int(VIPS_META_N_PAGES) : 1;
-        return Header{picture.width(), picture.height(), pages};
-    });
+    const auto source = sourceAt(path);
+    if (!source) return std::nullopt;
+    const KVSize size = source->uprightSize();
+    return Header{static_cast<int>(size.width), static_cast<int>(size.height), source->numberOfPages()};
 }
 
 std::optional<QImage> KVPictureLibrary::reducedImage(const QString &path, int longestSide) {
-    return reading(path, [longestSide](const QByteArray &name) {
-        return imageOf(vips::VImage::thumbnail(
-            name.constData(), longestSide,
-            vips::VImage::option()->set("height", longestSide)->set("size", VIPS_SIZE_DOWN)));
-    });
+    const auto source = sourceAt(path);
+    if (!source) return std::nullopt;
+    const KVSize size = source->uprightSize();
+    try {
+        const auto picture = source->imageToShrink(std::max(size.width, size.height) / longestSide);
+        return imageOf(picture.thumbnail_image(
+            longestSide, vips::VImage::option()->set("height", longestSide)->set("size", VIPS_SIZE_DOWN)));
+    } catch (const vips::VError &) {
+        KVLog("Could not read picture " + path + " - " + takeErrorText());
+        return std::nullopt;
+    }
 }

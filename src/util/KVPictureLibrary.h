@@ -18,7 +18,7 @@ QString takeErrorText();
 
 /// What stands in a picture's header.
 struct Header {
-    int width = 0; ///< Pixels.
+    int width = 0; ///< Pixels, as the picture is looked at.
     int height = 0;
     int numberOfPages = 1; ///< Frames of an animation, pages of a document.
 };

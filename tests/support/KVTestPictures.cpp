@@ -21,12 +21,14 @@ VImage plain(int width, int height, const KVTestPictures::Colour &colour) {
 
 VImage KVTestPictures::fields(int width, int height) {
     KVPictureLibrary::prepare();
-    const int left = width / 2, top = height / 2;
-    const auto row = [&](int rowHeight, const Colour &one, const Colour &other) {
-        return plain(left, rowHeight, one)
-            .join(plain(width - left, rowHeight, other), VIPS_DIRECTION_HORIZONTAL);
+    const int left = (width + 1) / 2, top = (height + 1) / 2;
+    const auto row = [&](const Colour &one, const Colour &other) {
+        return plain(left, top, one).join(plain(left, top, other), VIPS_DIRECTION_HORIZONTAL);
     };
-    return row(top, red, green).join(row(height - top, blue, yellow), VIPS_DIRECTION_VERTICAL).copy_memory();
+    return row(red, green)
+        .join(row(blue, yellow), VIPS_DIRECTION_VERTICAL)
+        .extract_area(0, 0, width, height)
+        .copy_memory();
 }
 
 QString KVTestPictures::save(const VImage &picture, const QString &path, vips::VOption *options) {

@@ -4,6 +4,7 @@
 #include "util/KVPictureLibrary.h"
 #include "util/picture/KVBitmapFile.h"
 #include "util/picture/KVIconFile.h"
+#include "util/picture/KVPhotoshopFile.h"
 
 #include <QFile>
 
@@ -55,6 +56,11 @@ VImage imageOfOtherKind(const QByteArray &content) {
     return VImage::magickload_buffer(blob.get(), VImage::option()->set("fail_on", VIPS_FAIL_ON_TRUNCATED));
 }
 
+VImage imageOfDocument(const QByteArray &content) {
+    if (!KVPhotoshopFile::isWhole(content)) throw std::runtime_error("The document ends too early.");
+    return imageOfOtherKind(content);
+}
+
 KVError unreadable(const QString &detail) {
     return {KVPictureErrorDomain,
             0,
@@ -74,7 +80,7 @@ KVPictureSource::KVPictureSource(const QString &path)
     else if (start.startsWith("BM"))
         _image = KVBitmapFile::canRead(path) ? KVBitmapFile::image(path) : imageOfOtherKind(contentOf(path));
     else if (start == "8BPS")
-        _image = imageOfOtherKind(contentOf(path));
+        _image = imageOfDocument(contentOf(path));
     else {
         const VSource source = sourceOf(path);
         const char *loader = loaderFor(source);
@@ -113,6 +119,10 @@ KVError KVPictureSource::tooLarge(const KVSize &size) {
 KVSize KVPictureSource::uprightSize() const {
     const KVSize size{static_cast<double>(_image.width()), static_cast<double>(_image.height())};
     return orientation(_image) >= 5 ? KVSize{size.height, size.width} : size;
+}
+
+int KVPictureSource::numberOfPages() const {
+    return _image.get_typeof(VIPS_META_N_PAGES) ? _image.get_int(VIPS_META_N_PAGES) : 1;
 }
 
 VImage KVPictureSource::imageToShrink(double factor) const {

@@ -28,6 +28,9 @@ class KVPictureSource {
     /// Pixels, as the picture is looked at.
     KVSize uprightSize() const;
 
+    /// Frames of an animation, pages of a document.
+    int numberOfPages() const;
+
     /// The picture as it is stored, to be read once from top to bottom.
     const vips::VImage &image() const { return _image; }
 

@@ -1,45 +1,74 @@
 #include "presets/picture/KVNSImageBasedPreset.h"
 
+#include "kvcore/KVLog.h"
 #include "presets/KVPresetClasses.h"
-#include "presets/picture/KVBMPPreset.h"
-#include "presets/picture/KVGIFPreset.h"
-#include "presets/picture/KVJPEGPreset.h"
-#include "presets/picture/KVPNGPreset.h"
-#include "presets/picture/KVTIFFPreset.h"
-#include "support/KVTestCase.h"
-#include "support/KVTestPictures.h"
-#include "video_info/media_file/KVPictureFile.h"
+#include "presets/picture/KVPictureTestCase.h"
+#include "util/KVPictureLibrary.h"
 
-#include <cmath>
+#include <QFileInfo>
+#include <QtEndian>
+
+#include <csignal>
+#include <set>
 #include <thread>
+
+#include <sys/resource.h>
 
 using namespace KVTestPictures;
 using vips::VImage;
 
 namespace {
 
-class KVNSImageBasedPresetTest : public KVTestCase {
+class KVNSImageBasedPresetTest : public KVPictureTestCase {
   protected:
-    void SetUp() override { QDir().mkpath(path("out")); }
-
-    /// The new file's path.
-    QString converted(const KVPicturePreset &preset, const QString &source) const {
-        const auto output = preset.convertPictureFile(
-            std::make_shared<KVPictureFile>(QUrl::fromLocalFile(source)), url("out"));
-        EXPECT_TRUE(output) << source.toStdString() << ": " << output.error().reason.toStdString();
-        return output ? output->toLocalFile() : QString();
-    }
-
-    template <class Preset>
-    VImage convertedPicture(const QString &source) const {
-        return load(converted(*KVPreset::make<Preset>(), source));
-    }
-
-    QStringList outputNames() const {
-        return QDir(path("out"))
-            .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+    /// Each preset of a picture file once.
+    static std::vector<std::shared_ptr<KVPicturePreset>> presets() {
+        std::vector<std::shared_ptr<KVPicturePreset>> made;
+        for (const KVPresetClass &row : KVPresetClasses::picturePresetClasses())
+            if (!row.isAbstractPreset())
+                made.push_back(std::static_pointer_cast<KVPicturePreset>(row.make()));
+        return made;
     }
 };
+
+/// Files of this process cannot grow beyond a few bytes: what a full disk is like.
+class SmallFilesOnly {
+  public:
+    SmallFilesOnly() {
+        std::signal(SIGXFSZ, SIG_IGN);
+        ::getrlimit(RLIMIT_FSIZE, &_before);
+        const rlimit small{100, _before.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~SmallFilesOnly() { ::setrlimit(RLIMIT_FSIZE, &_before); }
+
+  private:
+    rlimit _before{};
+};
+
+VImage noise() {
+    KVPictureLibrary::prepare();
+    return VImage::gaussnoise(200, 200, VImage::option()->set("mean", 128)).cast(VIPS_FORMAT_UCHAR);
+}
+
+/// A PNG that promises a picture of this size and has nothing of it.
+QByteArray pngHeader(quint32 width, quint32 height) {
+    QByteArray header("IHDR");
+    for (const quint32 side : {width, height}) {
+        const quint32 stored = qToBigEndian(side);
+        header.append(reinterpret_cast<const char *>(&stored), sizeof stored);
+    }
+    header.append(QByteArray::fromHex("0800000000")); // grey, 8 bits
+    quint32 sum = 0xFFFFFFFF;
+    for (const char byte : header) {
+        sum ^= static_cast<uchar>(byte);
+        for (int bit = 0; bit < 8; bit++)
+            sum = sum & 1 ? sum >> 1 ^ 0xEDB88320 : sum >> 1;
+    }
+    const quint32 stored = qToBigEndian(~sum);
+    header.append(reinterpret_cast<const char *>(&stored), sizeof stored);
+    return QByteArray::fromHex("89504e470d0a1a0a0000000d") + header + QByteArray::fromHex("0000000049444154");
+}
 
 } // namespace
 
@@ -50,9 +79,7 @@ TEST_F(KVNSImageBasedPresetTest, WritesEveryKindOfFile) {
                                              {"JPEG", "jpegload"},
                                              {"PNG", "pngload"},
                                              {"TIFF", "tiffload"}};
-    for (const KVPresetClass &row : KVPresetClasses::picturePresetClasses()) {
-        if (row.isAbstractPreset()) continue;
-        const auto preset = std::static_pointer_cast<KVPicturePreset>(row.make());
+    for (const auto &preset : presets()) {
         const QString output = converted(*preset, source);
         EXPECT_EQ(output, path("out/source." + *preset->pathExtension()));
         const VImage picture = load(output);
@@ -86,4 +113,122 @@ TEST_F(KVNSImageBasedPresetTest, ReadsEveryKindOfFileWhateverItsName) {
         EXPECT_EQ(output.width(), 64) << source.toStdString();
         EXPECT_TRUE(areClose(fieldColours(output), {red, green, blue, yellow}, 20)) << source.toStdString();
     }
+}
+
+// Names
+
+TEST_F(KVNSImageBasedPresetTest, CountsFromOneWhereANameIsTaken) {
+    const auto preset = KVPreset::make<KVJPEGPreset>();
+    const QString source = fields(path("a.b.png"));
+    write("out/other.jpg", "kept");
+    for (int i = 0; i < 3; i++)
+        converted(*preset, source);
+    EXPECT_EQ(outputNames(), (QStringList{"a.b.01.jpg", "a.b.02.jpg", "a.b.jpg", "other.jpg"}));
+
+    QFile::link(path("nowhere"), path("out/link.jpg"));
+    EXPECT_EQ(converted(*preset, fields(path("link.png"))), path("out/link.01.jpg"));
+    EXPECT_FALSE(QFile::exists(path("nowhere")));
+}
+
+TEST_F(KVNSImageBasedPresetTest, GivesSourcesOfOneNameAFileEach) {
+    const auto preset = KVPreset::make<KVPNGPreset>();
+    std::vector<std::thread> workers;
+    for (int i = 1; i <= 8; i++) {
+        QDir().mkpath(path(QString::number(i)));
+        fields(path(QString::number(i) + "/same.jpg"), 10 * i, 10 * i);
+    }
+    for (int i = 1; i <= 8; i++)
+        workers.emplace_back([&, i] { converted(*preset, path(QString::number(i) + "/same.jpg")); });
+    for (auto &worker : workers)
+        worker.join();
+
+    std::set<int> widths;
+    for (const QString &name : outputNames())
+        widths.insert(load(path("out/" + name)).width());
+    EXPECT_EQ(widths, (std::set{10, 20, 30, 40, 50, 60, 70, 80}));
+}
+
+TEST_F(KVNSImageBasedPresetTest, TellsTheEncoderItsProperties) {
+    const QString source = save(noise(), path("noise.png"));
+    const auto sizeAt = [&](qint64 compression) {
+        KVJPEGPreset jpeg;
+        jpeg.compression = compression;
+        return QFileInfo(converted(jpeg, source)).size();
+    };
+    EXPECT_LT(sizeAt(20) * 2, sizeAt(90));
+
+    constexpr qsizetype interlaceMethod = 28; // of the header that every PNG begins with
+    for (const bool isInterlaced : {false, true}) {
+        KVPNGPreset png;
+        png.isInterlaced = isInterlaced;
+        EXPECT_EQ(read(converted(png, source)).at(interlaceMethod), isInterlaced ? 1 : 0);
+    }
+}
+
+TEST_F(KVNSImageBasedPresetTest, ConvertsThinAndTinyPictures) {
+    const QStringList sources{fields(path("dot.png"), 1, 1), fields(path("line.png"), 60000, 1),
+                              fields(path("pole.png"), 1, 60000)};
+    for (const auto &preset : presets()) {
+        for (const QString &source : sources) {
+            preset->setHasSizeConstrains(false);
+            EXPECT_EQ(sizeOf(converted(*preset, source)), sizeOf(source)) << preset->name.toStdString();
+            preset->setHasSizeConstrains(true);
+            preset->setMaxWidth(700);
+            preset->setMaxHeight(700);
+            const KVSize size = sizeOf(converted(*preset, source));
+            EXPECT_EQ(size, preset->scaledSize(sizeOf(source))) << preset->name.toStdString();
+            EXPECT_GE(std::min(size.width, size.height), 1);
+        }
+    }
+}
+
+// What fails
+
+TEST_F(KVNSImageBasedPresetTest, RefusesDamagedPicturesAndLeavesNothing) {
+    const auto jpeg = KVPreset::make<KVJPEGPreset>();
+    QStringList sources{write("empty.jpg", {}), write("text.png", "no picture at all"), path("missing.png"),
+                        write("claims.png", pngHeader(100000, 100000)),
+                        write("claims a little less.png", pngHeader(40000, 20000))};
+    for (const char *suffix : {".jpg", ".png", ".gif", ".tif", ".heic", ".bmp", ".psd"}) {
+        const QString whole = save(noise(), path(QString("whole") + suffix));
+        const QByteArray content = read(whole);
+        for (const qsizetype size : {content.size() / 2, content.size() * 9 / 10})
+            sources += write(QString("cut at %1%2").arg(size).arg(suffix), content.first(size));
+    }
+    for (const QString &source : sources) {
+        const QString reason = failure(*jpeg, source);
+        EXPECT_GT(reason.size(), 20) << source.toStdString();
+        EXPECT_EQ(outputNames(), QStringList()) << source.toStdString() << reason.toStdString();
+    }
+    EXPECT_EQ(failure(*jpeg, path("claims.png")),
+              "The picture is too large: 100000 x 100000 pixels, where 500 million pixels are the limit.");
+}
+
+TEST_F(KVNSImageBasedPresetTest, RefusesToMakeAPictureBeyondTheLimit) {
+    KVPNGPreset png;
+    png.hasPercentageScaling = true;
+    png.setScalingPercentage(1999);
+    const QString reason = failure(png, fields(path("large.png"), 2000, 2000));
+    EXPECT_TRUE(reason.contains("39980 x 39980")) << reason.toStdString();
+}
+
+TEST_F(KVNSImageBasedPresetTest, AWriteThatFailsLeavesNothing) {
+    const QString source = save(noise(), path("noise.png"));
+    QStringList lines;
+    KVSetLogSink([&](const QString &line) { lines += line; });
+    for (const auto &preset : presets()) {
+        QString reason;
+        {
+            const SmallFilesOnly limit;
+            reason = failure(*preset, source);
+        }
+        EXPECT_TRUE(reason.endsWith("File too large")) << reason.toStdString();
+        EXPECT_EQ(lines.filter("Failed write data to " + path("out/noise.")).size(), 1)
+            << lines.join('\n').toStdString();
+        EXPECT_EQ(outputNames(), QStringList());
+        lines.clear();
+    }
+    QDir(path("out")).removeRecursively();
+    EXPECT_TRUE(failure(*KVPreset::make<KVPNGPreset>(), source).contains("No such file or directory"));
+    KVSetLogSink({});
 }

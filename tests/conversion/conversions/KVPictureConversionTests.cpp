@@ -1,0 +1,110 @@
+#include "conversion/conversions/KVPictureConversion.h"
+
+#include "core/KVErrorCenter.h"
+#include "core/KVHistoryCenter.h"
+#include "presets/picture/KVJPEGPreset.h"
+#include "presets/picture/KVPNGPreset.h"
+#include "support/KVTestCase.h"
+#include "support/KVTestPictures.h"
+#include "util/KVPreferenceKeys.h"
+#include "video_info/media_file/KVPictureFile.h"
+
+namespace {
+
+class Host : public KVConversionHost {
+  public:
+    std::optional<QUrl> folder;
+    std::shared_ptr<KVPreset> preset = KVPreset::make<KVJPEGPreset>();
+
+    std::optional<QUrl> outputDirectoryURL() const override { return folder; }
+    std::shared_ptr<KVPreset> selectedPreset() const override { return preset; }
+};
+
+class KVPictureConversionTest : public KVTestCase {
+  protected:
+    void SetUp() override {
+        QDir().mkpath(path("out"));
+        KVErrorCenter::shared().setErrorObserver([this](const auto &error) { errors.push_back(error); });
+    }
+    void TearDown() override {
+        KVErrorCenter::shared().setErrorObserver({});
+        saveToSourceFolder(true);
+    }
+
+    std::shared_ptr<KVConversion> conversionOf(const QString &name) {
+        auto conversion = KVConversion::conversionWithMediaFile(std::make_shared<KVPictureFile>(url(name)));
+        conversion->setQueue(host);
+        return conversion;
+    }
+
+    static void saveToSourceFolder(bool isOn) {
+        KVPreferences::shared().setBoolean(isOn, KVPreferenceKeys::SaveToSourceFolder);
+    }
+
+    std::shared_ptr<Host> host = std::make_shared<Host>();
+    std::vector<KVConversionError> errors;
+};
+
+} // namespace
+
+TEST_F(KVPictureConversionTest, WritesBesideTheSourceOrIntoTheQueuesFolder) {
+    KVTestPictures::fields(path("a.png"));
+    host->folder = url("out");
+    const auto beside = conversionOf("a.png");
+    beside->start();
+    EXPECT_TRUE(beside->conversionWasSuccessful);
+    EXPECT_EQ(beside->outputURL(), url("a.jpg"));
+    EXPECT_EQ(beside->progressOfCurrentTask, 1);
+
+    saveToSourceFolder(false);
+    const auto elsewhere = conversionOf("a.png");
+    elsewhere->setCustomPreset(KVPreset::make<KVPNGPreset>());
+    elsewhere->start();
+    EXPECT_EQ(elsewhere->outputURL(), url("out/a.png"));
+
+    QList<QUrl> history;
+    for (const auto &item : KVHistoryCenter::shared().historyItems()) {
+        EXPECT_EQ(item.type, KVMediaFileType::picture);
+        history += item.url;
+    }
+    EXPECT_EQ(history, (QList<QUrl>{url("a.jpg"), url("out/a.png")}));
+    EXPECT_TRUE(errors.empty());
+}
+
+TEST_F(KVPictureConversionTest, ConvertsOnlyTheLastFile) {
+    KVTestPictures::fields(path("a.png"));
+    KVTestPictures::fields(path("b.png"));
+    const auto conversion = conversionOf("a.png");
+    conversion->setMediaFiles(
+        {std::make_shared<KVPictureFile>(url("a.png")), std::make_shared<KVPictureFile>(url("b.png"))});
+    EXPECT_FALSE(conversion->pause());
+    conversion->start();
+    EXPECT_EQ(conversion->outputURL(), url("b.jpg"));
+    EXPECT_FALSE(QFile::exists(path("a.jpg")));
+}
+
+TEST_F(KVPictureConversionTest, RecordsWhyThereIsNoFile) {
+    write("bad.png", "no picture");
+    const auto damaged = conversionOf("bad.png");
+    damaged->setOutputURL(url("before"));
+    damaged->start();
+    EXPECT_FALSE(damaged->conversionWasSuccessful);
+    EXPECT_FALSE(damaged->outputURL());
+    EXPECT_EQ(damaged->statusString(), "");
+    EXPECT_EQ(damaged->estimatedTimeString(), "Error converting.");
+
+    saveToSourceFolder(false);
+    const auto homeless = conversionOf("bad.png");
+    homeless->start();
+    EXPECT_FALSE(homeless->conversionWasSuccessful);
+
+    ASSERT_EQ(errors.size(), 2U);
+    EXPECT_EQ(errors[0].taskOutput, "");
+    EXPECT_EQ(errors[0].reason, "The picture cannot be read: This is no picture of a known kind.");
+    EXPECT_EQ(errors[1].taskOutput, "No output URL is set.");
+    for (const auto &error : errors) {
+        EXPECT_EQ(error.terminationStatus, 1);
+        EXPECT_EQ(error.taskArguments, QStringList());
+        EXPECT_EQ(error.targetPreset, host->preset);
+    }
+}

@@ -1,0 +1,149 @@
+#include "util/picture/KVPictureSource.h"
+
+#include "support/KVTestCase.h"
+#include "support/KVTestMedia.h"
+#include "support/KVTestPictures.h"
+
+#include <QtEndian>
+
+using namespace KVTestPictures;
+using vips::VImage;
+
+namespace {
+
+class KVPictureSourceTest : public KVTestCase {
+  protected:
+    static std::vector<Colour> colours(const QString &path) {
+        const auto source = KVPictureSource::open(path);
+        EXPECT_TRUE(source) << path.toStdString() << ": " << source.error().reason.toStdString();
+        return source ? fieldColours(source->image()) : std::vector<Colour>();
+    }
+
+    static QString reason(const QString &path) {
+        const auto source = KVPictureSource::open(path);
+        EXPECT_FALSE(source) << path.toStdString();
+        return source ? QString() : source.error().reason;
+    }
+};
+
+QByteArray entry(const char *type, const QByteArray &content) {
+    const quint32 size = qToBigEndian(quint32(content.size() + 8));
+    return type + QByteArray(reinterpret_cast<const char *>(&size), sizeof size) + content;
+}
+
+QByteArray icon(const QByteArray &entries) {
+    return entry("icns", entries);
+}
+
+/// The run-length form of these planes, with runs and literal parts.
+QByteArray packed(const QByteArray &bytes) {
+    QByteArray result;
+    for (qsizetype at = 0; at < bytes.size();) {
+        qsizetype run = 1;
+        while (run < 130 && at + run < bytes.size() && bytes[at + run] == bytes[at])
+            run++;
+        if (run >= 3)
+            result += QByteArray(1, char(run + 125)) + bytes[at];
+        else
+            result += QByteArray(1, char(run - 1)) + bytes.sliced(at, run);
+        at += run;
+    }
+    return result;
+}
+
+/// The whole picture's first of these channels, then the second and so on.
+QByteArray planes(const std::vector<int> &bands, const VImage &picture) {
+    const VImage held = picture.cast(VIPS_FORMAT_UCHAR).copy_memory();
+    const auto *pixels = static_cast<const char *>(held.data());
+    QByteArray result;
+    for (const int band : bands)
+        for (int i = 0; i < held.width() * held.height(); i++)
+            result += pixels[i * held.bands() + band];
+    return result;
+}
+
+} // namespace
+
+TEST_F(KVPictureSourceTest, ReadsTheLargestIconOfAnIconFile) {
+    const std::vector<Colour> wanted{red, green, blue, yellow};
+    const VImage small = fields(16, 16), middle = fields(128, 128), large = fields(256, 256);
+    const QByteArray png = read(save(large.invert().invert(), path("large.png")));
+    const QByteArray wrong = read(save(fields(32, 32).invert(), path("small.png")));
+    const QByteArray mask(128 * 128, '\x40');
+    const VImage clear = fields(16, 16).bandjoin(VImage::black(16, 16) + 64);
+
+    EXPECT_TRUE(
+        areClose(colours(write("a.icns", icon(entry("ic11", wrong) + entry("ic08", png)))), wanted, 0));
+    EXPECT_TRUE(
+        areClose(colours(write("b.icns", icon(entry("is32", packed(planes({0, 1, 2}, small)))))), wanted, 0));
+    EXPECT_TRUE(
+        areClose(colours(write("c.icns", icon(entry("ic04", "ARGB" + packed(planes({3, 0, 1, 2}, clear)))))),
+                 wanted, 0));
+    const QString masked =
+        write("d.icns", icon(entry("t8mk", mask) +
+                             entry("it32", QByteArray(4, '\0') + packed(planes({0, 1, 2}, middle)))));
+    EXPECT_TRUE(areClose(colours(masked), wanted, 0));
+    EXPECT_EQ(KVPictureSource::open(masked)->image().getpoint(5, 5), (Colour{255, 0, 0, 64}));
+}
+
+TEST_F(KVPictureSourceTest, RefusesIconFilesThatEndTooEarlyOrHoldNoIcon) {
+    const QByteArray whole = icon(entry("is32", packed(QByteArray(3 * 256, 'x'))));
+    for (const QByteArray &content :
+         {whole.first(20), whole.first(12), icon(entry("is32", "abc")), icon(entry("ic04", "ARGB")), icon({}),
+          icon(entry("TOC ", "nothing")), QByteArray("icns\0\0\0\x10is32\xFF\xFF\xFF\xFF", 16),
+          icon(entry("ic08", "\x89PNG is a lie"))})
+        EXPECT_TRUE(reason(write("bad.icns", content)).startsWith("The picture cannot be read: "));
+}
+
+TEST_F(KVPictureSourceTest, ReadsBitmapsOfEveryDepth) {
+    const QString source = fields(path("fields.png"), 62, 48);
+    for (const char *format : {"bgr24", "bgra", "rgb565le", "rgb555le", "rgb444le", "rgb8", "pal8"}) {
+        const QString bitmap = path(QString(format) + ".bmp");
+        KVTestMedia::make({"-i", source, "-pix_fmt", format, bitmap});
+        EXPECT_TRUE(areClose(colours(bitmap), {red, green, blue, yellow}, 30)) << format;
+    }
+    const QString black = path("black.bmp");
+    KVTestMedia::make({"-i", source, "-vf", "lutyuv=y='if(gt(val,120),255,0)'", "-sws_dither", "none",
+                       "-pix_fmt", "monob", black});
+    const Colour off{0, 0, 0};
+    EXPECT_TRUE(areClose(colours(black), {off, white, off, white}));
+
+    // Older forms, and the compressed one that is left to the library.
+    for (const char *form : {"BMP2", "BMP3"}) {
+        const QString bitmap = path(QString(form) + ".bmp");
+        fields(62, 48).magicksave(QFile::encodeName(bitmap).constData(),
+                                  VImage::option()->set("format", form));
+        EXPECT_TRUE(areClose(colours(bitmap), {red, green, blue, yellow})) << form;
+    }
+}
+
+TEST_F(KVPictureSourceTest, ReadsBitmapsFromTheTopAndWithTransparency) {
+    const QString source = path("clear.bmp");
+    KVTestMedia::make({"-f", "lavfi", "-i", "color=red@0.5:size=4x2,format=bgra", "-frames:v", "1", source});
+    QByteArray content = read(source);
+    const auto put = [&](qsizetype at, qint32 value) {
+        const qint32 stored = qToLittleEndian(value);
+        content.replace(at, 4, QByteArray(reinterpret_cast<const char *>(&stored), 4));
+    };
+    const qsizetype pixels = qFromLittleEndian<qint32>(content.constData() + 10);
+    content.replace(pixels, 4, QByteArray::fromHex("ff000080"));
+    EXPECT_EQ(KVPictureSource::open(write("bottom.bmp", content))->image().getpoint(0, 1)[2], 255);
+    put(22, -2);
+    const VImage fromTop = KVPictureSource::open(write("top.bmp", content))->image();
+    EXPECT_EQ(fromTop.height(), 2);
+    EXPECT_EQ(fromTop.getpoint(0, 0)[2], 255);
+}
+
+TEST_F(KVPictureSourceTest, RefusesBitmapsWithAHeaderThatCannotBe) {
+    const QByteArray whole = read(save(fields(), path("whole.bmp")));
+    const auto changed = [&](qsizetype at, const char *hex) {
+        QByteArray content = whole;
+        const QByteArray bytes = QByteArray::fromHex(hex);
+        return content.replace(at, bytes.size(), bytes);
+    };
+    const QByteArray bad[] = {changed(10, "ffffffff"), changed(14, "05000000"), changed(18, "ffffff7f"),
+                              changed(18, "00000000"), changed(22, "00000080"), changed(22, "00000000"),
+                              changed(28, "0700"),     whole.first(30),         whole.first(3)};
+    for (const QByteArray &content : bad)
+        EXPECT_TRUE(reason(write("bad.bmp", content)).startsWith("The picture cannot be read: "));
+}
