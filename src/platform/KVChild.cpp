@@ -97,6 +97,13 @@ KVFileDescriptor aboveStandard(int descriptor) {
     return KVFileDescriptor(::fcntl(descriptor, F_DUPFD_CLOEXEC, 3));
 }
 
+/// A program that was started with SIGCHLD ignored would never learn how its children ended.
+void makeExitStatusesAvailable() {
+    struct sigaction action = {};
+    ::sigaction(SIGCHLD, nullptr, &action);
+    if (action.sa_handler == SIG_IGN) ::signal(SIGCHLD, SIG_DFL);
+}
+
 void waitForExit(int pidFD) {
     pollfd child = {pidFD, POLLIN, 0};
     while (::poll(&child, 1, -1) < 0 && errno == EINTR) {
@@ -112,6 +119,7 @@ KVResult<std::shared_ptr<KVChild>> KVChild::start(const KVChildPlan &plan) {
     const KVFileDescriptor openedNull(::open("/dev/null", O_RDWR | O_CLOEXEC));
     const KVFileDescriptor null = aboveStandard(openedNull.get());
     if (!null.isValid()) return failure(errno);
+    makeExitStatusesAvailable();
 
     const std::vector<char *> arguments = pointers(QList<QByteArray>{plan.path} + plan.arguments);
     const std::vector<char *> environment = pointers(plan.environment.value_or(QList<QByteArray>{}));

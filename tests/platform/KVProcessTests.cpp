@@ -166,6 +166,15 @@ TEST_F(KVProcessTest, GivesTheChildTheEnvironmentAndTheArgumentsAsTheyAre) {
     EXPECT_EQ(outputOf(echo), "[][a b]['\"$x][-n][line\nfeed]");
 }
 
+TEST_F(KVProcessTest, LearnsTheStatusThoughTheProgramWasStartedWithEndsOfChildrenIgnored) {
+    std::signal(SIGCHLD, SIG_IGN);
+    KVProcess process;
+    prepareShell(process, "exit 3");
+    ASSERT_TRUE(process.launch());
+    process.waitUntilExit();
+    EXPECT_EQ(process.terminationStatus(), 3);
+}
+
 TEST_F(KVProcessTest, StartsTheChildWithNothingOfOursButItsStreams) {
     std::signal(SIGPIPE, SIG_IGN);
     sigset_t blocked;
