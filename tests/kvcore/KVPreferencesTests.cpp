@@ -157,6 +157,15 @@ TEST_F(KVPreferencesTest, WritesAllChangesOfOnePerformTogether) {
     EXPECT_EQ(files(), (QStringList{"preferences.json", "preferences.json.lock"}));
 }
 
+TEST_F(KVPreferencesTest, NeverWritesWhatHoldsForThisRunOnly) {
+    KVPreferences store(file());
+    store.setInteger(1, _a);
+    store.setValueForThisRun(2, _a);
+    store.setInteger(3, _b);
+    EXPECT_EQ(store.integer(_a, 0), 2);
+    EXPECT_EQ(KVPreferences(file()).integer(_a, 0), 1);
+}
+
 TEST_F(KVPreferencesTest, LetsAnUpdateReadAndSetOtherKeys) {
     KVPreferences store(file());
     store.setInteger(3, _a);
