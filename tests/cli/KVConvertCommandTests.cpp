@@ -1,0 +1,269 @@
+#include "cli/KVCommandTestCase.h"
+#include "support/KVTestMedia.h"
+
+#include <QElapsedTimer>
+#include <QFileInfo>
+
+#include <csignal>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+class KVConvertCommandTest : public KVCommandTestCase {
+  protected:
+    QString tone(const QString &name, double seconds = 0.3) const {
+        return KVTestMedia::tone(path(name), seconds);
+    }
+    void copies(const QString &source, const QStringList &targets) const {
+        for (const QString &target : targets)
+            ASSERT_TRUE(QFile::copy(path(source), path(target)));
+    }
+    Result convert(const QStringList &words) const {
+        return run(QStringList{"convert", "--preset", "MP3", "--json"} + words);
+    }
+    /// A small file system of its own around the run, where the machine lets us.
+    static QByteArray inSmallFileSystem(const QByteArray &script) {
+        return "mkdir -p small && unshare -rm sh -c 'mount -t tmpfs -o size=64k none small && " + script +
+               "' \"$0\"";
+    }
+};
+
+TEST_F(KVConvertCommandTest, ConvertsAFileBesideItsSource) {
+    tone("song.wav", 1);
+    const Result result = convert({"song.wav"});
+    EXPECT_EQ(result.status, 0) << result.errors.toStdString();
+    ASSERT_EQ(result.array().size(), 1);
+    const QJsonObject entry = result.array()[0].toObject();
+    EXPECT_EQ(entry.keys(), QStringList({"error", "input", "output", "preset", "seconds", "successful",
+                                         "terminationStatus"}));
+    EXPECT_EQ(entry["input"], QJsonArray{path("song.wav")});
+    EXPECT_EQ(entry["output"], path("song.mp3"));
+    EXPECT_EQ(entry["preset"], "MP3");
+    EXPECT_EQ(entry["successful"], true);
+    EXPECT_EQ(entry["terminationStatus"], 0);
+    EXPECT_GT(entry["seconds"].toDouble(), 0);
+    EXPECT_TRUE(entry["error"].isNull());
+    EXPECT_NEAR(secondsOf(path("song.mp3")), 1, 0.2);
+    EXPECT_EQ(result.errorLines().size(), 2) << "a line at the start and one at the end";
+    EXPECT_TRUE(run({"preferences", "get", "ZRHistoryCenterItems"}).output.contains("song.mp3"));
+
+    EXPECT_EQ(convert({"song.wav"}).array()[0]["output"], path("song.MP3.00.mp3"));
+}
+
+TEST_F(KVConvertCommandTest, DoesTheOthersWhateverIsWrongWithSome) {
+    const QStringList strange{"-dash.wav", "it's \"q\" %s.wav", "new\nline.wav", QString(251, u'n') + ".wav"};
+    tone("good.wav");
+    copies("good.wav", strange);
+    write("empty.wav", "");
+    write("text.mp3", "this is no sound");
+    write("note.txt", "text");
+    write("cover.png", "x");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path("pipe.wav")).constData(), 0600), 0);
+    // Longer than what is left of it: the tool makes what it can of the rest.
+    write("cut.wav", read(path("good.wav")).first(20000));
+
+    const Result result = convert(QStringList{"good.wav", "empty.wav", "text.mp3", "note.txt", "cover.png",
+                                              "pipe.wav", "cut.wav", "gone.wav", "--"} +
+                                  strange);
+    EXPECT_EQ(result.status, 1);
+    QMap<QString, QString> errors;
+    int successes = 0;
+    for (const QJsonValue entry : result.array()) {
+        const QString name = QFileInfo(entry["input"][0].toString()).fileName();
+        successes += entry["successful"].toBool() ? 1 : 0;
+        if (entry["successful"].toBool())
+            EXPECT_GT(QFileInfo(entry["output"].toString()).size(), 0) << name;
+        else
+            errors.insert(name, entry["error"].toString());
+    }
+    EXPECT_EQ(successes, 6) << result.output.toStdString();
+    EXPECT_EQ(errors, (QMap<QString, QString>{
+                          {"empty.wav", "The file is empty."},
+                          {"text.mp3", "Unrecognized file format."},
+                          {"note.txt", "File type is blacklisted by a file extension filter."},
+                          {"cover.png", "The preset \"MP3\" does not convert files of the type picture."},
+                          {"pipe.wav", "This is no regular file."},
+                          {"gone.wav", "No such file or folder."},
+                      }));
+}
+
+TEST_F(KVConvertCommandTest, TakesFoldersAndNotWhatItWritesThere) {
+    QDir().mkpath(path("in/sub"));
+    tone("in/a.wav");
+    copies("in/a.wav", {"in/b.wav", "in/sub/c.wav"});
+    write("in/note.txt", "text");
+    ASSERT_TRUE(QFile::link(path("in"), path("in/sub/again")));
+
+    Result result = convert({"in", "in/a.wav"});
+    EXPECT_EQ(result.status, 0) << result.errors.toStdString();
+    EXPECT_EQ(result.array().size(), 2);
+    EXPECT_EQ(names("in/sub"), QStringList("c.wav"));
+
+    // Outputs go where folders are still to be read.
+    result = run({"convert", "--preset", "AAC", "--json", "--recursive", "--to", "in/sub", "in/a.wav", "in"});
+    EXPECT_EQ(result.status, 0) << result.errors.toStdString();
+    EXPECT_EQ(result.array().size(), 5) << "three sounds and the two of the run before";
+    EXPECT_EQ(run({"preferences", "get", "ZRRecursivelyProcessAllFolders"}).status, 1) << "for one run only";
+    EXPECT_EQ(run({"preferences", "get", "KVSaveToSourceFolder"}).status, 1);
+}
+
+TEST_F(KVConvertCommandTest, StitchesAllIntoOne) {
+    tone("a.wav", 0.5);
+    tone("b.wav", 1);
+    const Result result = convert({"--stitch", "a.wav", "b.wav"});
+    EXPECT_EQ(result.status, 0) << result.errors.toStdString();
+    ASSERT_EQ(result.array().size(), 1);
+    EXPECT_EQ(result.array()[0]["input"], (QJsonArray{path("a.wav"), path("b.wav")}));
+    EXPECT_NEAR(secondsOf(path("a.mp3")), 1.5, 0.2);
+    EXPECT_EQ(names(), QStringList({"a.mp3", "a.wav", "b.wav"}));
+}
+
+TEST_F(KVConvertCommandTest, MakesSoundOfVideosWithTheTrackThatIsChosen) {
+    KVTestMedia::make({"-f",         "lavfi", "-i",   "testsrc2=size=64x48:duration=0.4",
+                       "-f",         "lavfi", "-i",   "sine=duration=0.4",
+                       "-f",         "lavfi", "-i",   "sine=duration=0.4:sample_rate=8000",
+                       "-map",       "0",     "-map", "1",
+                       "-map",       "2",     "-c:a", "pcm_s16le",
+                       path("v.mkv")});
+    EXPECT_EQ(convert({"v.mkv", "--audio-track", "2"}).status, 0);
+    const QJsonArray probed = run({"probe", "--json", "v.mp3"}).array();
+    EXPECT_EQ(probed[0]["audioTracks"][0]["frequency"], 8000);
+    const Result first = convert({"v.mkv", "--no-questions"});
+    EXPECT_EQ(first.status, 0);
+    EXPECT_TRUE(first.errors.contains("more than one audio track")) << first.errors.toStdString();
+    EXPECT_EQ(convert({"v.mkv", "--audio-track", "0"}).array()[0]["error"], "The file has no audio track 0.");
+}
+
+TEST_F(KVConvertCommandTest, TellsOfADestinationThatCannotTakeAnything) {
+    tone("a.wav");
+    copies("a.wav", {"b.wav"});
+    Result result = convert({"--to", "nowhere", "a.wav", "b.wav"});
+    EXPECT_EQ(result.status, 1);
+    ASSERT_EQ(result.array().size(), 2);
+    EXPECT_TRUE(result.array()[1]["error"].toString().contains("nowhere is missing or cannot be written to"));
+    EXPECT_EQ(result.array()[1]["terminationStatus"], -1);
+
+    EXPECT_EQ(run({"preferences", "set", "KVSaveToSourceFolder", "false"}).status, 0);
+    result = convert({"a.wav"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(result.errors.contains("there is no destination folder")) << result.errors.toStdString();
+    EXPECT_EQ(names(), QStringList({"a.wav", "b.wav"}));
+    EXPECT_EQ(run({"preferences", "set", "ZRFixedDestinationBookmark", "."}).status, 0);
+    EXPECT_EQ(convert({"a.wav"}).array()[0]["output"], path("a.mp3"));
+}
+
+TEST_F(KVConvertCommandTest, TellsOfAFullDiskAndOfUnreadableFiles) {
+    tone("long.wav", 20);
+    const Result full = runShell(inSmallFileSystem(
+        "\"$0\" convert --preset WAV --json --to small long.wav; code=$?; ls small >&2; exit $code"));
+    if (full.errors.contains("unshare")) GTEST_SKIP() << "no file system of our own on this machine";
+    EXPECT_EQ(full.status, 1);
+    ASSERT_EQ(full.array().size(), 1) << full.output.toStdString() << full.errors.toStdString();
+    EXPECT_EQ(full.array()[0]["error"], "There is no more space left on the disk.");
+    EXPECT_FALSE(full.errors.endsWith("long.wav\n")) << "the partial output is gone";
+}
+
+TEST_F(KVConvertCommandTest, LeavesNothingWhereItIsInterrupted) {
+    tone("a.wav", 300);
+    copies("a.wav", {"b.wav", "c.wav"});
+    for (const int signal : {SIGINT, SIGTERM}) {
+        const auto process =
+            start({"convert", "--preset", "MP3", "--json", "a.wav", "b.wav", "c.wav"}, "started");
+        QElapsedTimer time;
+        time.start();
+        ASSERT_EQ(::kill(static_cast<pid_t>(process->processId()), signal), 0);
+        const Result result = finish(*process);
+        EXPECT_LT(time.elapsed(), 10000) << "it must not wait for the conversions";
+        EXPECT_EQ(result.status, 128 + signal);
+        EXPECT_EQ(names(), QStringList({"a.wav", "b.wav", "c.wav"}));
+        ASSERT_FALSE(result.array().isEmpty());
+        for (const QJsonValue entry : result.array()) {
+            EXPECT_EQ(entry["successful"], false);
+            EXPECT_TRUE(entry["output"].isNull());
+            EXPECT_EQ(entry["error"], "Cancelled.");
+        }
+    }
+}
+
+/// A tool that hears no interrupt, once it converts; it tells its number.
+constexpr auto deafTool = R"(
+case "$1" in
+-hide_banner) exec /usr/bin/ffmpeg "$@" ;;
+-i) exec /usr/bin/ffmpeg "$@" ;;
+esac
+trap '' INT TERM
+for output; do :; done
+echo $$ > "${output%/*}/pid"
+echo partial > "$output"
+while :; do sleep 0.1; done
+)";
+
+TEST_F(KVConvertCommandTest, KillsAToolThatHearsNoInterrupt) {
+    tone("a.wav");
+    useTool(deafTool);
+    const auto process = start({"convert", "--preset", "MP3", "a.wav"}, "started");
+    ASSERT_TRUE(runUntil([&] { return QFileInfo(path("pid")).size() > 0 && QFile::exists(path("a.mp3")); }));
+    ::kill(static_cast<pid_t>(process->processId()), SIGINT);
+    EXPECT_EQ(finish(*process).status, 130);
+    const auto pid = static_cast<pid_t>(read(path("pid")).trimmed().toInt());
+    EXPECT_TRUE(runUntil([&] { return ::kill(pid, 0) != 0; })) << "the tool is still there";
+    EXPECT_FALSE(QFile::exists(path("a.mp3")));
+}
+
+TEST_F(KVConvertCommandTest, EndsAtOnceOnTheSecondInterrupt) {
+    tone("a.wav");
+    useTool(deafTool);
+    const auto process = start({"convert", "--preset", "MP3", "a.wav"}, "started");
+    ASSERT_TRUE(runUntil([&] { return QFileInfo(path("pid")).size() > 0 && QFile::exists(path("a.mp3")); }));
+    ::kill(static_cast<pid_t>(process->processId()), SIGINT);
+    ::usleep(100'000);
+    ::kill(static_cast<pid_t>(process->processId()), SIGINT);
+    EXPECT_EQ(finish(*process).status, 130);
+    const auto pid = static_cast<pid_t>(read(path("pid")).trimmed().toInt());
+    EXPECT_TRUE(runUntil([&] { return ::kill(pid, 0) != 0; })) << "the tool is still there";
+    EXPECT_FALSE(QFile::exists(path("a.mp3")));
+}
+
+TEST_F(KVConvertCommandTest, SaysThatTheToolIsMissingOrWasKilled) {
+    tone("a.wav");
+    copies("a.wav", {"b.wav"});
+    useTool(R"(
+case "$*" in
+-hide_banner*|"-i "*) exec /usr/bin/ffmpeg "$@" ;;
+*a.wav*) kill -9 $$ ;;
+esac
+exec /usr/bin/ffmpeg "$@"
+)");
+    Result result = convert({"a.wav", "b.wav"});
+    EXPECT_EQ(result.status, 1);
+    ASSERT_EQ(result.array().size(), 2) << result.errors.toStdString();
+    EXPECT_EQ(result.array()[0]["error"], "The tool was ended by signal 9.");
+    EXPECT_EQ(result.array()[0]["terminationStatus"], 137);
+    EXPECT_EQ(result.array()[1]["successful"], true);
+    EXPECT_EQ(names(), QStringList({"a.wav", "b.mp3", "b.wav"}));
+
+    ASSERT_TRUE(QFile::remove(path(".prefix/share/kalvora/resources/ffmpeg")));
+    ASSERT_TRUE(QFile::link("/nonexistent/ffmpeg", path(".prefix/share/kalvora/resources/ffmpeg")));
+    result = convert({"a.wav"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(result.errors.contains("ffmpeg")) << result.errors.toStdString();
+    EXPECT_EQ(result.array().size(), 1);
+}
+
+TEST_F(KVConvertCommandTest, RunsBesideAnotherRunIntoTheSameFolder) {
+    tone("a.wav", 5);
+    QDir().mkpath(path("out"));
+    const QStringList words{"convert", "--preset", "MP3", "--json", "--to", "out", "a.wav"};
+    const auto first = start(words, "started");
+    const Result second = run(words);
+    const Result firstResult = finish(*first);
+    EXPECT_EQ(firstResult.status, 0);
+    EXPECT_EQ(second.status, 0);
+    EXPECT_EQ(names("out"), QStringList({"a.MP3.00.mp3", "a.mp3"}));
+    for (const QString &name : names("out"))
+        EXPECT_NEAR(secondsOf(path("out/" + name)), 5, 0.3) << name;
+}
+
+} // namespace
