@@ -66,12 +66,12 @@ QString KVPrintableText::truncated(const QString &text, int maximumWidth) {
     if (width(text) <= maximumWidth) return text;
     if (maximumWidth < 1) return {};
     const auto characters = text.toUcs4();
-    const qsizetype head = fitting(characters, maximumWidth / 2, false);
-    const qsizetype tail = fitting(characters, maximumWidth - maximumWidth / 2 - 1, true);
     const auto part = [&](qsizetype first, qsizetype count) {
         return QString::fromUcs4(reinterpret_cast<const char32_t *>(characters.constData()) + first, count);
     };
-    return part(0, head) + QChar(0x2026) + part(characters.size() - tail, tail);
+    const QString head = part(0, fitting(characters, maximumWidth / 2, false));
+    const qsizetype tailLength = fitting(characters, maximumWidth - width(head) - 1, true);
+    return head + QChar(0x2026) + part(characters.size() - tailLength, tailLength);
 }
 
 QString KVPrintableText::padded(const QString &text, int wanted) {

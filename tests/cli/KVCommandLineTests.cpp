@@ -73,9 +73,9 @@ TEST_F(KVCommandLineTest, HelpsEverywhere) {
     for (const QString command : {"", "probe", "presets", "arguments", "convert", "preferences", "start",
                                   "pause", "select-preset", "add"}) {
         const Result result = run({command, "--help"});
-        EXPECT_EQ(result.status, 0) << command;
-        EXPECT_TRUE(result.output.contains("Usage:")) << command;
-        EXPECT_TRUE(result.output.contains(command.toUtf8())) << command;
+        EXPECT_EQ(result.status, 0) << command.toStdString();
+        EXPECT_TRUE(result.output.contains("Usage:")) << command.toStdString();
+        EXPECT_TRUE(result.output.contains(command.toUtf8())) << command.toStdString();
     }
     const QByteArray bare = "env -i LC_ALL=C HOME=/nonexistent \"$0\" convert --bogus --help";
     EXPECT_EQ(runShell(bare).status, 0);
@@ -126,7 +126,7 @@ TEST_F(KVCommandLineTest, ReadsValues) {
     EXPECT_EQ(KVValueText::parse("-7"), QVariant(qint64{-7}));
     EXPECT_EQ(KVValueText::parse("2.50"), QVariant(2.5));
     for (const QString text : {"True", "", " 1", "1 ", "0x10", "inf", "nan", "1,5", "12kbit"})
-        EXPECT_EQ(KVValueText::parse(text), QVariant(text)) << text;
+        EXPECT_EQ(KVValueText::parse(text), QVariant(text)) << text.toStdString();
 }
 
 TEST_F(KVCommandLineTest, FindsTheNearestNames) {
@@ -168,7 +168,7 @@ TEST_F(KVCommandLineTest, DrawsOneSentenceFromWhatAToolPrints) {
         error.taskArguments = QStringList("-y");
         error.taskOutput = row.output;
         error.terminationStatus = row.status;
-        EXPECT_EQ(KVFailureText(error), row.text) << row.output;
+        EXPECT_EQ(KVFailureText(error), row.text) << row.output.toStdString();
     }
 }
 

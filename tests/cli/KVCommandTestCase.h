@@ -9,6 +9,10 @@
 #include <QProcess>
 #include <QStringList>
 
+inline void PrintTo(const QJsonValue &value, std::ostream *out) {
+    *out << QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact).toStdString();
+}
+
 /// Runs of the real `kalvoractl` as a child, each in the test's folder and with a home of the test's own.
 class KVCommandTestCase : public KVTestCase {
   protected:
@@ -18,8 +22,8 @@ class KVCommandTestCase : public KVTestCase {
         QByteArray errors;
 
         QJsonDocument json() const { return QJsonDocument::fromJson(output); }
-        QJsonObject object() const { return json().object(); }
-        QJsonArray array() const { return json().array(); }
+        const QJsonObject object() const { return json().object(); }
+        const QJsonArray array() const { return json().array(); }
         QList<QByteArray> errorLines() const;
     };
 

@@ -27,7 +27,7 @@ TEST_F(KVProbeCommandTest, TellsEveryKindOfFileInOrder) {
     EXPECT_NEAR(clip["seconds"].toDouble(), 1, 0.1);
     EXPECT_EQ(clip["selectedAudioTrack"], 1);
     EXPECT_EQ(clip["selectedVideoTrack"], 0);
-    const QJsonObject picture = clip["videoTracks"][0].toObject();
+    const QJsonObject picture = clip["videoTracks"].toArray()[0].toObject();
     EXPECT_EQ(picture.keys(), QStringList({"bitrate", "format", "framesPerSecond", "height", "numberOfFrames",
                                            "trackNumber", "width"}));
     EXPECT_EQ(picture["width"], 64);
@@ -76,7 +76,7 @@ TEST_F(KVPresetsCommandTest, ListsPresetsWithTheirSettings) {
                                        "threadCountArgument", "type"}));
     EXPECT_EQ(mp3["class"], "KVMP3Preset");
     EXPECT_EQ(mp3["pathExtension"], "mp3");
-    EXPECT_EQ(mp3["settings"]["ZRPresetClass"], "Kalvora.KVMP3Preset");
+    EXPECT_EQ(mp3["settings"].toObject()["ZRPresetClass"], "Kalvora.KVMP3Preset");
     EXPECT_TRUE(mp3["fileType"].isNull());
     EXPECT_TRUE(run({"presets"}).output.contains("\nMP3 "));
 }
@@ -127,7 +127,7 @@ TEST_F(KVArgumentsCommandTest, TellsWhatAConversionRunsAndRunsNothing) {
         list += element.toString();
     EXPECT_EQ(list.first(), "-y");
     EXPECT_EQ(list.last(), path("it's.mp3"));
-    EXPECT_TRUE(list.join(' ').contains("-b:a:0 96k")) << list.join(' ');
+    EXPECT_TRUE(list.join(' ').contains("-b:a:0 96k")) << list.join(' ').toStdString();
     EXPECT_TRUE(list.contains("22050"));
     EXPECT_EQ(names(), QStringList("it's.wav"));
 
