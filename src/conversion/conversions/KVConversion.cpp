@@ -1,6 +1,7 @@
 #include "conversion/conversions/KVConversion.h"
 
 #include "conversion/conversions/KVAudioConversion.h"
+#include "conversion/conversions/KVDVDConversion.h"
 #include "conversion/conversions/KVPictureConversion.h"
 #include "conversion/conversions/KVVideoConversion.h"
 #include "kvcore/KVFatalError.h"
@@ -20,6 +21,7 @@ KVConversion::conversionWithMediaFile(const std::shared_ptr<KVMediaFile> &file) 
     case KVMediaFileType::picture:
         return std::make_shared<KVPictureConversion>(files);
     case KVMediaFileType::dvd:
+        return std::make_shared<KVDVDConversion>(files);
     case KVMediaFileType::none:
         break;
     }

@@ -1,8 +1,79 @@
 #include "conversion/conversions/KVVideoConversion.h"
 
+#include "conversion/conversions/KVDVDAuthoringDocument.h"
+#include "conversion/conversions/KVDVDAuthoringProgress.h"
+#include "conversion/conversions/KVDiscTool.h"
+#include "core/KVHistoryCenter.h"
+#include "kvcore/KVFatalError.h"
 #include "kvcore/KVLocalizationCenter.h"
+#include "kvcore/KVLog.h"
 #include "kvcore/KVMainThread.h"
+#include "kvcore/KVText.h"
+#include "platform/KVFileManager.h"
+#include "platform/KVUserQuestions.h"
+#include "presets/video/other/KVDVDPreset.h"
+#include "util/KVOutputClaim.h"
+#include "util/KVPreferenceKeys.h"
+#include "util/KVTempDirectory.h"
 #include "video_info/media_file/KVVideoFile.h"
+
+#include <QFile>
+#include <QTextBoundaryFinder>
+
+#include <algorithm>
+#include <chrono>
+
+namespace {
+
+const char *const unnamedDisc = "Kalvora DVD";
+
+bool isASCIILetterOrDigit(QChar character) {
+    return character.unicode() < 128 && character.isLetterOrNumber();
+}
+
+} // namespace
+
+// The plan
+
+void KVVideoConversion::start() {
+    const auto files = mediaFiles();
+    if (dvdName() == unnamedDisc && !files.isEmpty())
+        setDVDName(
+            KVFileManager::deletingPathExtension(KVFileManager::lastPathComponent(files.first()->url())));
+    KVAudioConversion::start();
+}
+
+void KVVideoConversion::main() {
+    KVAudioConversion::main();
+    // The parts of a disc are large, and nothing needs them any more.
+    if (_stitchingTemporaryURL) KVFileManager::removeItem(*_stitchingTemporaryURL);
+}
+
+int KVVideoConversion::numberOfTasks() const {
+    return _dvdPreset() ? static_cast<int>(mediaFiles().size()) + 2 : 1;
+}
+
+bool KVVideoConversion::performTaskNumber(int number) {
+    const auto preset = _dvdPreset();
+    if (!preset) return KVAudioConversion::performTaskNumber(number);
+
+    if (number == 0) {
+        _stitchingTemporaryURL =
+            KVFileManager::appendingPathComponent(KVTempDirectoryURL(), KVFileManager::uniqueName());
+        KVFileManager::createDirectory(*_stitchingTemporaryURL);
+    }
+
+    const auto files = mediaFiles();
+    if (number < files.size()) return convertFiles({files[number]}, *_stitchingTemporaryURL, preset, false);
+    if (number == files.size()) return _authorDVD();
+    if (number == files.size() + 1) return _createISOImage();
+    KVLog("There is no task " + QString::number(number));
+    return false;
+}
+
+std::shared_ptr<KVDVDPreset> KVVideoConversion::_dvdPreset() const {
+    return std::dynamic_pointer_cast<KVDVDPreset>(presetInForce());
+}
 
 void KVVideoConversion::_handleTaskOutputForMediaFiles(const KVAudioFileList &files) {
     const auto video = files.isEmpty() ? nullptr : std::dynamic_pointer_cast<KVVideoFile>(files.first());
@@ -14,4 +85,185 @@ void KVVideoConversion::_handleTaskOutputForMediaFiles(const KVAudioFileList &fi
         });
     }
     KVAudioConversion::_handleTaskOutputForMediaFiles(files);
+}
+
+// Authoring
+
+bool KVVideoConversion::_authorDVD() {
+    setStatusString(KVLocalizationCenter::localized("Putting files together"));
+    const auto tool = std::make_shared<KVDiscTool>("dvdauthor", "dvdauthor");
+    auto files = KVFileManager::contentsOfDirectory(*_stitchingTemporaryURL).value_or(QList<QUrl>());
+    files.removeIf([](const QUrl &file) { return KVFileManager::pathExtension(file) != "vob"; });
+    const QUrl description =
+        KVFileManager::appendingPathComponent(*_stitchingTemporaryURL, KVFileManager::uniqueName() + ".xml");
+    QFile document(description.toLocalFile());
+    if (document.open(QFile::WriteOnly)) document.write(KVDVDAuthoringDocument::forFiles(files));
+    document.close(); // without it the tool says what is missing
+
+    tool->process().setArguments({"-x", description.toLocalFile(), "-o", _dvdFolderURL().toLocalFile()});
+    tool->process().setEnvironment({{"VIDEO_FORMAT", _videoFormatOfDisc()}});
+    _setDiscTool(tool);
+    if (const auto handle = tool->launch()) _processDVDAuthoringTaskOutputFromFileHandle(*tool, *handle);
+    const int status = tool->waitUntilExit();
+    _setDiscTool(nullptr);
+    progressOfCurrentTask = 1;
+    notifyDelegatesAboutProgress();
+    if (status != 0) _recordToolError(*tool, status);
+    return status == 0;
+}
+
+QString KVVideoConversion::_videoFormatOfDisc() const {
+    const auto preset = _dvdPreset();
+    if (!preset) KVFatalError("A disc is authored with a preset for discs!");
+    const double framerate = preset->framerate;
+    const bool isNTSC =
+        framerate != 25.0 &&
+        (framerate == 29.97 || KVPreferences::shared().boolean(KVPreferenceKeys::UsesNTSCFormat, false));
+    return isNTSC ? "NTSC" : "PAL";
+}
+
+void KVVideoConversion::_processDVDAuthoringTaskOutputFromFileHandle(KVDiscTool &tool, KVFileHandle &handle) {
+    KVDVDAuthoringProgress progress;
+    tool.read(handle, [&](const QString &chunk) {
+        KVLog(chunk);
+        const auto value = progress.value(chunk);
+        if (!value) return;
+        KVLog("DVDAuthorTask: Setting progress to " + QString::number(*value));
+        progressOfCurrentTask = *value / 3.0;
+        notifyDelegatesAboutProgress();
+    });
+    progressOfCurrentTask = 1;
+    notifyDelegatesAboutProgress();
+}
+
+QUrl KVVideoConversion::_dvdFolderURL() const {
+    return KVFileManager::appendingPathComponent(*_stitchingTemporaryURL, _dvdVolumeName());
+}
+
+QString KVVideoConversion::_dvdVolumeName() const {
+    constexpr qsizetype longestName = 32;
+    const QString name = dvdName().toUpper();
+    QString volumeName;
+    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, name);
+    for (qsizetype begin = 0, end = 0; (end = characters.toNextBoundary()) > 0; begin = end)
+        volumeName += end - begin == 1 && isASCIILetterOrDigit(name[begin]) ? name[begin] : QChar('_');
+    return volumeName.left(longestName);
+}
+
+// The image
+
+bool KVVideoConversion::_createISOImage() {
+    const auto image = _image();
+    if (!image) return _refuseImage();
+
+    const auto tool = std::make_shared<KVDiscTool>("mkisofs", "genisoimage");
+    tool->process().setArguments({"-dvd-video", "-V", _dvdVolumeName(), "-o", image->url.toLocalFile(),
+                                  _dvdFolderURL().toLocalFile()});
+    tool->process().setStandardOutput(KVProcess::Stream::nullDevice);
+    KVLog("ISO Creator Launch Path: " + tool->process().launchPath());
+    KVLog("ISO Creator Arguments: " + tool->process().arguments().join(' '));
+    _setDiscTool(tool);
+    const int status = _runImageTool(*tool);
+    _setDiscTool(nullptr);
+    setOutputURL(image->url);
+    KVLog("ISO Task exited with status " + QString::number(status));
+    return _endImage(*image, *tool, status);
+}
+
+int KVVideoConversion::_runImageTool(KVDiscTool &tool) {
+    using Clock = std::chrono::steady_clock;
+    const auto handle = tool.launch();
+    const auto launched = Clock::now();
+    if (handle)
+        tool.read(*handle, [&](const QString &chunk) {
+            const double percent = KVText::doubleValue(KVText::trimmingWhitespace(chunk));
+            const double elapsed = std::chrono::duration<double>(Clock::now() - launched).count();
+            progressOfCurrentTask = percent / 100;
+            estimatedTime = elapsed * (100 - percent) / percent;
+            notifyDelegatesAboutProgress();
+        });
+    return tool.waitUntilExit();
+}
+
+bool KVVideoConversion::_endImage(const Image &image, KVDiscTool &tool, int status) {
+    if (status == 0) {
+        if (image.claim) image.claim->keep();
+        KVMainThread::syncOrNow([&] { KVHistoryCenter::shared().addFile(image.url, KVMediaFileType::dvd); });
+        return true;
+    }
+    if (!image.claim) KVFileManager::removeItem(image.url); // half of what the user said to replace
+    setStatusString(KVLocalizationCenter::localized("Error converting."));
+    progressOfCurrentTask = 1;
+    notifyDelegatesAboutProgress();
+    _recordToolError(tool, status);
+    return false;
+}
+
+bool KVVideoConversion::_refuseImage() {
+    setStatusString(KVLocalizationCenter::localized("User cancelled."));
+    progressOfCurrentTask = 1;
+    notifyDelegatesAboutProgress();
+    return false;
+}
+
+/// Settles where the image goes; nothing when the user gives no place.
+std::optional<KVVideoConversion::Image> KVVideoConversion::_image() const {
+    const auto folder = _imageFolder();
+    if (!folder) return std::nullopt;
+    QString name = dvdName() + ".iso";
+    auto attempt = KVOutputClaim::attempt(KVFileManager::appendingPathComponent(*folder, name));
+    for (int counter = 1; attempt.outcome == KVOutputClaim::Outcome::nameTaken; ++counter) {
+        // A percent sign in the disc's name counts as a conversion.
+        name = KVText::format(dvdName() + " %02li.iso", {counter});
+        attempt = KVOutputClaim::attempt(KVFileManager::appendingPathComponent(*folder, name));
+    }
+    const QUrl url = attempt.claim->url();
+    if (KVFileManager::isWritable(KVFileManager::deletingLastPathComponent(url)))
+        return Image{url, attempt.claim};
+
+    KVSavePanel panel;
+    panel.directory = *folder;
+    panel.proposedName = KVFileManager::lastPathComponent(url);
+    panel.allowedExtensions = {"iso"};
+    const auto chosen = KVUserQuestion::runModalOnMainThread(panel);
+    if (!chosen) return std::nullopt;
+    return Image{*chosen, KVOutputClaim::attempt(*chosen).claim};
+}
+
+std::optional<QUrl> KVVideoConversion::_imageFolder() const {
+    if (KVPreferences::shared().boolean(KVPreferenceKeys::SaveToSourceFolder, true))
+        return KVFileManager::deletingLastPathComponent(mediaFiles().first()->url());
+    if (auto folder = queue()->outputDirectoryURL()) return folder;
+    const auto chosen = KVUserQuestion::runModalOnMainThread(KVOpenPanel());
+    return chosen.isEmpty() ? std::nullopt : std::optional(chosen.first());
+}
+
+// The tools
+
+void KVVideoConversion::killChildren() {
+    KVAudioConversion::killChildren();
+    const std::scoped_lock lock(_discMutex);
+    _isQuitting = true;
+    if (_discTool) _discTool->kill();
+}
+
+void KVVideoConversion::_setDiscTool(const std::shared_ptr<KVDiscTool> &tool) {
+    const std::scoped_lock lock(_discMutex);
+    _discTool = tool;
+    if (tool && _isQuitting) tool->kill();
+}
+
+void KVVideoConversion::_recordToolError(KVDiscTool &tool, int status) const {
+    if (tool.wasKilled()) return; // the program is quitting
+    _recordError(tool.process().arguments(), tool.output(), status);
+}
+
+QString KVVideoConversion::dvdName() const {
+    const std::scoped_lock lock(_discMutex);
+    return _dvdName;
+}
+
+void KVVideoConversion::setDVDName(const QString &name) {
+    const std::scoped_lock lock(_discMutex);
+    _dvdName = name;
 }
