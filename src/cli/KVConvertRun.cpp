@@ -178,8 +178,9 @@ void KVConvertRun::_didEnd(const Conversion &conversion, bool isSuccessful) {
     }
     _display->remove(conversion);
     if (row->start) row->seconds = std::chrono::duration<double>(Clock::now() - *row->start).count();
-    // A conversion that is cancelled between two tasks counts as successful, but it has made nothing.
-    row->isSuccessful = isSuccessful && !conversion->isCancelled();
+    // A conversion that is cancelled between two tasks counts as successful, but it has made nothing;
+    // and so does one whose later task failed.
+    row->isSuccessful = isSuccessful && !conversion->isCancelled() && !conversion->hasFailed();
     row->error = _takeError(conversion);
     ++_numberOfEnded;
     _updateCounts();

@@ -1,6 +1,7 @@
 #include "support/KVEngineTestCase.h"
 
 #include "platform/KVResources.h"
+#include "tasks/KVHardwareAcceleration.h"
 
 #include <csignal>
 
@@ -10,7 +11,7 @@ const QByteArray script = R"(
 case "$*" in *"-h full"*) exit 0;; esac
 source=; output=; previous=
 for argument; do
-    [ "$previous" = -i ] && source=$argument
+    [ "$previous" = -i ] && source=${source:-$argument}
     previous=$argument
 done
 output=$previous
@@ -38,6 +39,7 @@ void KVEngineTestCase::SetUp() {
     write("resources/fonts.conf", "<fontconfig/>");
     writeScript("resources/ffmpeg", script);
     KVResources::setDirectory(path("resources"));
+    KVHardwareAcceleration::setResult(false);
     recorder = std::make_shared<KVQueueRecorder>();
     queue()->appendDelegate(recorder);
     KVErrorCenter::shared().setErrorObserver([this](const KVConversionError &error) {

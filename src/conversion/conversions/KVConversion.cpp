@@ -53,7 +53,9 @@ void KVConversion::main() {
     if (!queue()) KVFatalError("A conversion cannot run without its queue!");
 
     // A conversion that was cancelled between two tasks, or before the first, ends well.
-    if (_performAllTasks()) {
+    _hasFailed = !_performAllTasks();
+    _tasksDidEnd();
+    if (!_hasFailed) {
         conversionWasSuccessful = true;
         setStatusString(KVLocalizationCenter::localized("Done."));
     }

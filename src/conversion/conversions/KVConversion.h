@@ -80,6 +80,9 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
     virtual void killChildren() {}
     bool isCancelled() const { return _isCancelled; }
     bool isExecuting() const { return _isExecuting; }
+    /// True once a task has failed. `conversionWasSuccessful` may say otherwise: it keeps an earlier task's
+    /// success.
+    bool hasFailed() const { return _hasFailed; }
     bool isFinished() const { return state == KVConversionState::finished; }
     void waitUntilFinished();
 
@@ -100,6 +103,8 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
 
   protected:
     virtual void main();
+    /// Whatever way the tasks have ended, before anyone is told. Worker thread.
+    virtual void _tasksDidEnd() {}
 
     /// Posts to the main thread, without waiting, a call on every delegate.
     void
@@ -120,6 +125,7 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
     bool _hasFinished = false;
     std::atomic<bool> _isCancelled = false;
     std::atomic<bool> _isExecuting = false;
+    std::atomic<bool> _hasFailed = false;
     std::atomic<double> _newestProgress = 0; ///< What the delivery that is under way will carry.
     std::atomic<bool> _isProgressDeliveryPending = false;
 };

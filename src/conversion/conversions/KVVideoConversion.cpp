@@ -43,8 +43,7 @@ void KVVideoConversion::start() {
     KVAudioConversion::start();
 }
 
-void KVVideoConversion::main() {
-    KVAudioConversion::main();
+void KVVideoConversion::_tasksDidEnd() {
     // The parts of a disc are large, and nothing needs them any more.
     if (_stitchingTemporaryURL) KVFileManager::removeItem(*_stitchingTemporaryURL);
 }

@@ -25,7 +25,7 @@ class KVVideoConversion : public KVAudioConversion {
     void killChildren() override;
 
   protected:
-    void main() override;
+    void _tasksDidEnd() override;
 
     using KVAudioConversion::_handleTaskOutputForMediaFiles;
     void _handleTaskOutputForMediaFiles(const KVAudioFileList &files) override;
