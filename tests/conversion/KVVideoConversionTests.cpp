@@ -271,9 +271,10 @@ TEST_F(KVVideoConversionTest, SaysThatSubtitlesArePreparedForAMoment) {
     EXPECT_EQ(row->numberOfTasks(), 1);
     file->subtitlesFileURL = url("endless.srt");
     write("endless.srt", "1\n00:00:00,000 --> 00:00:01,000\nWords\n");
+    videoQueue()->appendDelegate(recorder);
     videoQueue()->start();
-    pidOf("endless");
-    EXPECT_TRUE(runUntil([&] { return row->statusString() == "Preparing subtitles..."; }));
+    EXPECT_TRUE(runUntil([&] { return recorder->statusUpdates > 0; }));
+    EXPECT_EQ(recorder->statusTexts.first(), "Preparing subtitles...");
     EXPECT_TRUE(waitFor([&] { return row->statusString().isEmpty(); }));
 }
 

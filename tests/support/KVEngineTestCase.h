@@ -14,8 +14,11 @@ class KVQueueRecorder : public KVConversionQueueDelegate {
     QStringList events;
     int statusUpdates = 0;
 
-    void conversionQueueConversionDidUpdateStatus(const Queue &, const Conversion &) override {
+    QStringList statusTexts; ///< Of every update.
+
+    void conversionQueueConversionDidUpdateStatus(const Queue &, const Conversion &conversion) override {
         ++statusUpdates;
+        statusTexts += conversion->statusString();
     }
     void conversionQueueDidFailConversion(const Queue &, const Conversion &conversion) override {
         _note("fail ", conversion);
