@@ -306,6 +306,7 @@ TEST_F(KVProcessTest, DoesNotLetAChildOutliveAProgramThatIsKilled) {
     ::kill(program, SIGKILL);
     EXPECT_EQ(::waitpid(program, nullptr, 0), program);
     EXPECT_TRUE(watched.endsWithin(longTime));
+    watched.kill(); // should it have failed
     ::close(ends[0]);
     ::close(ends[1]);
 }
