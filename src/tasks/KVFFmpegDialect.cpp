@@ -2,6 +2,7 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -31,6 +32,18 @@ struct Word {
 constexpr std::array words{
     Word{"-flags", "4mv", "mv4", nullptr},
     Word{"-me_method", "epzs", "dia", "libx264"}, // the same search pattern
+};
+
+/// A value of ours that means that nothing is set; this encoder refuses it, and has its own default without
+/// it.
+struct Unset {
+    const char *option;
+    const char *value;
+    const char *videoEncoder;
+};
+
+constexpr std::array unset{
+    Unset{"-level", "0", "libx264"},
 };
 
 /// An option of ours that tools write in another way.
@@ -71,6 +84,13 @@ QString nameForTool(const QString &option) {
     return option;
 }
 
+bool isUnset(const QString &option, const QString &value, const QString &encoder) {
+    return std::ranges::any_of(unset, [&](const Unset &row) {
+        return option == QLatin1String(row.option) && value == QLatin1String(row.value) &&
+               encoder == QLatin1String(row.videoEncoder);
+    });
+}
+
 } // namespace
 
 QStringList KVFFmpegDialect::argumentsForTool(const QStringList &arguments,
@@ -90,6 +110,7 @@ QStringList KVFFmpegDialect::argumentsForTool(const QStringList &arguments,
         }
         if (optionsWithPlainValue().contains(option) && isOption(arguments.at(i + 1))) continue;
         const QString &value = arguments.at(++i);
+        if (isUnset(option, value, encoder)) continue;
         if (isKnown) said << nameForTool(option) << valueForTool(option, value, encoder);
     }
     return said;

@@ -62,6 +62,8 @@ TEST_F(KVFFmpegDialectTest, SaysInTheToolsWordsWhatItKnowsByAnotherName) {
         {"before the encoder is named", "-me_method epzs -c:v libx264", "-me_method dia -c:v libx264"},
         {"another search", "-c:v libx264 -me_method umh", "-c:v libx264 -me_method umh"},
         {"another encoder", "-c:v mpeg4 -me_method epzs", "-c:v mpeg4 -me_method epzs"},
+        {"a level that is none", "-c:v libx264 -level 0 -bf 0", "-c:v libx264 -bf 0"},
+        {"a level", "-c:v libx264 -level 10", "-c:v libx264 -level 10"},
         {"a filter of the picture", "-bsf h264_mp4toannexb -bsf:a x", "-bsf:v h264_mp4toannexb -bsf:a x"},
         {"not an option's value", "-i epzs -y 4mv", "-i epzs -y 4mv"},
     };
