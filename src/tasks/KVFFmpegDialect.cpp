@@ -46,6 +46,21 @@ constexpr std::array unset{
     Unset{"-level", "0", "libx264"},
 };
 
+/// What a tool has to be told beside an option of ours, so that it does what ours means.
+struct Addition {
+    const char *option;
+    const char *videoEncoder; ///< With this encoder alone; null: with all.
+    const char *added;
+    const char *value; ///< Of the added option; null: it stands alone.
+};
+
+constexpr std::array additions{
+    // The tracks keep their distance; how late the source begins is not meant.
+    Addition{"-copyts", nullptr, "-start_at_zero", nullptr},
+    // All of our profiles take this alone, and the encoder stops when the source gives it anything else.
+    Addition{"-profile", "libx264", "-pix_fmt", "yuv420p"},
+};
+
 /// An option of ours that tools write in another way.
 struct Name {
     const char *ours;
@@ -64,6 +79,13 @@ bool isOption(const QString &argument) {
 QString videoEncoder(const QStringList &arguments) {
     const qsizetype option = arguments.lastIndexOf("-c:v");
     return option < 0 ? QString() : arguments.value(option + 1);
+}
+
+/// What stands before the input. A picture that is copied needs its timestamps, of which some containers
+/// leave out those that can be worked out.
+QStringList inputOptions(const QString &encoder, const KVFFmpegCapabilities &capabilities) {
+    if (encoder != "copy" || !capabilities.isKnown("-fflags")) return {};
+    return {"-fflags", "+genpts"};
 }
 
 /// `value` with each of its words ("+loop+4mv" has two) as the tool says it.
@@ -91,11 +113,26 @@ bool isUnset(const QString &option, const QString &value, const QString &encoder
     });
 }
 
+/// What stands behind `option` and is not part of our list.
+QStringList additionsTo(const QString &option, const QString &encoder,
+                        const KVFFmpegCapabilities &capabilities) {
+    QStringList added;
+    for (const Addition &row : additions) {
+        if (option != QLatin1String(row.option)) continue;
+        if (row.videoEncoder && encoder != QLatin1String(row.videoEncoder)) continue;
+        if (!capabilities.isKnown(row.added)) continue;
+        added << row.added;
+        if (row.value) added << row.value;
+    }
+    return added;
+}
+
 } // namespace
 
 QStringList KVFFmpegDialect::argumentsForTool(const QStringList &arguments,
                                               const KVFFmpegCapabilities &capabilities) {
     const QString encoder = videoEncoder(arguments);
+    const qsizetype firstInput = arguments.indexOf("-i");
     QStringList said;
     for (qsizetype i = 0; i < arguments.size(); i++) {
         const QString &option = arguments.at(i);
@@ -105,13 +142,16 @@ QStringList KVFFmpegDialect::argumentsForTool(const QStringList &arguments,
         }
         const bool isKnown = capabilities.isKnown(option);
         if (optionsWithoutValue().contains(option) || i + 1 == arguments.size()) {
-            if (isKnown) said.append(option);
+            if (isKnown) said << option << additionsTo(option, encoder, capabilities);
             continue;
         }
         if (optionsWithPlainValue().contains(option) && isOption(arguments.at(i + 1))) continue;
         const QString &value = arguments.at(++i);
         if (isUnset(option, value, encoder)) continue;
-        if (isKnown) said << nameForTool(option) << valueForTool(option, value, encoder);
+        if (i - 1 == firstInput) said += inputOptions(encoder, capabilities);
+        if (isKnown)
+            said << nameForTool(option) << valueForTool(option, value, encoder)
+                 << additionsTo(option, encoder, capabilities);
     }
     return said;
 }

@@ -10,7 +10,8 @@
 namespace KVFFmpegDialect {
 
 /// The list as this tool takes it: an option that it does not know is left out with its value, another word
-/// is used where the tool has another word for the same thing.
+/// is used where the tool has another word for the same thing, and what the tool has to be told besides is
+/// added.
 QStringList argumentsForTool(const QStringList &arguments, const KVFFmpegCapabilities &capabilities);
 
 /// Probe text in the form that the parsers know, whichever version printed it: a display matrix rotated by 90

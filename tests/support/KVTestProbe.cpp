@@ -80,11 +80,13 @@ KVTestProbe::File KVTestProbe::probe(const QString &path) {
 }
 
 QImage KVTestProbe::middleFrame(const QString &path, double seconds) {
+    // clang-format off
     return QImage::fromData(
-        outputOf("ffmpeg", {"-v", "error", "-nostdin", "-ss", QString::number(seconds / 2), "-i", path, "-vf",
-                            "scale=round(iw*sar):ih,setsar=1", "-frames:v", "1", "-f", "image2pipe", "-c:v",
-                            "png", "-"}),
+        outputOf("ffmpeg", {"-v", "error", "-nostdin", "-i", path, "-ss", QString::number(seconds / 2),
+                            "-vf", "scale=round(iw*sar):ih,setsar=1", "-frames:v", "1",
+                            "-f", "image2pipe", "-c:v", "png", "-"}),
         "PNG");
+    // clang-format on
 }
 
 QString KVTestProbe::squareFilter(const QString &size, double seconds, int framesPerSecond) {

@@ -49,7 +49,7 @@ TEST_F(KVFFmpegDialectTest, LeavesOutWhatTheToolDoesNotKnow) {
 }
 
 TEST_F(KVFFmpegDialectTest, SaysInTheToolsWordsWhatItKnowsByAnotherName) {
-    const auto tool = knowing("y i c bsf", "flags me_method");
+    const auto tool = knowing("y i c bsf", "flags me_method level bf");
     struct Row {
         const char *what, *ours, *expected;
     };
@@ -69,6 +69,24 @@ TEST_F(KVFFmpegDialectTest, SaysInTheToolsWordsWhatItKnowsByAnotherName) {
     };
     for (const Row &row : rows)
         EXPECT_EQ(said(row.ours, tool), row.expected) << row.what;
+}
+
+TEST_F(KVFFmpegDialectTest, AddsWhatTheToolNeedsToDoWhatOursMeans) {
+    struct Row {
+        const char *what, *ours, *expected;
+    };
+    const std::vector<Row> rows{
+        {"a late beginning", "-copyts -bf 0", "-copyts -start_at_zero -bf 0"},
+        {"a profile of eight bits", "-c:v libx264 -profile high -bf 0",
+         "-c:v libx264 -profile high -pix_fmt yuv420p -bf 0"},
+        {"a picture that is copied", "-y -i /a -i /b -c:v copy /c",
+         "-y -fflags +genpts -i /a -i /b -c:v copy /c"},
+        {"another encoder's profile", "-c:v prores -profile high -bf 0", "-c:v prores -profile high -bf 0"},
+    };
+    const auto tool = knowing("y i c copyts start_at_zero profile", "bf fflags pix_fmt");
+    for (const Row &row : rows)
+        EXPECT_EQ(said(row.ours, tool), row.expected) << row.what;
+    EXPECT_EQ(said("-copyts -bf 0", knowing("c copyts", "bf")), "-copyts -bf 0") << "a tool that cannot";
 }
 
 TEST_F(KVFFmpegDialectTest, ToolThatCouldNotBeAskedGetsOurOptionsAsTheyAre) {
