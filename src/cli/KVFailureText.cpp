@@ -40,6 +40,7 @@ QString textWithoutTask(const KVConversionError &error) {
 } // namespace
 
 QString KVFailureText(const KVConversionError &error) {
+    if (!error.reason.isEmpty()) return error.reason;
     if (error.taskArguments.isEmpty() && !error.mediaFiles.isEmpty() && error.terminationStatus == -1)
         return textWithoutTask(error);
     if (error.taskOutput.contains(QLatin1String("No space left on device")))

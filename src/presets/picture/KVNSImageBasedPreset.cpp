@@ -10,10 +10,32 @@
 #include "presets/picture/KVPictureWriter.h"
 #include "util/KVHiddenOutput.h"
 #include "util/KVPictureLibrary.h"
+#include "util/KVThreadCount.h"
 #include "util/picture/KVPictureSource.h"
 #include "video_info/media_file/KVPictureFile.h"
 
+#include <algorithm>
+#include <atomic>
+
 namespace {
+
+/// Counts the pictures that are being converted side by side, so that together they keep the processors that
+/// the program may use busy and no more.
+class RunningPicture {
+  public:
+    RunningPicture() { ++_count; }
+    ~RunningPicture() { --_count; }
+    RunningPicture(const RunningPicture &) = delete;
+    RunningPicture &operator=(const RunningPicture &) = delete;
+
+    static int threads() {
+        const int processors = KVThreadCount(KVProcessInfo::activeProcessorCount(), 1);
+        return std::max(processors / std::max(_count.load(), 1), 1);
+    }
+
+  private:
+    static inline std::atomic<int> _count = 0;
+};
 
 /// Why the library could not go on.
 KVError unconvertible(const std::exception &error) {
@@ -70,9 +92,11 @@ KVResult<void> KVNSImageBasedPreset::_encode(const KVPictureSource &source, cons
     const KVSize size = scaledSize(source.uprightSize());
     if (!KVPictureSource::isWithinLimit(size) || std::max(size.width, size.height) > format.maximumSide)
         return failed("Failed to get TIFF image representation.", KVPictureSource::tooLarge(size));
+    const RunningPicture running;
     try {
-        KVPictureWriter::write(KVPictureRendering::render(source, size, format), imageFileType(),
-                               properties(), output);
+        auto picture = KVPictureRendering::render(source, size, format);
+        picture.set(VIPS_META_CONCURRENCY, RunningPicture::threads());
+        KVPictureWriter::write(picture, imageFileType(), properties(), output);
         return {};
     } catch (const std::exception &error) {
         const KVError reason = unconvertible(error);
