@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
 # Builds the release preset and runs the benchmarks named, or all; each prints one line with its ratio.
-#   benchmarks/run.sh [audio] [probe] [queue] [chatty] ...
+#   benchmarks/run.sh [audio] [probe] [queue] [chatty] [pictures] ...
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 # shellcheck source=scripts/common.sh
 . "$root/scripts/common.sh"
 
-ensure_packages run build
+ensure_packages run build bench
 build release bin/kalvoractl
 build release kvmeasure
-[ $# -gt 0 ] || set -- audio probe queue chatty
+[ $# -gt 0 ] || set -- audio probe queue chatty pictures
 for name in "$@"; do "$root/benchmarks/$name.sh"; done
