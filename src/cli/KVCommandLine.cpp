@@ -9,6 +9,7 @@
 #include "cli/KVProbeCommand.h"
 #include "cli/KVWindowCommand.h"
 #include "kvcore/KVLog.h"
+#include "kvcore/KVPreferences.h"
 
 #include <algorithm>
 
@@ -60,7 +61,12 @@ std::optional<KVExitStatus> KVCommandLine::answerAtOnce(const QList<QByteArray> 
 
 KVExitStatus KVCommandLine::run() {
     if (_words.isSet("verbose")) KVSetLogSink([this](const QString &line) { _console.say(line); });
+    KVPreferences::setDamageReporter([this](const QString &path, const QString &keptPath) {
+        _console.say(QStringLiteral("kalvoractl: the preferences in %1 were damaged; they are kept as %2")
+                         .arg(path, keptPath));
+    });
     const KVExitStatus status = _command->run(_words);
+    KVPreferences::setDamageReporter({});
     KVSetLogSink({});
     _console.paint({});
     const bool isAllWritten = _console.flushResults();

@@ -53,6 +53,8 @@ KVExitStatus KVConvertCommand::_convert(const KVConversionRequest &request, cons
         run->run();
     else
         sayFailure(QStringLiteral("there is no destination folder"));
+    if (hasDestination && !signals.signal() && run->hadNothingToDo())
+        sayFailure(QStringLiteral("there is nothing to convert"));
     KVCleanTempDirectory();
 
     if (words.isSet("json")) writeJSON(run->report());

@@ -34,6 +34,8 @@ class KVConvertRun : public KVConversionQueueDelegate, public std::enable_shared
     void removePartialOutputs();
 
     bool isEverythingDone() const;
+    /// Nothing was queued and nothing refused.
+    bool hadNothingToDo() const { return _rows.empty() && _refusals.empty(); }
     /// One object for each conversion in queue order, then one for each refused input.
     QJsonArray report() const;
 

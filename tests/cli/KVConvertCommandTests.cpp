@@ -109,6 +109,15 @@ TEST_F(KVConvertCommandTest, TakesFoldersAndNotWhatItWritesThere) {
     EXPECT_EQ(run({"preferences", "get", "KVSaveToSourceFolder"}).status, 1);
 }
 
+TEST_F(KVConvertCommandTest, SaysThatAFolderHoldsNothing) {
+    write("empty/note.txt", "text");
+    QDir().mkpath(path("empty/sub"));
+    const Result result = convert({"empty"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.output.simplified(), "[ ]");
+    EXPECT_TRUE(result.errors.contains("there is nothing to convert")) << result.errors.toStdString();
+}
+
 TEST_F(KVConvertCommandTest, StitchesAllIntoOne) {
     tone("a.wav", 0.5);
     tone("b.wav", 1);

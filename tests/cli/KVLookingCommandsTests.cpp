@@ -114,6 +114,21 @@ TEST_F(KVPreferencesCommandTest, SaysWhereAValueWillHaveNoEffect) {
     EXPECT_EQ(run({"preferences", "get", "ZRFixedDestinationBookmark"}).output, path("out").toUtf8() + '\n');
 }
 
+TEST_F(KVPreferencesCommandTest, KeepsADamagedStoreAsideAndSaysSo) {
+    const QString store = ".home/config/kalvora/preferences.json";
+    for (const QByteArray damaged : {"", "{\"KVCPUSettings\": 2", "[1, 2]", "\xff\xfe"}) {
+        write(store, damaged);
+        const Result result = run({"preferences", "set", "KVCPUSettings", "1"});
+        EXPECT_EQ(result.status, 0) << damaged.toStdString();
+        EXPECT_EQ(run({"preferences", "get", "KVCPUSettings"}).output, "1\n");
+        if (!damaged.isEmpty())
+            EXPECT_TRUE(result.errors.contains("were damaged; they are kept as")) << damaged.toStdString();
+    }
+    write(store, R"({"ZRPresetSettingsDefaults": {"MP3": 5, "X": {"ZRPresetClass": "Kalvora.KVNone"}}, )"
+                 R"("KVSaveToSourceFolder": "perhaps"})");
+    EXPECT_TRUE(run({"presets"}).output.contains("\nMP3 "));
+}
+
 class KVArgumentsCommandTest : public KVCommandTestCase {};
 
 TEST_F(KVArgumentsCommandTest, TellsWhatAConversionRunsAndRunsNothing) {
