@@ -121,8 +121,8 @@ TEST_F(KVPreferencesCommandTest, KeepsADamagedStoreAsideAndSaysSo) {
         const Result result = run({"preferences", "set", "KVCPUSettings", "1"});
         EXPECT_EQ(result.status, 0) << damaged.toStdString();
         EXPECT_EQ(run({"preferences", "get", "KVCPUSettings"}).output, "1\n");
-        if (!damaged.isEmpty())
-            EXPECT_TRUE(result.errors.contains("were damaged; they are kept as")) << damaged.toStdString();
+        EXPECT_TRUE(damaged.isEmpty() || result.errors.contains("were damaged; they are kept as"))
+            << damaged.toStdString();
     }
     write(store, R"({"ZRPresetSettingsDefaults": {"MP3": 5, "X": {"ZRPresetClass": "Kalvora.KVNone"}}, )"
                  R"("KVSaveToSourceFolder": "perhaps"})");

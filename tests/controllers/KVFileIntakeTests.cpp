@@ -95,6 +95,7 @@ class KVFileIntakeTest : public KVTestCase {
 
 constexpr auto audio = KVMediaFileType::audio;
 constexpr auto video = KVMediaFileType::video;
+constexpr auto dvd = KVMediaFileType::dvd;
 
 TEST_F(KVFileIntakeTest, LoadsFourMembersOfAFolderAtOnceAndTheOthersBehind) {
     QStringList names;
@@ -165,6 +166,16 @@ TEST_F(KVFileIntakeTest, TellsOfNamesThatAreNoText) {
     ASSERT_EQ(observer->refusals().size(), 1U);
     EXPECT_TRUE(observer->refusals()[0].path.endsWith("/in/b\\xE9.wav"))
         << observer->refusals()[0].path.toStdString();
+}
+
+TEST_F(KVFileIntakeTest, FindsADVDInAPackageAndByItsOwnFolder) {
+    write("Movie.dvdmedia/VIDEO_TS/VIDEO_TS.IFO", "x");
+    write("disc/VIDEO_TS/VIDEO_TS.IFO", "x");
+    EXPECT_TRUE(add("Movie.dvdmedia"));
+    EXPECT_TRUE(add("disc/VIDEO_TS"));
+    EXPECT_TRUE(add("disc/VIDEO_TS")) << "a disc may enter twice";
+    EXPECT_EQ(queued(dvd), QStringList({"Movie.dvdmedia", "disc", "disc"}));
+    EXPECT_FALSE(add("disc")) << "inside of a folder it is a folder like any other";
 }
 
 TEST_F(KVFileIntakeTest, RefusesProtectedFilesWithAnAlert) {
