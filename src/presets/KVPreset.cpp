@@ -85,8 +85,11 @@ std::optional<KVPresetTask> KVPreset::taskForConversionOfFiles(const KVMediaFile
     while (!KVFileManager::isWritable(KVFileManager::deletingLastPathComponent(claim->url()))) {
         const auto folder = _chooseDestinationURL();
         if (!folder) return std::nullopt;
-        // What stands in the other folder under this name is not ours to overwrite either.
-        claim = claimFirstFree(names->inFolder(*folder, claim->url()));
+        // What stands in the other folder under this name is not ours to overwrite either. The old name goes
+        // first: the same folder may have been chosen again.
+        const auto namesThere = names->inFolder(*folder, claim->url());
+        claim.reset();
+        claim = claimFirstFree(namesThere);
     }
 
     const QUrl output = claim->url();

@@ -55,7 +55,7 @@ class KVPresetFields {
                 return (preset.*member).has_value() ? QVariant::fromValue(*(preset.*member)) : QVariant();
             },
             [member](Preset &preset, const QVariant &stored) {
-                preset.*member = KVStoredValue::integer(stored);
+                preset.*member = KVStoredValue::exactInteger(stored);
             });
     }
 

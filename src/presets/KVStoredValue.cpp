@@ -34,6 +34,11 @@ std::optional<qint64> KVStoredValue::integer(const QVariant &value) {
     return static_cast<qint64>(number);
 }
 
+std::optional<qint64> KVStoredValue::exactInteger(const QVariant &value) {
+    if (std::trunc(value.toDouble()) != value.toDouble()) return std::nullopt;
+    return integer(value);
+}
+
 std::optional<double> KVStoredValue::real(const QVariant &value) {
     if (!isNumber(value) || !std::isfinite(value.toDouble())) return std::nullopt;
     return value.toDouble();

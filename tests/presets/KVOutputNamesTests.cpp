@@ -113,13 +113,13 @@ TEST_F(KVOutputNamesTest, MakesNoTaskOfNoArguments) {
 TEST_F(KVOutputNamesTest, AsksForAnotherFolderUntilItCanWriteThere) {
     QDir().mkdir(path("good"));
     write("good/a.mp3", "mine");
-    questions->openPanelResponses = {{url("missing")}, {url("good")}};
+    questions->openPanelResponses = {{url("missing")}, {url("missing")}, {url("good")}};
     const auto made = mp3->taskForConversionOfFiles({audioFile("/in/a.wav")}, url("gone/a.mp3"));
     ASSERT_TRUE(made);
     EXPECT_EQ(made->outputURL, url("good/a.MP3.00.mp3"));
     EXPECT_EQ(made->task->arguments().last(), path("good/a.MP3.00.mp3"));
     EXPECT_EQ(read(path("good/a.mp3")), "mine");
-    ASSERT_EQ(questions->openPanels.size(), 2U);
+    ASSERT_EQ(questions->openPanels.size(), 3U);
     EXPECT_EQ(questions->openPanels[0].message, "Please, select a destination for conversion:");
     EXPECT_TRUE(questions->openPanels[0].canChooseFolders);
     EXPECT_FALSE(questions->openPanels[0].canChooseFiles);

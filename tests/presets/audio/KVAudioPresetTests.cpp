@@ -166,6 +166,9 @@ TEST_F(KVAudioPresetTest, ReadsAbsentAndSenselessValuesAsDefaults) {
     EXPECT_EQ(lossless->audioTrackQuality, medium);
     EXPECT_EQ(lossless->frequency, 44100);
     EXPECT_EQ(lossless->sampleBits, 24);
+    lossless->loadFromDictionary({{"KVSampleRate", 8000.5}, {"KVSampleBits", 16.9}});
+    EXPECT_EQ(lossless->sampleRate, std::nullopt) << "only a whole rate counts";
+    EXPECT_EQ(lossless->sampleBits, 16);
 }
 
 TEST_F(KVAudioPresetTest, MakesSeparateFormats) {
