@@ -74,6 +74,8 @@ KVTestProbe::File KVTestProbe::probe(const QString &path) {
             file.framesPerSecond = ratio(stream["r_frame_rate"].toString());
         } else if (type == "audio" && file.audioStreams++ == 0) {
             file.channels = stream["channels"].toInt();
+        } else if (type == "subtitle" && file.subtitleCodec.isEmpty()) {
+            file.subtitleCodec = stream["codec_name"].toString();
         }
     }
     return file;

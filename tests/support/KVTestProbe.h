@@ -16,6 +16,7 @@ struct File {
     double framesPerSecond = 0;
     int channels = 0; ///< Of the first audio stream.
     int audioStreams = 0;
+    QString subtitleCodec; ///< Of the first track of subtitles, wherever it stands.
 };
 
 /// An empty answer where the file cannot be read.
