@@ -113,6 +113,14 @@ bool isUnset(const QString &option, const QString &value, const QString &encoder
     });
 }
 
+/// The containers of two devices, which the tool writes for the codecs and tracks alone that it thinks of;
+/// with others it stops, and the plain container holds them too.
+QString containerForTool(const QString &container, const QStringList &arguments) {
+    const bool isIPodWithMP3 = container == "ipod" && arguments.contains("libmp3lame");
+    const bool isPSPOfOtherThanTwoTracks = container == "psp" && arguments.count("-map") != 2;
+    return isIPodWithMP3 || isPSPOfOtherThanTwoTracks ? QStringLiteral("mp4") : container;
+}
+
 /// What stands behind `option` and is not part of our list.
 QStringList additionsTo(const QString &option, const QString &encoder,
                         const KVFFmpegCapabilities &capabilities) {
@@ -146,7 +154,8 @@ QStringList KVFFmpegDialect::argumentsForTool(const QStringList &arguments,
             continue;
         }
         if (optionsWithPlainValue().contains(option) && isOption(arguments.at(i + 1))) continue;
-        const QString &value = arguments.at(++i);
+        const QString &given = arguments.at(++i);
+        const QString value = option == "-f" ? containerForTool(given, arguments) : given;
         if (isUnset(option, value, encoder)) continue;
         if (i - 1 == firstInput) said += inputOptions(encoder, capabilities);
         if (isKnown)

@@ -49,7 +49,7 @@ TEST_F(KVFFmpegDialectTest, LeavesOutWhatTheToolDoesNotKnow) {
 }
 
 TEST_F(KVFFmpegDialectTest, SaysInTheToolsWordsWhatItKnowsByAnotherName) {
-    const auto tool = knowing("y i c bsf", "flags me_method level bf");
+    const auto tool = knowing("y i c f map bsf", "flags me_method level bf");
     struct Row {
         const char *what, *ours, *expected;
     };
@@ -62,6 +62,11 @@ TEST_F(KVFFmpegDialectTest, SaysInTheToolsWordsWhatItKnowsByAnotherName) {
         {"before the encoder is named", "-me_method epzs -c:v libx264", "-me_method dia -c:v libx264"},
         {"another search", "-c:v libx264 -me_method umh", "-c:v libx264 -me_method umh"},
         {"another encoder", "-c:v mpeg4 -me_method epzs", "-c:v mpeg4 -me_method epzs"},
+        {"a device's container", "-c:a:0 aac -f ipod -map 0:0 -map 0:1",
+         "-c:a:0 aac -f ipod -map 0:0 -map 0:1"},
+        {"one that does not hold the sound", "-c:a:0 libmp3lame -f ipod", "-c:a:0 libmp3lame -f mp4"},
+        {"one for two tracks", "-f psp -map 0:0 -map 0:1", "-f psp -map 0:0 -map 0:1"},
+        {"one for two tracks, given one", "-f psp -map 0:0", "-f mp4 -map 0:0"},
         {"a level that is none", "-c:v libx264 -level 0 -bf 0", "-c:v libx264 -bf 0"},
         {"a level", "-c:v libx264 -level 10", "-c:v libx264 -level 10"},
         {"a filter of the picture", "-bsf h264_mp4toannexb -bsf:a x", "-bsf:v h264_mp4toannexb -bsf:a x"},

@@ -99,6 +99,8 @@ TEST_F(KVVideoTrackConversionTest, SoundTracksAreChosenMixedAndAdded) {
          0,
          0,
          {{"ZRCropPresetWidth", 100}, {"ZRCropPresetHeight", 100}}},
+        {"no sound, for a device of two tracks", probed(silent), "KVPSPPreset", 0, 0},
+        {"older codecs on a device", probed(stereo), "KViPhone4Preset", 2, 1, {{"ZRUsesH264", false}}},
         {"several", probed(several), "KVMKVPreset", 2, 1},
         {"the second", second, "KVMP4Preset", 1, 1},
         {"the second, remuxed", second, "KVRemuxPreset", 1, 1, {{"ZRRemuxFormat", "matroska"}}},
@@ -156,6 +158,7 @@ TEST_F(KVVideoTrackConversionTest, SubtitlesAreCarriedOrBurntIn) {
     const Row rows[]{
         {"text to MP4", probed(text), "KVMP4Preset", "mov_text"},
         {"text to a device", probed(text), "KViPodPreset", "mov_text"},
+        {"text to a device of two tracks", probed(text), "KVPSPPreset", "mov_text"},
         {"text to MKV", probed(text), "KVMKVPreset", "subrip"},
         {"text to HEVC in MKV", probed(text), "KVHEVCPreset", "ass", false, {{"ContainerFormat", 1}}},
         {"text to a container without", probed(text), "KVDivXPreset", ""},
