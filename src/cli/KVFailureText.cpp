@@ -8,10 +8,14 @@
 
 namespace {
 
-/// What a tool prints at its end whatever happened, and how it shows its progress.
+/// What a tool prints at its end whatever happened, how it shows its progress, and what only follows from an
+/// error that it has told before.
 const KVRegex &emptyPhrase() {
     static const KVRegex expression(QStringLiteral(
-        R"(^(Conversion failed!|Exiting normally.*|(frame|size)=.*|video:.*audio:.*|Error while \w+ .*stream.*|\[q\] command.*|Press \[q\].*)$)"));
+        "^(Conversion failed!|Exiting normally.*|(frame|size)=.*|video:.*audio:.*|unknown|Error while \\w+ "
+        ".*stream.*|"
+        "\\[q\\] command.*|Press \\[q\\].*|Qavg: .*|\\d+ frames left in the queue on closing|"
+        "Error reinitializing filters!|Failed to inject frame .*|Failed to configure input pad .*)$"));
     return expression;
 }
 
