@@ -2,7 +2,7 @@
 
 #include "presets/formats/video_track/static_bitrate/KVStaticBitrateFormat.h"
 
-/// MPEG-4 part 2: DivX, Xvid and older devices.
+/// MPEG-4 Visual: DivX, Xvid and older devices.
 class KVMPEG4Format : public KVStaticBitrateFormat {
   public:
     KVMPEG4Format()
