@@ -99,6 +99,11 @@ bool KVFileManager::isDirectory(const QUrl &url) {
     return QFileInfo(url.toLocalFile()).isDir();
 }
 
+bool KVFileManager::isSpecialFile(const QUrl &url) {
+    const QFileInfo info(url.toLocalFile());
+    return info.exists() && !info.isFile() && !info.isDir();
+}
+
 bool KVFileManager::isReadable(const QUrl &url) {
     return isAccessible(url, R_OK);
 }

@@ -14,6 +14,8 @@ namespace KVFileManager {
 
 bool isReachable(const QUrl &url); ///< Something exists there (a dangling link does not).
 bool isDirectory(const QUrl &url);
+/// Neither a file nor a folder: a pipe, a socket, a device. Reading it could take for ever.
+bool isSpecialFile(const QUrl &url);
 bool isReadable(const QUrl &url);
 bool isWritable(const QUrl &url);
 qint64 fileSize(const QUrl &url); ///< Bytes; 0 where there is no file.

@@ -1,10 +1,12 @@
 #include "util/picture/KVPictureSource.h"
 
 #include "kvcore/KVLocalizationCenter.h"
+#include "platform/KVFileManager.h"
 #include "util/KVPictureLibrary.h"
 #include "util/picture/KVBitmapFile.h"
 #include "util/picture/KVIconFile.h"
 #include "util/picture/KVPhotoshopFile.h"
+#include "util/picture/KVTIFFFile.h"
 
 #include <QFile>
 
@@ -72,6 +74,9 @@ KVError unreadable(const QString &detail) {
 
 KVPictureSource::KVPictureSource(const QString &path)
     : _path(path) {
+    // To open a pipe is to wait for somebody who writes into it.
+    if (KVFileManager::isSpecialFile(QUrl::fromLocalFile(path)))
+        throw std::runtime_error("This is no regular file.");
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error(file.errorString().toStdString());
     const QByteArray start = file.peek(4);
@@ -81,6 +86,8 @@ KVPictureSource::KVPictureSource(const QString &path)
         _image = KVBitmapFile::canRead(path) ? KVBitmapFile::image(path) : imageOfOtherKind(contentOf(path));
     else if (start == "8BPS")
         _image = imageOfDocument(contentOf(path));
+    else if ((start.startsWith("II") || start.startsWith("MM")) && KVTIFFFile::holdsLumaAndChroma(path))
+        _image = KVTIFFFile::image(path);
     else {
         const VSource source = sourceOf(path);
         const char *loader = loaderFor(source);

@@ -6,6 +6,8 @@
 
 #include <QtEndian>
 
+#include <sys/stat.h>
+
 using namespace KVTestPictures;
 using vips::VImage;
 
@@ -146,4 +148,28 @@ TEST_F(KVPictureSourceTest, RefusesBitmapsWithAHeaderThatCannotBe) {
                               changed(28, "0700"),     whole.first(30),         whole.first(3)};
     for (const QByteArray &content : bad)
         EXPECT_TRUE(reason(write("bad.bmp", content)).startsWith("The picture cannot be read: "));
+}
+
+TEST_F(KVPictureSourceTest, ReadsLumaAndChromaOfATIFF) {
+    const QString source = fields(path("fields.png"), 62, 46);
+    const std::vector<Colour> wanted{red, green, blue, yellow};
+    for (const char *format : {"yuv444p", "yuv422p", "yuv420p", "yuv411p"})
+        for (const char *compression : {"raw", "packbits", "lzw", "deflate"}) {
+            const QString picture = path(QString(format) + compression + ".tif");
+            KVTestMedia::make({"-i", source, "-pix_fmt", format, "-compression_algo", compression, picture});
+            EXPECT_TRUE(areClose(colours(picture), wanted)) << picture.toStdString();
+            EXPECT_EQ(KVPictureSource::open(picture)->uprightSize(), (KVSize{62, 46}));
+        }
+
+    QByteArray content = read(path("yuv420pdeflate.tif"));
+    EXPECT_TRUE(reason(write("short.tif", content.first(40))).startsWith("The picture cannot be read: "));
+    content.replace(8, 40, QByteArray(40, '\xFF')); // where the first strip begins
+    const auto damaged = KVPictureSource::open(write("damaged.tif", content));
+    ASSERT_TRUE(damaged);
+    EXPECT_THROW(damaged->image().avg(), vips::VError);
+}
+
+TEST_F(KVPictureSourceTest, RefusesAPipeInsteadOfWaitingForIt) {
+    ASSERT_EQ(::mkfifo(path("pipe.png").toUtf8().constData(), 0600), 0);
+    EXPECT_EQ(reason(path("pipe.png")), "The picture cannot be read: This is no regular file.");
 }
