@@ -22,7 +22,7 @@ struct Row {
 };
 
 std::vector<Row> catalogue() {
-    QFile file(QT_TESTCASE_SOURCEDIR "/tasks/catalogue_options.txt");
+    QFile file(KV_TEST_DIRECTORY "/tasks/catalogue_options.txt");
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
     std::vector<Row> rows;
     for (const QString &line : QString::fromUtf8(file.readAll()).split('\n', Qt::SkipEmptyParts)) {
