@@ -8,7 +8,6 @@
 #include "util/KVThreadCount.h"
 #include "video_info/media_file/KVMediaFile.h"
 
-#include <QFileInfo>
 #include <QJsonArray>
 
 #include <algorithm>
@@ -36,8 +35,6 @@ Result probe(const KVCommandArgument &argument, const QUrl &url) {
         if (KVFileManager::isDirectory(videoFolder)) return KVMediaFile::mediaFile(videoFolder);
         return refusal(QStringLiteral("This is a folder."));
     }
-    const QFileInfo info(url.toLocalFile());
-    if (info.exists() && !info.isFile()) return refusal(QStringLiteral("This is no regular file."));
     return KVMediaFile::mediaFile(url);
 }
 

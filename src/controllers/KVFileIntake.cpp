@@ -36,11 +36,6 @@ std::optional<std::pair<quint64, quint64>> identityOfFolder(const QUrl &folder) 
     return std::pair<quint64, quint64>{status.st_dev, status.st_ino};
 }
 
-bool isSpecialFile(const QUrl &url) {
-    const QFileInfo info(url.toLocalFile());
-    return info.exists() && !info.isFile() && !info.isDir();
-}
-
 } // namespace
 
 KVFileIntake::KVFileIntake()
@@ -105,8 +100,6 @@ bool KVFileIntake::_addFile(const QUrl &url, bool isFolderMember) {
         return refuse(Kind::isProtected, "Protected music files cannot be converted.");
     if (KVConversionQueue::anyQueueContainsMedia(url))
         return refuse(Kind::alreadyQueued, "The file is in the queue already.");
-    // The tool would wait for ever for somebody to write into a pipe.
-    if (isSpecialFile(url)) return refuse(Kind::unreadable, "This is no regular file.");
 
     const auto file = KVMediaFile::mediaFile(url);
     if (!file) {

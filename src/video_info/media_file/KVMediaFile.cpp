@@ -131,6 +131,8 @@ Result KVMediaFile::mediaFile(const QUrl &url) {
         KVLog("Ignoring " + name + " due to extension filter");
         return refusal("File type is blacklisted by a file extension filter.");
     }
+    // The tool would wait for ever for somebody to write into a pipe.
+    if (KVFileManager::isSpecialFile(url)) return refusal("This is no regular file.");
     if (isPicture(url, extension)) {
         KVLog("returning a picture file for " + name);
         return std::make_shared<KVPictureFile>(url);

@@ -9,12 +9,21 @@
 
 #include <algorithm>
 
+namespace {
+
+/// The tool would wait for ever at a pipe of that name.
+bool isUsable(const QUrl &subtitles) {
+    return KVFileManager::isReachable(subtitles) && !KVFileManager::isSpecialFile(subtitles);
+}
+
+} // namespace
+
 bool KVVideoFile::automaticallyDetectSubtitles() {
     if (!KVPreferences::shared().boolean(KVPreferenceKeys::automaticallyAddSubtitles, true)) return false;
 
     const QUrl withoutExtension = KVFileManager::deletingPathExtension(url());
     const QUrl candidate = KVFileManager::appendingPathExtension(withoutExtension, QStringLiteral("srt"));
-    if (KVFileManager::isReachable(candidate)) {
+    if (isUsable(candidate)) {
         subtitlesFileURL = candidate;
         return true;
     }
@@ -26,7 +35,7 @@ bool KVVideoFile::automaticallyDetectSubtitles() {
     if (!neighbours) return false;
     const auto found = std::ranges::find_if(*neighbours, [&](const QUrl &neighbour) {
         return KVFileManager::pathExtension(neighbour) == "srt" &&
-               KVFileManager::lastPathComponent(neighbour).startsWith(baseName);
+               KVFileManager::lastPathComponent(neighbour).startsWith(baseName) && isUsable(neighbour);
     });
     if (found == neighbours->end()) return false;
     subtitlesFileURL = *found;

@@ -90,6 +90,15 @@ TEST_F(KVMediaFileTest, RefusesWhatNeverIsMedia) {
     EXPECT_EQ(refusal(path("missing.mp4")), unknown);
 }
 
+TEST_F(KVMediaFileTest, RefusesPipesAndDevicesInsteadOfReadingForEver) {
+    for (const QString name : {"pipe.wav", "pipe.png", "pipe.gif", "pipe"}) {
+        ASSERT_EQ(::mkfifo(path(name).toUtf8().constData(), 0600), 0);
+        EXPECT_EQ(refusal(path(name)), "This is no regular file.") << name.toStdString();
+    }
+    ASSERT_TRUE(QFile::link("/dev/zero", path("zero.mp4")));
+    EXPECT_EQ(refusal(path("zero.mp4")), "This is no regular file.");
+}
+
 TEST_F(KVMediaFileTest, TellsWhatTheToolSaidOfAnUnknownFile) {
     const auto file = probe(path("missing.mp4"));
     ASSERT_FALSE(file);
