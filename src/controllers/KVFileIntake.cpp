@@ -168,12 +168,12 @@ bool KVFileIntake::_addMember(const QUrl &member) {
 }
 
 void KVFileIntake::_loadInBackground(std::function<void()> load) {
-    ++_numberOfBackgroundLoads;
-    _fileLoadingQueue.async([this, load = std::move(load)] {
+    ++*_numberOfBackgroundLoads;
+    _fileLoadingQueue.async([number = _numberOfBackgroundLoads, load = std::move(load)] {
         load();
-        --_numberOfBackgroundLoads;
-        // Wakes a main thread that waits for the end of the loading.
-        KVMainThread::async([] {});
+        // Behind all that the observer has handed over to the main thread meanwhile: who waits for the end of
+        // the loading has heard of every file.
+        KVMainThread::async([number] { --*number; });
     });
 }
 

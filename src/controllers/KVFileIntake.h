@@ -43,8 +43,8 @@ class KVFileIntake {
     /// read any more, whatever is left to load.
     bool isEntering() const { return _numberOfPendingItems > 0; }
 
-    /// True while the loading queue has something to load.
-    bool isLoading() const { return _numberOfBackgroundLoads > 0; }
+    /// True while the loading queue has something to load, or the main thread has still to hear of it.
+    bool isLoading() const { return *_numberOfBackgroundLoads > 0; }
 
     /// Main thread: runs the event loop until nothing is left to load or the time is up; true if nothing is.
     bool waitUntilLoaded(double seconds);
@@ -86,7 +86,8 @@ class KVFileIntake {
 
     std::weak_ptr<KVIntakeObserver> _observer;
     std::atomic<bool> _isCancelled = false;
-    std::atomic<int> _numberOfBackgroundLoads = 0;
+    /// Shared: the last load may be counted off when the intake has gone.
+    const std::shared_ptr<std::atomic<int>> _numberOfBackgroundLoads = std::make_shared<std::atomic<int>>(0);
     std::atomic<qsizetype> _numberOfPendingItems = 0;
     KVSerialQueue _fileLoadingQueue;
 };

@@ -142,6 +142,23 @@ TEST_F(KVFileIntakeTest, PassesOverStrangersAndGoesOn) {
     EXPECT_EQ(refusals[6].reason, "This is no regular file.");
 }
 
+TEST_F(KVFileIntakeTest, HasLoadedOnlyWhenTheMainThreadKnowsOfTheLastRefusal) {
+    class Teller : public KVIntakeObserver {
+      public:
+        int told = 0;
+        void intakeDidRefuse(const KVIntakeRefusal &) override {
+            KVMainThread::async([this] { ++told; });
+        }
+    };
+    const auto teller = std::make_shared<Teller>();
+    intake.setObserver(teller);
+    for (int round = 1; round <= 30; ++round) {
+        intake.addFilesInBackground({url("notes.txt")});
+        ASSERT_TRUE(intake.waitUntilLoaded(30));
+        ASSERT_EQ(teller->told, round);
+    }
+}
+
 TEST_F(KVFileIntakeTest, ReadsSubfoldersOnlyWhereThePreferenceSaysSo) {
     tones({"in/top.wav", "in/sub/one.wav", "in/sub/deep/two.wav"});
     ASSERT_TRUE(QFile::link(path("in"), path("in/sub/deep/again")));
