@@ -8,6 +8,7 @@
 #include <QJsonObject>
 #include <QTimeZone>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -101,6 +102,30 @@ QVariant taggedFromJSON(const QString &tag, const QJsonValue &content) {
     return {};
 }
 
+/// True where a value would come back from the file as it is. Long lists are stored often.
+bool isNormalized(const QVariant &value) {
+    switch (value.typeId()) {
+    case QMetaType::Bool:
+    case QMetaType::LongLong:
+    case QMetaType::Double:
+    case QMetaType::QString:
+    case QMetaType::QByteArray:
+        return true;
+    case QMetaType::QDateTime: {
+        const QDateTime date = value.toDateTime();
+        constexpr int lastYear = 9999;
+        return date.isValid() && date.timeSpec() == Qt::UTC && date.date().year() > 0 &&
+               date.date().year() <= lastYear;
+    }
+    case QMetaType::QVariantList:
+        return std::ranges::all_of(value.toList(), isNormalized);
+    case QMetaType::QVariantMap:
+        return std::ranges::all_of(value.toMap(), isNormalized);
+    default:
+        return false;
+    }
+}
+
 QVariant fromJSON(const QJsonValue &value) {
     if (value.isArray()) {
         QVariantList list;
@@ -134,5 +159,5 @@ std::optional<QVariantMap> KVPreferencesCoding::decode(const QByteArray &json) {
 }
 
 QVariant KVPreferencesCoding::normalized(const QVariant &value) {
-    return fromJSON(toJSON(value));
+    return isNormalized(value) ? value : fromJSON(toJSON(value));
 }
