@@ -2,16 +2,22 @@
 
 #include "kvcore/KVBookmark.h"
 #include "kvcore/KVFatalError.h"
+#include "kvcore/KVMainThread.h"
 #include "platform/KVFileManager.h"
 #include "util/KVPreferenceKeys.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace {
 
 const QString typeKey = "ZRHistoryItemType";
 const QString urlDataKey = "ZRHistoryItemURLData";
 const QString dateKey = "ZRHistoryItemDate";
+
+/// After a save, as many times its own duration pass before the next one that nobody asked for.
+constexpr int restAfterSave = 50;
+constexpr std::chrono::seconds longestRestAfterSave{10};
 
 std::optional<QUrl> urlFromStored(const QVariant &stored) {
     if (stored.typeId() == QMetaType::QByteArray) return KVBookmark::resolve(stored.toByteArray());
@@ -23,11 +29,20 @@ std::optional<QUrl> urlFromStored(const QVariant &stored) {
     return url;
 }
 
-QList<KVHistoryItem> itemsFromStored(const QVariant &stored) {
+QList<KVHistoryItem> itemsFromStored(const QVariantList &stored) {
     QList<KVHistoryItem> items;
-    for (const QVariant &entry : stored.toList())
+    for (const QVariant &entry : stored)
         if (const auto item = KVHistoryItem::fromDictionary(entry.toMap())) items += *item;
     return items;
+}
+
+KVHistoryItem storedForm(const KVHistoryItem &item) {
+    return KVHistoryItem::fromDictionary(item.dictionaryRepresentation()).value_or(item);
+}
+
+/// True where one is an unchanged copy of the other; lists that merely hold the same may count as different.
+bool areSame(const QVariantList &one, const QVariantList &other) {
+    return one.constData() == other.constData() && one.size() == other.size();
 }
 
 QHash<KVHistoryItem, int> counted(const QList<KVHistoryItem> &items) {
@@ -43,9 +58,10 @@ QHash<KVHistoryItem, int> counted(const QList<KVHistoryItem> &items) {
 
 std::optional<KVHistoryItem> KVHistoryItem::fromDictionary(const QVariantMap &dictionary) {
     const int rawType = dictionary.value(typeKey).toInt();
+    if (rawType < 1 || rawType > 4) return std::nullopt;
     const auto url = urlFromStored(dictionary.value(urlDataKey));
     const QVariant date = dictionary.value(dateKey);
-    if (rawType < 1 || rawType > 4 || !url || date.typeId() != QMetaType::QDateTime) return std::nullopt;
+    if (!url || date.typeId() != QMetaType::QDateTime) return std::nullopt;
     return KVHistoryItem{
         .date = date.toDateTime(), .type = static_cast<KVMediaFileType>(rawType), .url = *url};
 }
@@ -72,14 +88,23 @@ size_t qHash(const KVHistoryItem &item, size_t seed) {
 KVHistoryCenter &KVHistoryCenter::shared() {
     // Never destroyed: a worker that is still alive when the process exits may add a file.
     static KVHistoryCenter &center = *new KVHistoryCenter;
+    static const bool isRegistered = std::atexit([] { center._saveWhatIsUnsaved(); }) == 0;
+    static_cast<void>(isRegistered);
     return center;
 }
 
-KVHistoryCenter::KVHistoryCenter() {
-    const auto stored = itemsFromStored(KVPreferences::shared().value(KVPreferenceKeys::HistoryCenterItems));
+KVHistoryCenter::KVHistoryCenter()
+    : _life(std::make_shared<int>()) {
+    _storedList = KVPreferences::shared().value(KVPreferenceKeys::HistoryCenterItems).toList();
+    const auto stored = itemsFromStored(_storedList);
     _ownStoredItems = counted(stored);
     for (const auto &item : stored)
         if (KVFileManager::isReachable(item.url)) _items += item;
+    if (_items.size() == _storedList.size()) _numberOfStored = _items.size();
+}
+
+KVHistoryCenter::~KVHistoryCenter() {
+    _saveWhatIsUnsaved();
 }
 
 QList<KVHistoryItem> KVHistoryCenter::historyItems() const {
@@ -93,7 +118,25 @@ void KVHistoryCenter::addFile(const QUrl &url, KVMediaFileType type) {
     _announce(change, true);
     _items += KVHistoryItem{.date = QDateTime::currentDateTimeUtc(), .type = type, .url = url};
     _announce(change, false);
-    save();
+    _saveSoon();
+}
+
+/// Every save writes the whole list. For a long one that takes a while, which has to stay small beside the
+/// work itself.
+void KVHistoryCenter::_saveSoon() {
+    if (_isUnsaved) return;
+    _isUnsaved = true;
+    const auto now = Clock::now();
+    if (now >= _nextSave) return save();
+    const std::chrono::duration<double> rest = _nextSave - now;
+    KVMainThread::after(rest.count(), [this, life = std::weak_ptr(_life)] {
+        if (!life.expired()) _saveWhatIsUnsaved();
+    });
+}
+
+void KVHistoryCenter::_saveWhatIsUnsaved() {
+    const std::scoped_lock lock(_lock);
+    if (_isUnsaved) save();
 }
 
 void KVHistoryCenter::clear() {
@@ -102,31 +145,47 @@ void KVHistoryCenter::clear() {
     _announce(change, true);
     _items.clear();
     _wasCleared = true;
+    _numberOfStored = -1;
     _announce(change, false);
 }
 
 void KVHistoryCenter::save() {
     const std::scoped_lock lock(_lock);
-    const auto storedForm = [](const KVHistoryItem &item) {
-        return KVHistoryItem::fromDictionary(item.dictionaryRepresentation()).value_or(item);
-    };
-    QList<KVHistoryItem> own;
-    std::ranges::transform(_items, std::back_inserter(own), storedForm);
-    KVPreferences::shared().update(KVPreferenceKeys::HistoryCenterItems, [&](const QVariant &current) {
-        QList<KVHistoryItem> all;
-        std::ranges::merge(_itemsOfOthers(current), own, std::back_inserter(all), {}, &KVHistoryItem::date,
-                           &KVHistoryItem::date);
-        QVariantList stored;
-        for (const auto &item : all)
-            stored += item.dictionaryRepresentation();
-        return QVariant(stored);
-    });
-    _ownStoredItems = counted(own);
+    const auto begin = Clock::now();
+    auto &preferences = KVPreferences::shared();
+    preferences.update(KVPreferenceKeys::HistoryCenterItems,
+                       [&](const QVariant &current) { return _listToStore(current.toList()); });
+    _storedList = preferences.value(KVPreferenceKeys::HistoryCenterItems).toList();
+    _numberOfStored = _items.size();
     _wasCleared = false;
+    _isUnsaved = false;
+    const auto end = Clock::now();
+    _nextSave = end + std::min<Clock::duration>((end - begin) * restAfterSave, longestRestAfterSave);
+}
+
+/// `stored` is what stands in the store now, perhaps with entries of other processes.
+QVariantList KVHistoryCenter::_listToStore(const QVariantList &stored) {
+    QVariantList list;
+    if (_numberOfStored >= 0 && areSame(stored, _storedList)) {
+        list = stored;
+        for (const auto &item : _items.sliced(_numberOfStored)) {
+            list += item.dictionaryRepresentation();
+            ++_ownStoredItems[storedForm(item)];
+        }
+        return list;
+    }
+    QList<KVHistoryItem> own, all;
+    std::ranges::transform(_items, std::back_inserter(own), storedForm);
+    std::ranges::merge(_itemsOfOthers(stored), own, std::back_inserter(all), {}, &KVHistoryItem::date,
+                       &KVHistoryItem::date);
+    for (const auto &item : all)
+        list += item.dictionaryRepresentation();
+    _ownStoredItems = counted(own);
+    return list;
 }
 
 /// What is stored and was neither loaded nor written by this process: another one has appended it.
-QList<KVHistoryItem> KVHistoryCenter::_itemsOfOthers(const QVariant &stored) const {
+QList<KVHistoryItem> KVHistoryCenter::_itemsOfOthers(const QVariantList &stored) const {
     if (_wasCleared) return {};
     auto items = itemsFromStored(stored);
     auto own = _ownStoredItems;

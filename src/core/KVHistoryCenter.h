@@ -8,6 +8,7 @@
 #include <QUrl>
 #include <QVariantMap>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -40,12 +41,16 @@ struct KVHistoryChange {
 /// observers run there.
 class KVHistoryCenter {
   public:
-    /// Made on first use from what is stored.
+    /// Made on first use from what is stored; an exit of the program saves what is not saved yet.
     static KVHistoryCenter &shared();
     KVHistoryCenter();
+    ~KVHistoryCenter();
+    KVHistoryCenter(const KVHistoryCenter &) = delete;
+    KVHistoryCenter &operator=(const KVHistoryCenter &) = delete;
 
     QList<KVHistoryItem> historyItems() const;
 
+    /// Also saves: at once, or a moment later where many files come quickly.
     void addFile(const QUrl &url, KVMediaFileType type);
     /// Empties the list without saving; the next `save` then empties what is stored.
     void clear();
@@ -56,12 +61,22 @@ class KVHistoryCenter {
     void setObserver(std::function<void(const KVHistoryChange &change, bool isPrior)> observer);
 
   private:
-    QList<KVHistoryItem> _itemsOfOthers(const QVariant &stored) const;
+    using Clock = std::chrono::steady_clock;
+
+    void _saveSoon();
+    void _saveWhatIsUnsaved();
+    QVariantList _listToStore(const QVariantList &stored);
+    QList<KVHistoryItem> _itemsOfOthers(const QVariantList &stored) const;
     void _announce(const KVHistoryChange &change, bool isPrior) const;
 
     mutable std::recursive_mutex _lock;
     QList<KVHistoryItem> _items;
     QHash<KVHistoryItem, int> _ownStoredItems; ///< How often each is stored as far as this process knows.
+    QVariantList _storedList;                  ///< The list that the next entries are only appended to.
+    qsizetype _numberOfStored = -1;            ///< How many items it holds; -1 where it has to be built anew.
     bool _wasCleared = false;
+    bool _isUnsaved = false;
+    Clock::time_point _nextSave; ///< The saves that `addFile` makes keep a distance.
+    std::shared_ptr<int> _life;  ///< Ends with this object.
     std::function<void(const KVHistoryChange &, bool)> _observer;
 };

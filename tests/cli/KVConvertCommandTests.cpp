@@ -105,6 +105,9 @@ TEST_F(KVConvertCommandTest, TakesFoldersAndNotWhatItWritesThere) {
     result = run({"convert", "--preset", "AAC", "--json", "--recursive", "--to", "in/sub", "in/a.wav", "in"});
     EXPECT_EQ(result.status, 0) << result.errors.toStdString();
     EXPECT_EQ(result.array().size(), 5) << "three sounds and the two of the run before";
+    const QString history = run({"preferences", "get", "ZRHistoryCenterItems"}).output;
+    for (const QJsonValue entry : result.array())
+        EXPECT_TRUE(history.contains(QFileInfo(entry["output"].toString()).fileName()));
     EXPECT_EQ(run({"preferences", "get", "ZRRecursivelyProcessAllFolders"}).status, 1) << "for one run only";
     EXPECT_EQ(run({"preferences", "get", "KVSaveToSourceFolder"}).status, 1);
 }

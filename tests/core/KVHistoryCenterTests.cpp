@@ -1,5 +1,6 @@
 #include "core/KVHistoryCenter.h"
 #include "kvcore/KVBookmark.h"
+#include "kvcore/KVMainThread.h"
 #include "support/KVTestCase.h"
 #include "util/KVPreferenceKeys.h"
 
@@ -56,8 +57,8 @@ TEST_F(KVHistoryCenterTest, DropsEntriesThatAreNone) {
     };
     store(QVariantList{entry(1, file, date), entry(4, "file://" + file, date),
                        entry(3, *KVBookmark::data(QUrl::fromLocalFile(file)), date), entry(0, file, date),
-                       entry(7, file, date), entry(1, 5, date), entry(1, {}, date), entry(1, file, "today"),
-                       "nonsense", 12});
+                       entry(7, file, date), entry(0, "file://[", date), entry(1, 5, date),
+                       entry(1, {}, date), entry(1, file, "today"), "nonsense", 12});
     EXPECT_EQ(names(KVHistoryCenter()), (QStringList{"x.mp3", "x.mp3", "x.mp3"}));
     for (const QVariant &nonsense : {QVariant("text"), QVariant(3), QVariant(QVariantMap{{"a", 1}})}) {
         store(nonsense);
@@ -73,6 +74,7 @@ TEST_F(KVHistoryCenterTest, LosesNothingThatAnotherProcessAdds) {
     window.addFile(made("3.mp3"), KVMediaFileType::audio);
     window.save();
     commandLine.addFile(made("4.mp3"), KVMediaFileType::audio);
+    commandLine.save();
     EXPECT_EQ(names(KVHistoryCenter()), (QStringList{"1.mp3", "2.mp3", "3.mp3", "4.mp3"}));
 
     window.clear();
@@ -80,8 +82,33 @@ TEST_F(KVHistoryCenterTest, LosesNothingThatAnotherProcessAdds) {
     window.save();
     EXPECT_EQ(stored().size(), 0);
     commandLine.addFile(made("5.mp3"), KVMediaFileType::audio);
+    commandLine.save();
     window.addFile(made("6.mp3"), KVMediaFileType::audio);
+    window.save();
     EXPECT_TRUE(names(KVHistoryCenter()).endsWith("6.mp3"));
+}
+
+TEST_F(KVHistoryCenterTest, SavesRarelyWhereManyFilesComeQuickly) {
+    QStringList all;
+    qsizetype storedBetween = 0;
+    {
+        KVHistoryCenter center;
+        const auto add = [&] {
+            all += QString("%1.mp3").arg(all.size());
+            center.addFile(made(all.last()), KVMediaFileType::audio);
+        };
+        add();
+        EXPECT_EQ(stored().size(), 1);
+        for (int file = 0; file < 200; ++file) {
+            add();
+            storedBetween += stored().size() == all.size() ? 1 : 0;
+        }
+        EXPECT_LT(storedBetween, 20);
+        EXPECT_TRUE(KVMainThread::runUntil([&] { return stored().size() == all.size(); }, 20));
+        add();
+        add();
+    } // nothing is lost with an exit
+    EXPECT_EQ(names(KVHistoryCenter()), all);
 }
 
 TEST_F(KVHistoryCenterTest, AnnouncesEveryChangeBeforeAndAfter) {
