@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <map>
-#include <numeric>
 
 // The process's queues as a whole.
 
@@ -54,14 +53,15 @@ bool KVConversionQueue::isAnyQueueWorking() {
 }
 
 double KVConversionQueue::totalProgress() {
-    List all;
-    for (const auto &queue : allQueues())
-        all += queue->conversions();
-    if (all.isEmpty()) return 0;
-    const double sum = std::accumulate(all.begin(), all.end(), 0.0, [](double value, const auto &conversion) {
-        return value + conversion->overallValue();
-    });
-    return sum / static_cast<double>(all.size());
+    double sum = 0;
+    qsizetype count = 0;
+    for (const auto &queue : allQueues()) {
+        const auto rows = queue->conversions();
+        count += rows.size();
+        for (const auto &conversion : rows)
+            sum += conversion->overallValue();
+    }
+    return count == 0 ? 0 : sum / static_cast<double>(count);
 }
 
 void KVConversionQueue::addDelegateToAllQueues(const std::shared_ptr<KVConversionQueueDelegate> &delegate) {

@@ -105,7 +105,9 @@ std::shared_ptr<KVPreset> KVConversion::presetInForce() const {
 
 double KVConversion::overallValue() const {
     if (isFinished()) return 1;
-    return (progressOfCurrentTask + currentSubtask) / static_cast<double>(numberOfTasks());
+    const double tasksDone = progressOfCurrentTask + currentSubtask;
+    if (tasksDone == 0) return 0; // asked of every waiting row, for each report of a running one
+    return tasksDone / static_cast<double>(numberOfTasks());
 }
 
 void KVConversion::notifyDelegatesAboutProgress() {
