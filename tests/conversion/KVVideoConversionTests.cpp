@@ -101,7 +101,6 @@ TEST_F(KVVideoConversionTest, MakesAnImageThatHoldsAPlayableDisc) {
     ASSERT_TRUE(row->conversionWasSuccessful) << (errors.empty() ? "" : errors[0].taskOutput.toStdString());
     EXPECT_EQ(row->outputURL(), url("50% of \"Ünder\".iso"));
     EXPECT_EQ(row->statusString(), "Done.");
-    EXPECT_EQ(leftFolders(), QStringList());
     EXPECT_EQ(KVHistoryCenter::shared().historyItems().last().type, KVMediaFileType::dvd);
     EXPECT_EQ(KVHistoryCenter::shared().historyItems().last().url, row->outputURL());
     QProcess listing;
@@ -188,6 +187,8 @@ TEST_F(KVVideoConversionTest, EndsAtTheFirstTaskThatFails) {
         EXPECT_TRUE(row->conversionWasSuccessful); // from the first file
     }
     EXPECT_EQ(QDir(path()).entryList({"*.iso"}), QStringList());
+    EXPECT_GE(leftFolders().size(), 3); // of use to whoever looks for the cause
+    KVCleanTempDirectory();
     EXPECT_EQ(leftFolders(), QStringList());
 }
 
@@ -210,7 +211,6 @@ TEST_F(KVVideoConversionTest, SeesACancelBetweenTheDiscTasksAndEndsToolsWhenQuit
     EXPECT_TRUE(KVConversionQueue::cancelAllAndWait(2));
     EXPECT_FALSE(isAlive(image));
     EXPECT_EQ(QDir(path()).entryList({"*.iso"}), QStringList());
-    EXPECT_EQ(leftFolders(), QStringList());
     EXPECT_EQ(errors.size(), 0u);
 }
 

@@ -54,7 +54,6 @@ void KVConversion::main() {
 
     // A conversion that was cancelled between two tasks, or before the first, ends well.
     _hasFailed = !_performAllTasks();
-    _tasksDidEnd();
     if (!_hasFailed) {
         conversionWasSuccessful = true;
         setStatusString(KVLocalizationCenter::localized("Done."));

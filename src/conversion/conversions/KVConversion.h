@@ -103,8 +103,6 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
 
   protected:
     virtual void main();
-    /// Whatever way the tasks have ended, before anyone is told. Worker thread.
-    virtual void _tasksDidEnd() {}
 
     /// Posts to the main thread, without waiting, a call on every delegate.
     void

@@ -43,11 +43,6 @@ void KVVideoConversion::start() {
     KVAudioConversion::start();
 }
 
-void KVVideoConversion::_tasksDidEnd() {
-    // The parts of a disc are large, and nothing needs them any more.
-    if (_stitchingTemporaryURL) KVFileManager::removeItem(*_stitchingTemporaryURL);
-}
-
 int KVVideoConversion::numberOfTasks() const {
     return _dvdPreset() ? static_cast<int>(mediaFiles().size()) + 2 : 1;
 }

@@ -25,8 +25,6 @@ class KVVideoConversion : public KVAudioConversion {
     void killChildren() override;
 
   protected:
-    void _tasksDidEnd() override;
-
     using KVAudioConversion::_handleTaskOutputForMediaFiles;
     void _handleTaskOutputForMediaFiles(const KVAudioFileList &files) override;
 
@@ -60,5 +58,6 @@ class KVVideoConversion : public KVAudioConversion {
     std::shared_ptr<KVDiscTool> _discTool; ///< The one that runs.
     bool _isQuitting = false;              ///< No further tool may run.
 
-    std::optional<QUrl> _stitchingTemporaryURL; ///< The folder of a DVD run. Worker thread.
+    /// The folder of a DVD run; it stays until the temporary directory is cleaned. Worker thread.
+    std::optional<QUrl> _stitchingTemporaryURL;
 };
