@@ -148,6 +148,9 @@ TEST_F(KVVideoFormatTest, CustomRateIsTheUsersNumberRoundedUpToEven) {
     KVHEVCFormat hevc;
     hevc.bitrate = 1501;
     EXPECT_EQ(hevc.arguments(video(), custom).value(3), "1502k");
+    hevc.bitrate = std::numeric_limits<qint64>::max();
+    EXPECT_EQ(hevc.arguments(video(), custom).value(3), "9223372036854775807k")
+        << "there is no even one above";
     KVH264Format device;
     device.bitrateMultiplier = 0.75;
     device.bitrate = 1000;

@@ -102,5 +102,6 @@ KVVideoFormat::options(const std::shared_ptr<KVPreset> &preset) const {
 qint64 KVVideoFormat::_bitrateForSizeType(KVVideoSizeType sizeType, const KVBitrateRange &range) {
     const double share = KVVideoSizeTypes::percentage(sizeType) / 100.0;
     const qint64 rate = range.location + KVWholeNumber(share * static_cast<double>(range.length));
-    return rate % 2 == 0 ? rate : rate + 1;
+    const bool isEvenOrLargest = rate % 2 == 0 || rate == std::numeric_limits<qint64>::max();
+    return isEvenOrLargest ? rate : rate + 1;
 }
