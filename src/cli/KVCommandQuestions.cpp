@@ -24,7 +24,10 @@ KVCommandQuestions::KVCommandQuestions(KVConsole &console, std::unique_ptr<KVUse
     , _responder(std::move(responder)) {}
 
 KVAlertResponse KVCommandQuestions::runAlert(const KVAlert &alert) {
-    if (alert.buttons.size() < 2) return {};
+    if (alert.buttons.size() < 2) {
+        if (!alert.isReportedElsewhere) _console.say(alert.messageText);
+        return {};
+    }
     _console.paint({});
     return _responder->runAlert(alert);
 }

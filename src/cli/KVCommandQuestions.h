@@ -5,8 +5,8 @@
 class KVConsole;
 
 /// Answers the engine's questions for a command: on the terminal where there is one, else with what changes
-/// nothing. An alert that leaves no choice is passed over, for the command says itself what happened. Main
-/// thread.
+/// nothing. An alert that leaves no choice is told in one line, unless the command hears of it in another
+/// way. Main thread.
 class KVCommandQuestions : public KVUserQuestions {
   public:
     /// Makes this the one who answers. The console has to outlive the questions.

@@ -217,6 +217,7 @@ bool KVFileIntake::_checkForDRMProtection(const KVMediaFile &file, bool isFolder
                                         {KVFileManager::lastPathComponent(file.url())});
     alert.informativeText = localized("Sorry, but Kalvora cannot remove DRM protection.");
     alert.buttons = {localized("OK")};
+    alert.isReportedElsewhere = true;
     KVUserQuestion::runModalOnMainThread(alert);
     _refuse(KVIntakeRefusal::Kind::isProtected, file.url(), localized("The file is DRM-encrypted."),
             isFolderMember);

@@ -125,6 +125,7 @@ void KVErrorCenter::_conversionDidEnd() {
         alert.messageText = KVLocalizationCenter::localized(verdict->messageText);
         alert.informativeText = KVLocalizationCenter::localized(verdict->informativeText);
         alert.buttons = {KVLocalizationCenter::localized("OK")};
+        alert.isReportedElsewhere = true;
         KVUserQuestion::runModalOnMainThread(alert);
     } else if (reporter && !KVText::trimmingWhitespace(report).isEmpty()) {
         KVMainThread::async([report, reporter] { reporter(report); });

@@ -20,6 +20,8 @@ struct KVAlert {
     /// Which accessory item is taken where nobody can be asked; none presses `buttonThatChangesNothing`'s
     /// plain meaning.
     int accessoryItemThatChangesNothing = 0;
+    /// Whoever made the alert also tells an observer or a list of errors of it.
+    bool isReportedElsewhere = false;
 };
 
 struct KVAlertResponse {

@@ -85,9 +85,10 @@ class KVPreset : public std::enable_shared_from_this<KVPreset> {
     virtual std::optional<KVPresetTask>
     taskForConversionOfFiles(const KVMediaFileList &files, const std::optional<QUrl> &destination) const;
 
-    /// Where a task for these files would write just now; creates, claims and asks nothing.
-    std::optional<QUrl> outputURLForFiles(const KVMediaFileList &files,
-                                          const std::optional<QUrl> &destination) const;
+    /// Where a task for these files would write just now; creates, claims and asks nothing. Nothing where
+    /// there would be no task.
+    virtual std::optional<QUrl> outputURLForFiles(const KVMediaFileList &files,
+                                                  const std::optional<QUrl> &destination) const;
     /// What a task would run: of all files where the preset can stitch, else of the first alone.
     QStringList argumentsForFiles(const KVMediaFileList &files, const QUrl &outputFile) const;
 

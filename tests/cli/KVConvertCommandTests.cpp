@@ -148,6 +148,18 @@ TEST_F(KVConvertCommandTest, MakesSoundOfVideosWithTheTrackThatIsChosen) {
     EXPECT_EQ(convert({"v.mkv", "--audio-track", "0"}).array()[0]["error"], "The file has no audio track 0.");
 }
 
+TEST_F(KVConvertCommandTest, SaysWhyAPresetRefusesAFile) {
+    KVTestMedia::make({"-f", "lavfi", "-i", "testsrc2=size=64x48:duration=0.2", path("v.mov")});
+    const QStringList words{"--preset", "Web Optimization", "--json", "v.mov"};
+    const Result converted = run(QStringList{"convert"} + words);
+    EXPECT_EQ(converted.status, 1);
+    EXPECT_TRUE(converted.errors.contains("works only on MP4 files.")) << converted.errors.toStdString();
+    const Result arguments = run(QStringList{"arguments"} + words);
+    EXPECT_EQ(arguments.status, 1);
+    EXPECT_EQ(arguments.object()["error"], "Couldn't create task, aborting.");
+    EXPECT_EQ(names(), QStringList("v.mov"));
+}
+
 TEST_F(KVConvertCommandTest, TellsOfADestinationThatCannotTakeAnything) {
     tone("a.wav");
     copies("a.wav", {"b.wav"});

@@ -6,6 +6,15 @@
 
 #include <QFileInfo>
 
+namespace {
+
+/// The first file decides, as it is the one that is converted.
+bool isMP4(const KVMediaFileList &files) {
+    return QFileInfo(files.first()->url().toLocalFile()).suffix().toLower() == "mp4";
+}
+
+} // namespace
+
 QString KVWebOptimization::defaultName() const {
     return KVLocalizationCenter::localized("Web Optimization");
 }
@@ -25,11 +34,16 @@ QStringList KVWebOptimization::taskArguments(const std::shared_ptr<KVMediaFile> 
     // clang-format on
 }
 
+std::optional<QUrl> KVWebOptimization::outputURLForFiles(const KVMediaFileList &files,
+                                                         const std::optional<QUrl> &destination) const {
+    if (!isMP4(files)) return std::nullopt;
+    return KVVideoPreset::outputURLForFiles(files, destination);
+}
+
 std::optional<KVPresetTask>
 KVWebOptimization::taskForConversionOfFiles(const KVMediaFileList &files,
                                             const std::optional<QUrl> &destination) const {
-    const QString extension = QFileInfo(files.first()->url().toLocalFile()).suffix().toLower();
-    if (extension == "mp4") return KVVideoPreset::taskForConversionOfFiles(files, destination);
+    if (isMP4(files)) return KVVideoPreset::taskForConversionOfFiles(files, destination);
 
     KVAlert alert;
     alert.messageText = KVLocalizationCenter::localized("Web Optimization preset works only on MP4 files.");

@@ -11,6 +11,8 @@ class KVWebOptimization : public KVVideoPreset {
     bool supportsStitching() const override { return false; }
     QStringList taskArguments(const std::shared_ptr<KVMediaFile> &file,
                               const QUrl &outputFile) const override;
+    std::optional<QUrl> outputURLForFiles(const KVMediaFileList &files,
+                                          const std::optional<QUrl> &destination) const override;
     /// Tells the user, and answers nothing, where the file is no MP4.
     std::optional<KVPresetTask>
     taskForConversionOfFiles(const KVMediaFileList &files,
