@@ -14,6 +14,7 @@
 #include <QDateTime>
 #include <QFile>
 
+#include <algorithm>
 #include <csignal>
 #include <numeric>
 
@@ -22,6 +23,8 @@ namespace {
 /// Statuses of a child that never came to be, as a shell tells them.
 constexpr int launchFailedStatus = 127;
 constexpr int interruptedStatus = 128 + SIGINT;
+/// The tool's own for an output that could not be written.
+constexpr int writeFailedStatus = 1;
 
 double secondsSince1970() {
     return static_cast<double>(QDateTime::currentMSecsSinceEpoch()) / 1000;
@@ -56,6 +59,16 @@ std::optional<double> positionInStatusLine(const QString &line) {
     if (parts.size() < 3) return std::nullopt;
     return KVText::doubleValue(parts[0]) * 3600 + KVText::doubleValue(parts[1]) * 60 +
            KVText::doubleValue(parts[2]);
+}
+
+/// Some versions of the tool end with status 0 although the last of the output, or all of a short one, found
+/// no place on the disk; they only say so, towards the end of what they print.
+bool hasLostOutput(const QByteArray &taskOutput, const QString &path) {
+    constexpr qsizetype lengthOfEnd = 65536;
+    const QByteArrayView end = QByteArrayView(taskOutput).last(std::min(taskOutput.size(), lengthOfEnd));
+    const QByteArray subject = path.toUtf8() + ": ";
+    return end.contains("Error writing trailer of " + subject) ||
+           end.contains("Error closing file " + subject);
 }
 
 /// Asks the child to stop. Its output is thrown away in any case, so one that does not listen is asked again
@@ -134,6 +147,8 @@ bool KVAudioConversion::_convert(const KVAudioFileList &files, const KVPresetTas
     _taskOutput.clear();
 
     _terminationStatus = _run(files, *made.task);
+    if (_terminationStatus == 0 && hasLostOutput(_taskOutput, made.outputURL.toLocalFile()))
+        _terminationStatus = writeFailedStatus;
     const bool isDone = _terminationStatus == 0;
     if (isDone) {
         if (made.claim && !isCancelled()) made.claim->keep();

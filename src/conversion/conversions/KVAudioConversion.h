@@ -9,7 +9,8 @@
 using KVAudioFileList = QList<std::shared_ptr<KVAudioFile>>;
 
 /// The ordinary conversion: makes one task of the media files and the preset, runs the tool, follows its
-/// output, decides whether it worked (the exit status is 0, nothing else counts) and does what comes after.
+/// output, decides whether it worked (the exit status is 0 and the tool tells of no lost output) and does
+/// what comes after.
 class KVAudioConversion : public KVConversion {
   public:
     using KVConversion::KVConversion;
@@ -21,7 +22,7 @@ class KVAudioConversion : public KVConversion {
     void performPostConversionTasks() override;
     bool performTaskNumber(int number) override;
 
-    /// True when the child exited with status 0. `destination` is a file, or a folder that the preset names a
+    /// True when the child has made the output. `destination` is a file, or a folder that the preset names a
     /// file in. Worker thread; returns when the child has ended.
     virtual bool convertFiles(const KVMediaFileList &files, const QUrl &destination,
                               const std::shared_ptr<KVPreset> &preset, bool addToHistory);
