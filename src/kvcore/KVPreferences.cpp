@@ -222,8 +222,14 @@ bool KVPreferences::update(const Key &key, const std::function<QVariant(const QV
 }
 
 QStringList KVPreferences::allKeys() const {
-    const std::scoped_lock lock(_p->mutex);
-    const QVariantMap values = _p->valuesSeenByThisThread();
+    QVariantMap values;
+    QStringList keptPaths;
+    {
+        const std::scoped_lock lock(_p->mutex);
+        values = _p->valuesSeenByThisThread();
+        keptPaths = _p->file.takeKeptPaths();
+    }
+    _p->reportDamage(keptPaths);
     QStringList keys;
     for (auto entry = values.begin(); entry != values.end(); ++entry)
         if (entry.value().isValid()) keys.append(entry.key());
