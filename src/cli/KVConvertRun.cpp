@@ -62,6 +62,7 @@ void KVConvertRun::run() {
     KVMainThread::runUntil(
         [this] {
             _advance();
+            _updateCounts(); // the end of the loading comes without a word
             return _isDone();
         },
         std::numeric_limits<double>::infinity());

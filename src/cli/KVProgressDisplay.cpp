@@ -50,6 +50,7 @@ void KVProgressDisplay::remove(const std::shared_ptr<KVConversion> &conversion) 
 }
 
 void KVProgressDisplay::setCounts(qsizetype finished, qsizetype all, bool isMoreToCome) {
+    if (finished == _finished && all == _all && isMoreToCome == _isMoreToCome) return;
     _finished = finished;
     _all = all;
     _isMoreToCome = isMoreToCome;

@@ -13,20 +13,25 @@ KVRequestIntake::KVRequestIntake(const KVConversionRequest &request, QueuedHandl
 bool KVRequestIntake::isFailure(const KVIntakeRefusal &refusal) {
     using Kind = KVIntakeRefusal::Kind;
     if (refusal.kind == Kind::alreadyQueued) return false;
-    return refusal.kind != Kind::filtered || !refusal.isFolderMember;
+    const bool isStranger = refusal.kind == Kind::filtered || refusal.kind == Kind::otherType;
+    return !isStranger || !refusal.isFolderMember;
 }
 
 std::optional<qint64> KVRequestIntake::intakeChosenAudioTrack(const KVAudioFile &file) {
     return _isFirst(file) ? _request.audioTrack : std::nullopt;
 }
 
-std::optional<QString> KVRequestIntake::intakeWillQueue(const std::shared_ptr<KVMediaFile> &file) {
+std::optional<KVIntakeObserver::Objection>
+KVRequestIntake::intakeWillQueue(const std::shared_ptr<KVMediaFile> &file) {
+    using Kind = KVIntakeRefusal::Kind;
     if (!KVPresetChoice::canConvert(*_request.preset, file->mediaFileType()))
-        return QStringLiteral("The preset \"%1\" does not convert files of the type %2.")
-            .arg(_request.preset->name, KVMediaFileTypes::caseName(file->mediaFileType()));
+        return Objection{Kind::otherType,
+                         QStringLiteral("The preset \"%1\" does not convert files of the type %2.")
+                             .arg(_request.preset->name, KVMediaFileTypes::caseName(file->mediaFileType()))};
     if (!_isFirst(*file)) return std::nullopt;
     _hasPreparedFirst = true;
-    return _request.prepareFirstFile(*file);
+    const auto reason = _request.prepareFirstFile(*file);
+    return reason ? std::optional(Objection{Kind::unsuitable, *reason}) : std::nullopt;
 }
 
 void KVRequestIntake::intakeDidQueue(const std::shared_ptr<KVConversion> &conversion) {

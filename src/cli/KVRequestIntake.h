@@ -14,11 +14,12 @@ class KVRequestIntake : public KVIntakeObserver {
 
     KVRequestIntake(const KVConversionRequest &request, QueuedHandler didQueue, RefusedHandler didRefuse);
 
-    /// False for what is no failure: a file that is named twice, and a member of a folder that is no medium.
+    /// False for what is no failure: a file that is named twice, and a member of a folder that is no
+    /// medium or not of a kind that the preset converts.
     static bool isFailure(const KVIntakeRefusal &refusal);
 
     std::optional<qint64> intakeChosenAudioTrack(const KVAudioFile &file) override;
-    std::optional<QString> intakeWillQueue(const std::shared_ptr<KVMediaFile> &file) override;
+    std::optional<Objection> intakeWillQueue(const std::shared_ptr<KVMediaFile> &file) override;
     void intakeDidQueue(const std::shared_ptr<KVConversion> &conversion) override;
     void intakeDidRefuse(const KVIntakeRefusal &refusal) override;
 

@@ -14,9 +14,11 @@
 
 #include <QFileInfo>
 
-#include <sys/stat.h>
-
 #include <algorithm>
+#include <cerrno>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -36,10 +38,15 @@ std::optional<std::pair<quint64, quint64>> identityOfFolder(const QUrl &folder) 
     return std::pair<quint64, quint64>{status.st_dev, status.st_ino};
 }
 
+/// The number of the system's error where the item cannot be read, else 0.
+int readingProblem(const QUrl &url) {
+    return ::access(QFile::encodeName(url.toLocalFile()).constData(), R_OK) == 0 ? 0 : errno;
+}
+
 } // namespace
 
 KVFileIntake::KVFileIntake()
-    : _fileLoadingQueue(QStringLiteral("com.brenholt.kalvora.loading_queue")) {}
+    : _fileLoadingQueue(QStringLiteral("com.brenholt.Kalvora.loading_queue")) {}
 
 KVFileIntake::~KVFileIntake() {
     cancelLoading();
@@ -101,7 +108,7 @@ bool KVFileIntake::_addFile(const QUrl &url, bool isFolderMember) {
     if (KVConversionQueue::anyQueueContainsMedia(url))
         return refuse(Kind::alreadyQueued, "The file is in the queue already.");
 
-    const auto file = KVMediaFile::mediaFile(url);
+    const auto file = readFile(url);
     if (!file) {
         _refuseUnreadable(url, file.error(), isFolderMember);
         return false;
@@ -286,8 +293,8 @@ bool KVFileIntake::_selectAudioTrack(KVAudioFile &file, bool isFolderMember) {
 bool KVFileIntake::_queue(const std::shared_ptr<KVMediaFile> &file, bool isFolderMember) {
     if (_isCancelled) return false;
     const auto observer = _observer.lock();
-    if (const auto reason = observer ? observer->intakeWillQueue(file) : std::nullopt) {
-        _refuse(KVIntakeRefusal::Kind::unsuitable, file->url(), *reason, isFolderMember);
+    if (const auto objection = observer ? observer->intakeWillQueue(file) : std::nullopt) {
+        _refuse(objection->kind, file->url(), objection->reason, isFolderMember);
         return false;
     }
     KVLog(file->description());
@@ -299,10 +306,19 @@ bool KVFileIntake::_queue(const std::shared_ptr<KVMediaFile> &file, bool isFolde
     return true;
 }
 
+KVResult<std::shared_ptr<KVMediaFile>> KVFileIntake::readFile(const QUrl &url) {
+    auto file = KVMediaFile::mediaFile(url);
+    // A picture is one by its name alone.
+    if (const int problem = file ? readingProblem(url) : 0)
+        return tl::unexpected(KVPOSIXError(url.toLocalFile(), problem));
+    return file;
+}
+
 QString KVFileIntake::reasonForUnreadableFile(const QUrl &url, const KVError &error) {
+    const int problem = readingProblem(url);
+    if (problem == ENOENT || problem == ENOTDIR) return localized("No such file or folder.");
+    if (problem == EACCES) return localized("There is no permission to read it.");
     const QFileInfo info(url.toLocalFile());
-    if (!info.exists()) return localized("No such file or folder.");
-    if (!info.isReadable()) return localized("There is no permission to read it.");
     if (info.isFile() && info.size() == 0) return localized("The file is empty.");
     return error.reason;
 }

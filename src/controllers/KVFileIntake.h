@@ -55,6 +55,9 @@ class KVFileIntake {
     /// Held weakly. Set before files are added.
     void setObserver(const std::weak_ptr<KVIntakeObserver> &observer) { _observer = observer; }
 
+    /// The medium in a file that is no folder.
+    static KVResult<std::shared_ptr<KVMediaFile>> readFile(const QUrl &url);
+
     /// What to tell the user about a file that cannot be read as a medium: the nearest cause, where one
     /// shows.
     static QString reasonForUnreadableFile(const QUrl &url, const KVError &error);

@@ -20,6 +20,7 @@ struct KVIntakeRefusal {
         isProtected,   ///< Encrypted against copying.
         damaged,       ///< Its sound data is known to be read wrongly.
         skipped,       ///< The user chose to leave it out.
+        otherType,     ///< The observer takes no files of its type.
         unsuitable,    ///< The observer did not want it.
     };
     Kind kind;
@@ -32,6 +33,11 @@ struct KVIntakeRefusal {
 /// to say what the intake refuses in silence. The intake holds its observer weakly.
 class KVIntakeObserver {
   public:
+    struct Objection {
+        KVIntakeRefusal::Kind kind;
+        QString reason; ///< As of the refusal.
+    };
+
     virtual ~KVIntakeObserver() = default;
 
     /// The number of the audio track that was chosen for this file beforehand, so that nobody is asked. On
@@ -40,7 +46,7 @@ class KVIntakeObserver {
 
     /// The file is about to be queued: the last moment to change it, or to answer why it should not be. On
     /// the loading thread.
-    virtual std::optional<QString> intakeWillQueue(const std::shared_ptr<KVMediaFile> &) {
+    virtual std::optional<Objection> intakeWillQueue(const std::shared_ptr<KVMediaFile> &) {
         return std::nullopt;
     }
 

@@ -16,5 +16,7 @@ class KVSilentQuestions : public KVUserQuestions {
     std::optional<QString> runTextPrompt(const KVTextPrompt &prompt) override;
 
   private:
+    void _tell(const QString &question, const QString &answer) const;
+
     std::function<void(const QString &)> _say;
 };

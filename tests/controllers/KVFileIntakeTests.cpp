@@ -127,12 +127,12 @@ TEST_F(KVFileIntakeTest, PassesOverStrangersAndGoesOn) {
     write("notes.TXT", "text");
     ASSERT_EQ(::mkfifo(QFile::encodeName(path("pipe.wav")).constData(), 0600), 0);
     intake.addURLs({QUrl("https://example.org/a.wav"), url("missing.wav"), url("fake.mp3"), url("empty.wav"),
-                    url("notes.TXT"), url("song.m4p"), url("pipe.wav"), url("good.wav")});
+                    url("notes.TXT"), url("song.m4p"), url("pipe.wav"), url("good.wav"), url("missing.png")});
     EXPECT_EQ(queued(audio), QStringList("good.wav"));
     EXPECT_TRUE(questions->alerts.empty());
 
     const auto refusals = observer->refusals();
-    ASSERT_EQ(refusals.size(), 7U);
+    ASSERT_EQ(refusals.size(), 8U);
     EXPECT_EQ(refusals[0].kind, Kind::notAFile);
     EXPECT_EQ(refusals[1].reason, "No such file or folder.");
     EXPECT_EQ(refusals[2].reason, "Unrecognized file format.");
@@ -140,6 +140,7 @@ TEST_F(KVFileIntakeTest, PassesOverStrangersAndGoesOn) {
     EXPECT_EQ(refusals[4].kind, Kind::filtered);
     EXPECT_EQ(refusals[5].kind, Kind::isProtected);
     EXPECT_EQ(refusals[6].reason, "This is no regular file.");
+    EXPECT_EQ(refusals[7].reason, "No such file or folder.");
 }
 
 TEST_F(KVFileIntakeTest, HasLoadedOnlyWhenTheMainThreadKnowsOfTheLastRefusal) {
