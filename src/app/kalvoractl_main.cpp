@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include <fcntl.h>
 #include <langinfo.h>
 
 namespace {
@@ -18,9 +19,17 @@ void useUTF8() {
     std::setlocale(LC_CTYPE, "");
 }
 
+/// The next file that is opened would take the place of a closed standard stream, and results be written into
+/// it. What stands there instead takes nothing, so that lost results are noticed.
+void occupyStandardStreams() {
+    for (const int descriptor : {0, 1, 2})
+        if (::fcntl(descriptor, F_GETFD) < 0) (void)::open("/dev/null", O_RDONLY);
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
+    occupyStandardStreams();
     // A reader that has seen enough is no reason to die with conversions half done.
     std::signal(SIGPIPE, SIG_IGN);
     useUTF8();
@@ -31,8 +40,8 @@ int main(int argc, char **argv) {
     KVConsole console;
     KVCommandLine commandLine(console);
     if (const auto status = commandLine.answerAtOnce(words)) {
-        console.flushResults();
-        return static_cast<int>(*status);
+        const bool isAllWritten = console.flushResults();
+        return static_cast<int>(isAllWritten ? *status : KVExitStatus::failure);
     }
 
     // The words are read: nothing of them is meant for the framework.

@@ -1,6 +1,7 @@
 #include "cli/KVArgumentsCommand.h"
 
 #include "cli/KVConversionRequest.h"
+#include "cli/KVOwnFiles.h"
 #include "cli/KVRequestIntake.h"
 #include "controllers/KVKalvoraAppDelegate.h"
 #include "conversion/conversions/KVConversion.h"
@@ -45,6 +46,7 @@ KVExitStatus KVArgumentsCommand::run(const KVParsedWords &words) {
     const auto request = KVConversionRequest::make(words);
     if (!request) return usageError(request.error());
     plugInQuestions(words);
+    const KVOwnFiles ownFiles(_console);
 
     const bool isJSON = words.isSet("json");
     if (!request->unreadableInputs.isEmpty())

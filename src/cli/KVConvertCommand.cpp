@@ -2,6 +2,7 @@
 
 #include "cli/KVConversionRequest.h"
 #include "cli/KVConvertRun.h"
+#include "cli/KVOwnFiles.h"
 #include "cli/KVSignalWatcher.h"
 #include "tasks/KVHardwareAcceleration.h"
 #include "util/KVPreferenceKeys.h"
@@ -9,8 +10,9 @@
 
 QString KVConvertCommand::details() const {
     return "Each file is a conversion of its own. Of a folder all members count; those that are no media by\n"
-           "their extension are passed over. A file that is refused is told on standard error and makes the\n"
-           "exit status 1.\n\n"
+           "their extension, or not of a kind that the preset converts, are passed over. Any other file "
+           "that\n"
+           "is refused is told on standard error and makes the exit status 1.\n\n"
            "--json prints, at the end, an array with one object for each conversion in queue order: "
            "\"input\",\n"
            "\"output\", \"preset\", \"successful\", \"terminationStatus\", \"seconds\" (the time that it "
@@ -33,6 +35,7 @@ KVExitStatus KVConvertCommand::run(const KVParsedWords &words) {
     if (words.isSet("stitch") && !preset.supportsStitching() && preset.presetType() != KVMediaFileType::dvd)
         return usageError(QStringLiteral("the preset \"%1\" cannot stitch files").arg(preset.name));
     plugInQuestions(words);
+    const KVOwnFiles ownFiles(_console);
     return _convert(*request, words);
 }
 

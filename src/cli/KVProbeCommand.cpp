@@ -2,6 +2,7 @@
 
 #include "cli/KVInputPath.h"
 #include "cli/KVMediaFileJSON.h"
+#include "cli/KVOwnFiles.h"
 #include "controllers/KVFileIntake.h"
 #include "kvcore/KVMainThread.h"
 #include "platform/KVFileManager.h"
@@ -35,7 +36,7 @@ Result probe(const KVCommandArgument &argument, const QUrl &url) {
         if (KVFileManager::isDirectory(videoFolder)) return KVMediaFile::mediaFile(videoFolder);
         return refusal(QStringLiteral("This is a folder."));
     }
-    return KVMediaFile::mediaFile(url);
+    return KVFileIntake::readFile(url);
 }
 
 /// Looks at all files, several at a time, and hands the results over in the order of the files, on the main
@@ -114,6 +115,7 @@ QString KVProbeCommand::details() const {
 KVExitStatus KVProbeCommand::run(const KVParsedWords &words) {
     if (words.arguments().isEmpty()) return usageError(QStringLiteral("a FILE is missing"));
     plugInQuestions(words);
+    const KVOwnFiles ownFiles(_console);
 
     const bool isJSON = words.isSet("json");
     bool isAnyRefused = false;

@@ -91,6 +91,13 @@ TEST_F(KVCommandLineTest, SurvivesAReaderThatLeavesAndAFullDisk) {
     EXPECT_TRUE(full.errors.contains("No space left on device"));
     const Result early = runShell("(sleep 0.2; \"$0\" presets --json; echo $? >&2) | true");
     EXPECT_EQ(early.errors, "1\n");
+
+    // The first file that is opened must not take the place of the stream and get the results.
+    const Result closed = runShell("\"$0\" preferences set ZRiTunesGenre x; "
+                                   "\"$0\" preferences >&-; echo $?; \"$0\" --help >&-; echo $?");
+    EXPECT_EQ(closed.output, "1\n1\n");
+    EXPECT_EQ(closed.errors.count("Bad file descriptor"), 2) << closed.errors.toStdString();
+    EXPECT_EQ(run({"preferences", "get", "ZRiTunesGenre"}).output, "x\n");
 }
 
 TEST_F(KVCommandLineTest, ReadsOptionsAndNames) {

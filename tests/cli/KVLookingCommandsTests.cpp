@@ -13,10 +13,10 @@ TEST_F(KVProbeCommandTest, TellsEveryKindOfFileInOrder) {
     write("text.mp3", "this is no sound");
     write("note.txt", "text");
     const Result result = run({"probe", "--json", "clip.mkv", "text.mp3", "./a b.wav", "p.png",
-                               "disc/VIDEO_TS", "note.txt", "gone.wav"});
+                               "disc/VIDEO_TS", "note.txt", "gone.wav", "gone.png"});
     EXPECT_EQ(result.status, 1);
     const QJsonArray files = result.array();
-    ASSERT_EQ(files.size(), 7) << result.output.toStdString();
+    ASSERT_EQ(files.size(), 8) << result.output.toStdString();
 
     const QJsonObject clip = files[0].toObject();
     EXPECT_EQ(clip.keys(),
@@ -50,7 +50,18 @@ TEST_F(KVProbeCommandTest, TellsEveryKindOfFileInOrder) {
               (QJsonObject{{"path", path("disc")}, {"type", "dvd"}, {"isDRMProtected", false}}));
     EXPECT_EQ(files[5]["error"]["reason"], "File type is blacklisted by a file extension filter.");
     EXPECT_EQ(files[6]["path"], path("gone.wav"));
-    EXPECT_EQ(result.errorLines().size(), 3);
+    EXPECT_EQ(files[7]["error"]["domain"], "KVPOSIXErrorDomain") << "a picture is one by its name alone";
+    EXPECT_TRUE(result.errors.endsWith("gone.png: No such file or folder.\n"));
+    EXPECT_EQ(result.errorLines().size(), 4);
+}
+
+TEST_F(KVProbeCommandTest, WorksWithoutAHomeFolder) {
+    KVTestMedia::tone(path("a.wav"), 0.2);
+    const Result result =
+        runShell("env -i PATH=\"$PATH\" TMPDIR=\"$PWD\" HOME=/proc/none \"$0\" probe --json a.wav");
+    EXPECT_EQ(result.status, 0) << result.errors.toStdString();
+    EXPECT_EQ(result.array()[0]["type"], "audio");
+    EXPECT_EQ(names(), QStringList("a.wav")) << "nothing stays behind";
 }
 
 TEST_F(KVProbeCommandTest, PrintsTheDescriptionAndSurvivesNamesThatAreNoText) {
@@ -124,6 +135,8 @@ TEST_F(KVPreferencesCommandTest, KeepsADamagedStoreAsideAndSaysSo) {
         EXPECT_TRUE(damaged.isEmpty() || result.errors.contains("were damaged; they are kept as"))
             << damaged.toStdString();
     }
+    write(store, "[1, 2]");
+    EXPECT_TRUE(run({"preferences"}).errors.contains("were damaged")) << "also where it is only listed";
     write(store, R"({"ZRPresetSettingsDefaults": {"MP3": 5, "X": {"ZRPresetClass": "Kalvora.KVNone"}}, )"
                  R"("KVSaveToSourceFolder": "perhaps"})");
     EXPECT_TRUE(run({"presets"}).output.contains("\nMP3 "));
