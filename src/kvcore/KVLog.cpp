@@ -18,15 +18,14 @@ Sink &sink() {
 
 } // namespace
 
-void KVLog(const QString &message, std::source_location where) {
+void KVLog(const QString &message, const char *function, const char *file, int line) {
     if (!sink().isSet) return;
-    const QString file = QString::fromUtf8(where.file_name()).section('/', -1);
-    const QString line = QStringLiteral("%1:%2 %3: %4")
-                             .arg(file)
-                             .arg(where.line())
-                             .arg(QString::fromUtf8(where.function_name()), message);
+    const QString text = QStringLiteral("%1:%2 %3: %4")
+                             .arg(QString::fromUtf8(file).section('/', -1))
+                             .arg(line)
+                             .arg(QString::fromUtf8(function), message);
     const std::scoped_lock lock(sink().mutex);
-    if (sink().write) sink().write(line);
+    if (sink().write) sink().write(text);
 }
 
 void KVSetLogSink(std::function<void(const QString &line)> write) {

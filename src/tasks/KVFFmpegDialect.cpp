@@ -7,18 +7,17 @@
 
 namespace {
 
-/// Options of our language that stand alone; every other one has a value.
-const QSet<QString> &optionsWithoutValue() {
-    static const QSet<QString> options{"-y",  "-n",      "-an",       "-vn",          "-sn",
-                                       "-dn", "-copyts", "-shortest", "-hide_banner", "-nostdin"};
-    return options;
-}
+/// Options of our language that stand alone; every other one has a value. (No objects that end with the
+/// process: a worker may still launch while it ends.)
+constexpr std::array optionsWithoutValue{"-y",  "-n",      "-an",       "-vn",          "-sn",
+                                         "-dn", "-copyts", "-shortest", "-hide_banner", "-nostdin"};
 
 /// Options whose value is a number or a name: what looks like an option behind them is one, and their value
 /// is missing.
-const QSet<QString> &optionsWithPlainValue() {
-    static const QSet<QString> options{"-r"};
-    return options;
+constexpr std::array optionsWithPlainValue{"-r"};
+
+bool isAmong(const auto &options, const QString &option) {
+    return std::ranges::any_of(options, [&](const char *known) { return option == QLatin1String(known); });
 }
 
 /// A word of ours that tools say in another way.
@@ -149,11 +148,11 @@ QStringList KVFFmpegDialect::argumentsForTool(const QStringList &arguments,
             continue;
         }
         const bool isKnown = capabilities.isKnown(option);
-        if (optionsWithoutValue().contains(option) || i + 1 == arguments.size()) {
+        if (isAmong(optionsWithoutValue, option) || i + 1 == arguments.size()) {
             if (isKnown) said << option << additionsTo(option, encoder, capabilities);
             continue;
         }
-        if (optionsWithPlainValue().contains(option) && isOption(arguments.at(i + 1))) continue;
+        if (isAmong(optionsWithPlainValue, option) && isOption(arguments.at(i + 1))) continue;
         const QString &given = arguments.at(++i);
         const QString value = option == "-f" ? containerForTool(given, arguments) : given;
         if (isUnset(option, value, encoder)) continue;
