@@ -10,11 +10,12 @@
 /// A modal question with buttons, an optional box "do not ask again" and an optional choice among named
 /// items.
 struct KVAlert {
-    QString messageText;
-    QString informativeText;
-    QStringList buttons;                     ///< From the first (default) on; at least one.
-    std::optional<QString> suppressionTitle; ///< With a text the alert shows a box that the user can tick.
-    QStringList accessoryItems; ///< With items the alert shows a pop-up of them, the first selected.
+    QString messageText = {};
+    QString informativeText = {};
+    QStringList buttons = {}; ///< From the first (default) on; at least one.
+    std::optional<QString> suppressionTitle =
+        {};                          ///< With a text the alert shows a box that the user can tick.
+    QStringList accessoryItems = {}; ///< With items the alert shows a pop-up of them, the first selected.
     /// Which button (0 is the first) changes nothing: taken where nobody can be asked.
     int buttonThatChangesNothing = 0;
     /// Which accessory item is taken where nobody can be asked; none presses `buttonThatChangesNothing`'s
@@ -28,32 +29,32 @@ struct KVAlertResponse {
     static constexpr int firstButtonReturn = 1000; ///< The code of the first button; the next ones count up.
     int returnCode = firstButtonReturn;
     bool isSuppressed = false;
-    std::optional<int> accessoryIndex; ///< The selected item, if there is one.
+    std::optional<int> accessoryIndex = {}; ///< The selected item, if there is one.
 
     bool isFirstButton() const { return returnCode == firstButtonReturn; }
 };
 
 struct KVOpenPanel {
-    QString message;
+    QString message = {};
     bool canChooseFiles = false;
     bool canChooseFolders = true;
     bool allowsMultipleSelection = false;
-    std::optional<QUrl> directory;
-    QStringList allowedExtensions; ///< Empty allows all.
+    std::optional<QUrl> directory = {};
+    QStringList allowedExtensions = {}; ///< Empty allows all.
 };
 
 struct KVSavePanel {
-    QString message;
-    QUrl directory;
-    QString proposedName;
-    QStringList allowedExtensions;
+    QString message = {};
+    QUrl directory = {};
+    QString proposedName = {};
+    QStringList allowedExtensions = {};
 };
 
 struct KVTextPrompt {
-    QString messageText;
-    QString informativeText;
-    QString defaultValue;
-    QStringList buttons; ///< The first confirms.
+    QString messageText = {};
+    QString informativeText = {};
+    QString defaultValue = {};
+    QStringList buttons = {}; ///< The first confirms.
 };
 
 /// How the engine asks the person at the machine. The application plugs in what it has: a terminal, windows,

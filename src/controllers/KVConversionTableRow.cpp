@@ -1,0 +1,380 @@
+#include "controllers/KVConversionTableRow.h"
+
+#include "conversion/conversions/KVVideoConversion.h"
+#include "kvcore/KVFatalError.h"
+#include "kvcore/KVLocalizationCenter.h"
+#include "kvcore/KVMainThread.h"
+#include "kvcore/KVText.h"
+#include "platform/KVFileManager.h"
+#include "platform/KVUserQuestions.h"
+#include "presets/KVPresetRegistry.h"
+#include "presets/video/other/KVDVDPreset.h"
+#include "util/KVPreferenceKeys.h"
+#include "video_info/media_file/KVVideoFile.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+const QStringList subtitleFileExtensions{"srt", "smi", "sami", "ass"};
+
+QString localized(const char *key) {
+    return KVLocalizationCenter::localized(key);
+}
+
+QString fileNames(const KVMediaFileList &files, const QString &separator) {
+    QStringList names;
+    for (const auto &file : files)
+        names.append(KVFileManager::lastPathComponent(file->url()));
+    return names.join(separator);
+}
+
+void append(KVMenu &menu, KVMenu items) {
+    std::ranges::move(items, std::back_inserter(menu));
+}
+
+void appendSeparatorOnce(KVMenu &menu) {
+    if (!menu.empty() && !menu.back().isSeparator) menu.push_back(KVMenuItem::separator());
+}
+
+} // namespace
+
+KVConversionTableRow::KVConversionTableRow(std::shared_ptr<KVConversion> conversion,
+                                           std::shared_ptr<KVConversionRowServices> services)
+    : _conversion(std::move(conversion))
+    , _services(std::move(services)) {}
+
+QString KVConversionTableRow::title() const {
+    QString title = _conversion->outputFileName().value_or(fileNames(_conversion->mediaFiles(), " & "));
+    if (const auto preset = _conversion->customPreset()) title += " [" + preset->name + "] ";
+    return title;
+}
+
+QString KVConversionTableRow::statusText() const {
+    if (_conversion->state == KVConversionState::paused) return localized("Paused");
+    const QString status = _conversion->statusString();
+    return status.isEmpty() ? _conversion->estimatedTimeString() : status;
+}
+
+QString KVConversionTableRow::toolTip() const {
+    QStringList paths;
+    for (const auto &file : _conversion->mediaFiles())
+        paths.append(file->url().toLocalFile());
+    return paths.join("\n");
+}
+
+QString KVConversionTableRow::accessibleText() const {
+    const QString beginning = localized("Conversion") + " " + title() + ". ";
+    switch (_conversion->state.load()) {
+    case KVConversionState::finished:
+        return beginning + localized("Finished");
+    case KVConversionState::paused:
+        return beginning + localized("Paused.");
+    case KVConversionState::waitingToStart:
+        return beginning + localized("Waiting to start.");
+    case KVConversionState::executing:
+        break;
+    }
+    const auto known = progress();
+    return beginning + (known ? QString::number(int(*known * 100)) + "% - " + statusText()
+                              : localized("Unknown progress."));
+}
+
+std::optional<double> KVConversionTableRow::progress() const {
+    const double value = _conversion->overallValue();
+    if (!std::isfinite(value)) return std::nullopt;
+    return std::clamp(value, 0.0, 1.0);
+}
+
+template <void (KVConversionTableRow::*action)() const>
+KVMenuItem KVConversionTableRow::_item(const char *title) const {
+    return {.title = localized(title), .action = [row = *this] { (row.*action)(); }};
+}
+
+KVMenu KVConversionTableRow::menu() const {
+    KVMenu menu = _stateItems();
+    menu.push_back(KVMenuItem::separator());
+    if (_conversion->isFinished()) {
+        if (_conversion->outputURL())
+            menu.push_back(_item<&KVConversionTableRow::showInFinder>("Show in Finder"));
+        return menu;
+    }
+    menu.push_back(_presetItem());
+    menu.push_back(KVMenuItem::separator());
+    append(menu, _videoItems());
+    if (KVMenu items = _mergeItems(); !items.empty()) {
+        appendSeparatorOnce(menu);
+        append(menu, std::move(items));
+    }
+    if (KVMenu items = _removeFileItems(); !items.empty()) {
+        appendSeparatorOnce(menu);
+        append(menu, std::move(items));
+    }
+    return menu;
+}
+
+KVMenu KVConversionTableRow::_stateItems() const {
+    using Row = KVConversionTableRow;
+    switch (_conversion->state.load()) {
+    case KVConversionState::waitingToStart:
+        return {_item<&Row::startConversion>("Start"), _item<&Row::renameConversion>("Rename..."),
+                KVMenuItem::separator(), _item<&Row::removeConversion>("Remove")};
+    case KVConversionState::executing:
+        return {_item<&Row::pauseConversion>("Pause"), _item<&Row::cancelConversion>("Cancel")};
+    case KVConversionState::paused:
+        return {_item<&Row::resumeConversion>("Resume"), _item<&Row::cancelConversion>("Cancel")};
+    case KVConversionState::finished:
+        break;
+    }
+    return {_item<&Row::removeConversionAndReadd>("Remove and Add Again to Queue"),
+            _item<&Row::removeConversion>("Remove")};
+}
+
+KVMenuItem KVConversionTableRow::_presetItem() const {
+    const auto selected = _conversion->customPreset();
+    const bool hasFiles = !_conversion->mediaFiles().isEmpty();
+    const auto items =
+        KVPreset::presetMenuForType(_queue()->mediaFileType(), selected, [hasFiles](const KVPreset &preset) {
+            return !hasFiles || preset.supportsStitching();
+        });
+
+    KVMenuItem item{.title = localized("Preset")};
+    item.submenu.push_back({.title = localized("Default"),
+                            .action = [row = *this] { row.selectPreset(nullptr); },
+                            .isOn = selected == nullptr});
+    item.submenu.push_back(KVMenuItem::separator());
+    for (const KVPresetMenuItem &entry : items) {
+        if (entry.isSeparator)
+            item.submenu.push_back(KVMenuItem::separator());
+        else
+            item.submenu.push_back(
+                {.title = entry.title,
+                 .action = [row = *this, preset = entry.preset] { row.selectPreset(preset); },
+                 .toolTip = entry.toolTip,
+                 .isOn = entry.isOn});
+    }
+    return item;
+}
+
+KVMenu KVConversionTableRow::_videoItems() const {
+    KVMenu menu;
+    if (_queue()->mediaFileType() == KVMediaFileType::video) {
+        const auto video = _videoFile();
+        if (video && video->subtitlesFileURL)
+            menu = {_item<&KVConversionTableRow::selectSubtitles>("Replace Subtitles..."),
+                    _item<&KVConversionTableRow::removeSubtitles>("Remove Subtitles...")};
+        else
+            menu = {_item<&KVConversionTableRow::selectSubtitles>("Select Subtitles...")};
+    }
+    const bool isDVD = std::dynamic_pointer_cast<KVDVDPreset>(_conversion->presetInForce()) != nullptr;
+    const bool isVideoConversion = std::dynamic_pointer_cast<KVVideoConversion>(_conversion) != nullptr;
+    if (isDVD && isVideoConversion)
+        menu.push_back(_item<&KVConversionTableRow::changeDVDName>("Change DVD Name..."));
+    else if (_queue()->mediaFileType() == KVMediaFileType::video &&
+             _conversion->state == KVConversionState::waitingToStart)
+        menu.push_back(_item<&KVConversionTableRow::makeDVD>("Make DVD"));
+    return menu;
+}
+
+KVMenu KVConversionTableRow::_mergeItems() const {
+    const auto others = _otherWaitingConversions();
+    if (others.isEmpty()) return {};
+    KVMenuItem item{.title = localized("Merge With")};
+    for (const auto &other : others)
+        item.submenu.push_back({.title = fileNames(other->mediaFiles(), ", "),
+                                .action = [row = *this, other] { row.mergeWithConversion(other); }});
+    item.submenu.push_back(KVMenuItem::separator());
+    item.submenu.push_back(_item<&KVConversionTableRow::mergeWithAllConversions>("Merge All"));
+    return {item};
+}
+
+KVMenu KVConversionTableRow::_removeFileItems() const {
+    const KVMediaFileList files = _conversion->mediaFiles();
+    if (files.size() < 2) return {};
+    KVMenuItem item{.title = localized("Remove File")};
+    for (const auto &file : files)
+        item.submenu.push_back({.title = KVFileManager::lastPathComponent(file->url()),
+                                .action = [row = *this, file] { row.removeFile(file); }});
+    return {item};
+}
+
+QString KVConversionTableRow::stopButtonTitle(bool isOptionKeyDown) const {
+    switch (_conversion->state.load()) {
+    case KVConversionState::executing:
+        return localized(isOptionKeyDown ? "Stop" : "Pause");
+    case KVConversionState::paused:
+        return localized(isOptionKeyDown ? "Stop" : "Resume");
+    case KVConversionState::finished:
+        return localized("Stop");
+    case KVConversionState::waitingToStart:
+        break;
+    }
+    return localized("Cancel");
+}
+
+void KVConversionTableRow::stopButtonAction(bool isOptionKeyDown) const {
+    const KVConversionState state = _conversion->state;
+    if (!isOptionKeyDown && state == KVConversionState::paused)
+        _conversion->resume();
+    else if (!isOptionKeyDown && state == KVConversionState::executing)
+        _conversion->pause();
+    else
+        cancelConversion();
+}
+
+void KVConversionTableRow::startConversion() const {
+    _queue()->startConversion(_conversion);
+}
+
+void KVConversionTableRow::pauseConversion() const {
+    _conversion->pause();
+}
+
+void KVConversionTableRow::resumeConversion() const {
+    _conversion->resume();
+}
+
+void KVConversionTableRow::cancelConversion() const {
+    using namespace KVPreferenceKeys;
+    const bool asks = _conversion->state == KVConversionState::executing &&
+                      KVPreferences::shared().boolean(RequiresConfirmationOfConversionCancelation, true);
+    if (asks) {
+        const QString name = KVFileManager::lastPathComponent(_conversion->mediaFiles().first()->url());
+        const KVAlertResponse response = KVUserQuestion::runModalOnMainThread(
+            KVAlert{.messageText = KVLocalizationCenter::localized(
+                        "The conversion of '%@' is still in progress. Do you wish to cancel?", {name}),
+                    .informativeText =
+                        localized("Canceling this conversion will result in losing all progress so far."),
+                    .buttons = {localized("Continue with Conversion"), localized("Cancel Conversion")},
+                    .suppressionTitle = localized("Don't ask again")});
+        if (response.isFirstButton()) return;
+        if (response.isSuppressed)
+            KVPreferences::shared().setBoolean(false, RequiresConfirmationOfConversionCancelation);
+    }
+    removeConversion();
+}
+
+void KVConversionTableRow::removeConversion() const {
+    _queue()->cancelConversion(_conversion);
+}
+
+void KVConversionTableRow::removeConversionAndReadd() const {
+    QList<QUrl> urls;
+    for (const auto &file : _conversion->mediaFiles())
+        urls.append(file->url());
+    removeConversion();
+    KVMainThread::after(0.5, [services = _services, urls] { services->addFiles(urls); });
+}
+
+void KVConversionTableRow::renameConversion() const {
+    const auto nameOf = [](const QUrl &url) {
+        return KVFileManager::deletingPathExtension(KVFileManager::lastPathComponent(url));
+    };
+    const QUrl known = _conversion->outputURL().value_or(_conversion->mediaFiles().first()->url());
+    const auto name = KVUserQuestion::runModalOnMainThread(
+        KVTextPrompt{.messageText = localized("Enter new name:"),
+                     .defaultValue = _conversion->outputFileName().value_or(nameOf(known)),
+                     .buttons = {localized("OK"), localized("Cancel")}});
+    if (!name) return;
+    _conversion->setOutputFileName(*name);
+    _tellFilesChanged();
+}
+
+void KVConversionTableRow::changeDVDName() const {
+    const auto conversion = std::dynamic_pointer_cast<KVVideoConversion>(_conversion);
+    if (!conversion) KVFatalError("Changing DVD name on a non-video conversion.");
+    const auto answer =
+        KVUserQuestion::runModalOnMainThread(KVTextPrompt{.messageText = localized("Enter DVD name."),
+                                                          .defaultValue = conversion->dvdName(),
+                                                          .buttons = {localized("OK"), localized("Cancel")}});
+    if (!answer) return;
+    const QString name = KVText::trimmingWhitespace(*answer);
+    if (name.isEmpty()) {
+        KVUserQuestion::runModalOnMainThread(
+            KVAlert{.messageText = localized("The name must not be empty."), .buttons = {localized("OK")}});
+        return;
+    }
+    conversion->setDVDName(name);
+}
+
+void KVConversionTableRow::selectPreset(const std::shared_ptr<KVPreset> &preset) const {
+    _conversion->setCustomPreset(preset);
+    for (const auto &delegate : _conversion->delegates().allValues())
+        delegate->conversionDidChangePreset(_conversion);
+}
+
+void KVConversionTableRow::selectSubtitles() const {
+    const auto urls = KVUserQuestion::runModalOnMainThread(KVOpenPanel{
+        .canChooseFiles = true,
+        .canChooseFolders = false,
+        .directory = KVFileManager::deletingLastPathComponent(_conversion->mediaFiles().first()->url()),
+        .allowedExtensions = subtitleFileExtensions});
+    if (!urls.isEmpty()) setSubtitles(urls.first());
+}
+
+void KVConversionTableRow::setSubtitles(const QUrl &url) const {
+    const auto video = _videoFile();
+    if (!video) return;
+    const auto encoding = _services->chooseSubtitleEncoding(*video, url);
+    if (!encoding) return;
+    video->subtitlesFileURL = url;
+    video->subtitlesFileEncoding = *encoding;
+    _tellFilesChanged();
+}
+
+void KVConversionTableRow::removeSubtitles() const {
+    if (const auto video = _videoFile()) video->subtitlesFileURL.reset();
+    _tellFilesChanged();
+}
+
+void KVConversionTableRow::mergeWithConversion(const std::shared_ptr<KVConversion> &other) const {
+    if (other == _conversion || other->state != KVConversionState::waitingToStart) return;
+    _conversion->setMediaFiles(_conversion->mediaFiles() + other->mediaFiles());
+    _queue()->cancelConversion(other);
+    _tellFilesChanged();
+}
+
+void KVConversionTableRow::mergeWithAllConversions() const {
+    for (const auto &other : _otherWaitingConversions())
+        mergeWithConversion(other);
+}
+
+void KVConversionTableRow::removeFile(const std::shared_ptr<KVMediaFile> &file) const {
+    KVMediaFileList files = _conversion->mediaFiles();
+    files.removeOne(file);
+    _conversion->setMediaFiles(files);
+    _tellFilesChanged();
+}
+
+void KVConversionTableRow::showInFinder() const {
+    if (const auto url = _conversion->outputURL()) _services->showInFileManager(*url);
+}
+
+void KVConversionTableRow::makeDVD() const {
+    selectPreset(KVPreset::presetNamed("DVD"));
+}
+
+std::shared_ptr<KVConversionQueue> KVConversionTableRow::_queue() const {
+    auto queue = std::dynamic_pointer_cast<KVConversionQueue>(_conversion->queue());
+    if (!queue) KVFatalError("A row's conversion has no queue.");
+    return queue;
+}
+
+std::shared_ptr<KVVideoFile> KVConversionTableRow::_videoFile() const {
+    const KVMediaFileList files = _conversion->mediaFiles();
+    return files.isEmpty() ? nullptr : std::dynamic_pointer_cast<KVVideoFile>(files.first());
+}
+
+QList<std::shared_ptr<KVConversion>> KVConversionTableRow::_otherWaitingConversions() const {
+    auto conversions = _queue()->conversions();
+    conversions.removeIf([this](const auto &other) {
+        return other == _conversion || other->state != KVConversionState::waitingToStart;
+    });
+    return conversions;
+}
+
+void KVConversionTableRow::_tellFilesChanged() const {
+    for (const auto &delegate : _conversion->delegates().allValues())
+        delegate->conversionDidUpdateFiles(_conversion);
+}

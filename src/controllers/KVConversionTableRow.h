@@ -1,0 +1,86 @@
+#pragma once
+
+#include "controllers/KVMenuItem.h"
+#include "queues/KVConversionQueue.h"
+
+#include <QList>
+#include <QString>
+#include <QUrl>
+
+#include <memory>
+#include <optional>
+
+class KVVideoFile;
+
+/// What a row's actions need of the application.
+class KVConversionRowServices {
+  public:
+    virtual ~KVConversionRowServices() = default;
+    virtual void addFiles(const QList<QUrl> &urls) = 0;
+    virtual void showInFileManager(const QUrl &url) = 0;
+    /// The name of the text encoding that the user picked for a subtitles file; nothing if the user
+    /// cancelled.
+    virtual std::optional<QString> chooseSubtitleEncoding(const KVVideoFile &videoFile,
+                                                          const QUrl &subtitles) = 0;
+};
+
+/// One conversion in the queue table: its texts, its menu and its actions, without a widget. Cheap to make;
+/// holds nothing but the conversion. Main thread only.
+class KVConversionTableRow {
+  public:
+    KVConversionTableRow(std::shared_ptr<KVConversion> conversion,
+                         std::shared_ptr<KVConversionRowServices> services);
+
+    /// The files' names, or the name that the user gave, and the row's own preset in brackets.
+    QString title() const;
+    /// What stands below the title: the state, the present step or the time left.
+    QString statusText() const;
+    /// The paths of the files.
+    QString toolTip() const;
+    /// What a screen reader says of the row.
+    QString accessibleText() const;
+    /// Progress of the whole conversion, from 0 to 1; nothing while it is not known.
+    std::optional<double> progress() const;
+
+    KVMenu menu() const;
+
+    /// The title follows the state and whether the Option key is down.
+    QString stopButtonTitle(bool isOptionKeyDown) const;
+    void stopButtonAction(bool isOptionKeyDown) const;
+
+    void startConversion() const;
+    void pauseConversion() const;
+    void resumeConversion() const;
+    /// Asks first where the conversion runs and the preference says so.
+    void cancelConversion() const;
+    void removeConversion() const;
+    void removeConversionAndReadd() const;
+    void renameConversion() const;
+    void changeDVDName() const;
+    void selectPreset(const std::shared_ptr<KVPreset> &preset) const;
+    void selectSubtitles() const;
+    void setSubtitles(const QUrl &url) const;
+    void removeSubtitles() const;
+    void mergeWithConversion(const std::shared_ptr<KVConversion> &other) const;
+    void mergeWithAllConversions() const;
+    void removeFile(const std::shared_ptr<KVMediaFile> &file) const;
+    void showInFinder() const;
+    /// Gives the row the preset that authors a disc.
+    void makeDVD() const;
+
+  private:
+    KVMenu _stateItems() const;
+    KVMenuItem _presetItem() const;
+    KVMenu _videoItems() const;
+    KVMenu _mergeItems() const;
+    KVMenu _removeFileItems() const;
+    std::shared_ptr<KVConversionQueue> _queue() const;
+    std::shared_ptr<KVVideoFile> _videoFile() const;
+    QList<std::shared_ptr<KVConversion>> _otherWaitingConversions() const;
+    void _tellFilesChanged() const;
+    template <void (KVConversionTableRow::*action)() const>
+    KVMenuItem _item(const char *title) const;
+
+    std::shared_ptr<KVConversion> _conversion;
+    std::shared_ptr<KVConversionRowServices> _services;
+};

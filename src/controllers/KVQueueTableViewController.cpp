@@ -1,0 +1,205 @@
+#include "controllers/KVQueueTableViewController.h"
+
+#include "kvcore/KVFatalError.h"
+#include "kvcore/KVLog.h"
+#include "kvcore/KVMainThread.h"
+#include "util/KVPreferenceKeys.h"
+
+#include <algorithm>
+
+namespace {
+
+std::shared_ptr<KVConversionQueue> queueOf(KVMediaFileType type) {
+    return KVConversionQueue::queue(type);
+}
+
+int numberOfConversions(KVMediaFileType type) {
+    return int(queueOf(type)->conversions().size());
+}
+
+// The type under which a conversion stands in the table.
+KVMediaFileType typeOf(const std::shared_ptr<KVConversion> &conversion) {
+    const KVMediaFileList files = conversion->mediaFiles();
+    if (files.isEmpty()) KVFatalError("Queue received a conversion with no media files");
+    return files.first()->mediaFileType();
+}
+
+void requireMainThread() {
+    if (!KVMainThread::isCurrent()) KVFatalError("Not delivering notification on main thread!");
+}
+
+bool canMerge(KVMediaFileType type) {
+    return type == KVMediaFileType::video || type == KVMediaFileType::audio;
+}
+
+} // namespace
+
+KVQueueTableViewController::KVQueueTableViewController(KVQueueTableView &tableView)
+    : _tableView(tableView) {
+    auto &center = KVNotificationCenter::defaultCenter();
+    _observations.push_back(
+        center.addObserver<KVConversion>(ConversionQueueDidAddConversion, [this](const auto &conversion) {
+            _queueDidAddConversion(conversion);
+        }));
+    _observations.push_back(
+        center.addObserver<KVConversion>(ConversionQueueWillRemoveConversion, [this](const auto &conversion) {
+            _queueWillRemoveConversion(conversion);
+        }));
+    _observations.push_back(center.addObserver<KVConversion>(
+        ConversionDidFinish, [this](const auto &conversion) { _queueDidFinishConversion(conversion); }));
+}
+
+int KVQueueTableViewController::numberOfRows() const {
+    int rows = 0;
+    for (const KVMediaFileType type : groupOrder)
+        rows += rangeOfRows(type).length;
+    return rows;
+}
+
+KVQueueTableViewController::Range KVQueueTableViewController::rangeOfRows(KVMediaFileType type) const {
+    int location = 0;
+    for (const KVMediaFileType group : groupOrder) {
+        const int conversions = numberOfConversions(group);
+        const int length = conversions > 0 ? conversions + 1 : 0;
+        if (group == type) return {location, length};
+        location += length;
+    }
+    KVLog("Unknown file type " + KVMediaFileTypes::caseName(type));
+    return {-1, 0};
+}
+
+KVMediaFileType KVQueueTableViewController::mediaType(int row) const {
+    for (const KVMediaFileType type :
+         {KVMediaFileType::video, KVMediaFileType::audio, KVMediaFileType::picture}) {
+        const auto [location, length] = rangeOfRows(type);
+        if (row - location < length) return type;
+    }
+    return KVMediaFileType::dvd;
+}
+
+bool KVQueueTableViewController::isGroupRow(int row) const {
+    return std::ranges::any_of(groupOrder, [&](KVMediaFileType type) {
+        const Range range = rangeOfRows(type);
+        return range.length > 0 && range.location == row;
+    });
+}
+
+std::shared_ptr<KVConversion> KVQueueTableViewController::conversion(int row) const {
+    if (row < 0 || isGroupRow(row)) return nullptr;
+    const KVMediaFileType type = mediaType(row);
+    const auto conversions = queueOf(type)->conversions();
+    const int index = row - rangeOfRows(type).location - 1;
+    return index >= 0 && index < conversions.size() ? conversions.at(index) : nullptr;
+}
+
+int KVQueueTableViewController::row(const std::shared_ptr<KVConversion> &conversion) const {
+    const KVMediaFileType type = typeOf(conversion);
+    const auto index = queueOf(type)->conversions().indexOf(conversion);
+    return index < 0 ? -1 : rangeOfRows(type).location + 1 + int(index);
+}
+
+bool KVQueueTableViewController::canDragRow(int row) const {
+    return conversion(row) != nullptr;
+}
+
+bool KVQueueTableViewController::validateDrop(int row, KVDropOperation operation) const {
+    const auto isLocation = [&](KVMediaFileType type) { return rangeOfRows(type).location == row; };
+    if (row < 0 || std::ranges::any_of(groupOrder, isLocation)) return false;
+
+    const int draggedRow = _tableView.draggedRow;
+    const KVMediaFileType type = mediaType(row);
+    KVLog(QStringLiteral("Trying to drop row %1 (%2) to row %3 (%4)")
+              .arg(draggedRow)
+              .arg(KVMediaFileTypes::caseName(mediaType(draggedRow)))
+              .arg(row)
+              .arg(KVMediaFileTypes::caseName(type)));
+    if (type != mediaType(draggedRow) || row == draggedRow) return false;
+    if (operation == KVDropOperation::above) return row != draggedRow + 1;
+
+    const auto target = conversion(row);
+    return target && target->state == KVConversionState::waitingToStart && canMerge(type);
+}
+
+bool KVQueueTableViewController::acceptDrop(int row, KVDropOperation operation) {
+    if (operation == KVDropOperation::above)
+        _reorder(row);
+    else
+        _merge(row);
+    _tableView.draggedRow = -1;
+    return true;
+}
+
+void KVQueueTableViewController::updateVisibility() {
+    _tableView.showDropZone(numberOfRows() == 0);
+}
+
+void KVQueueTableViewController::_queueDidAddConversion(const std::shared_ptr<KVConversion> &conversion) {
+    requireMainThread();
+    updateVisibility();
+    const KVMediaFileType type = typeOf(conversion);
+    const auto [location, length] = rangeOfRows(type);
+    if (location < 0 || length == 0) {
+        KVLog("Weird range, reloading data.");
+        _tableView.reloadData();
+        return;
+    }
+    const bool hasGroupJustAppeared = numberOfConversions(type) == 1;
+    if (hasGroupJustAppeared)
+        _tableView.insertRows(location, length);
+    else
+        _tableView.insertRows(location + length - 1, 1);
+}
+
+void KVQueueTableViewController::_queueWillRemoveConversion(const std::shared_ptr<KVConversion> &conversion) {
+    requireMainThread();
+    const KVMediaFileType type = typeOf(conversion);
+    const auto [location, length] = rangeOfRows(type);
+    const auto index = queueOf(type)->conversions().indexOf(conversion);
+    if (index < 0) return;
+    if (length == 2)
+        _tableView.removeRows(location, length);
+    else
+        _tableView.removeRows(location + int(index) + 1, 1);
+
+    // The queue has not changed yet.
+    KVMainThread::after(0.01, [this, isAlive = std::weak_ptr<bool>(_isAlive)] {
+        if (isAlive.lock()) updateVisibility();
+    });
+}
+
+void KVQueueTableViewController::_queueDidFinishConversion(const std::shared_ptr<KVConversion> &conversion) {
+    requireMainThread();
+    const int finishedRow = row(conversion);
+    if (finishedRow < 0) return;
+    _tableView.animateFinishedConversion(finishedRow);
+    if (KVPreferences::shared().boolean(KVPreferenceKeys::ClearFinishedItemsRightAway, false))
+        queueOf(typeOf(conversion))->cancelConversion(conversion);
+}
+
+void KVQueueTableViewController::_reorder(int row) {
+    const int draggedRow = _tableView.draggedRow;
+    const auto dragged = conversion(draggedRow);
+    if (!dragged) return;
+    const int newRow = draggedRow < row ? row - 1 : row;
+    const KVMediaFileType type = mediaType(draggedRow);
+    const auto queue = queueOf(type);
+
+    KVConversionQueue::List conversions = queue->conversions();
+    const qsizetype from = conversions.indexOf(dragged);
+    if (from < 0) return;
+    conversions.move(from, newRow - rangeOfRows(type).location - 1);
+    queue->setConversions(conversions);
+    _tableView.moveRow(draggedRow, newRow);
+    _tableView.reloadRow(newRow);
+}
+
+void KVQueueTableViewController::_merge(int row) {
+    const auto target = conversion(row);
+    const auto dragged = conversion(_tableView.draggedRow);
+    if (!target || !dragged) return;
+    target->setMediaFiles(target->mediaFiles() + dragged->mediaFiles());
+    for (const auto &delegate : target->delegates().allValues())
+        delegate->conversionDidUpdateFiles(target);
+    queueOf(mediaType(row))->cancelConversion(dragged);
+    _tableView.reloadRow(this->row(target));
+}

@@ -1,0 +1,179 @@
+#include "controllers/KVConversionTableRow.h"
+#include "conversion/conversions/KVVideoConversion.h"
+#include "platform/KVScriptedQuestions.h"
+#include "presets/KVPreset.h"
+#include "support/KVTestCase.h"
+#include "util/KVPreferenceKeys.h"
+#include "video_info/media_file/KVVideoFile.h"
+
+#include <QMap>
+
+namespace {
+
+class Services : public KVConversionRowServices {
+  public:
+    void addFiles(const QList<QUrl> &urls) override { added += urls; }
+    void showInFileManager(const QUrl &url) override { shown = url; }
+    std::optional<QString> chooseSubtitleEncoding(const KVVideoFile &, const QUrl &) override {
+        return encoding;
+    }
+
+    QList<QUrl> added;
+    QUrl shown;
+    std::optional<QString> encoding;
+};
+
+/// The menu on one line: "Start, Rename..., -, Remove".
+QString line(const KVMenu &menu) {
+    QStringList titles;
+    for (const KVMenuItem &item : menu)
+        titles += item.isSeparator ? "-" : item.title;
+    return titles.join(", ");
+}
+
+const KVMenuItem &itemNamed(const KVMenu &menu, const QString &title) {
+    const auto item = std::ranges::find(menu, title, &KVMenuItem::title);
+    EXPECT_NE(item, menu.end()) << title.toStdString();
+    return *item;
+}
+
+} // namespace
+
+class KVConversionTableRowTest : public KVTestCase {
+  protected:
+    void SetUp() override { KVUserQuestion::setResponder(questions); }
+
+    std::shared_ptr<KVConversion> video(const QString &name) {
+        return KVConversionQueue::queue(KVMediaFileType::video)
+            ->createConversion(std::make_shared<KVVideoFile>(url(name)), nullptr, true);
+    }
+
+    KVConversionTableRow row(const std::shared_ptr<KVConversion> &conversion) {
+        return {conversion, services};
+    }
+
+    std::shared_ptr<Services> services = std::make_shared<Services>();
+    std::shared_ptr<KVScriptedQuestions> questions = std::make_shared<KVScriptedQuestions>();
+};
+
+TEST_F(KVConversionTableRowTest, TheMenuFollowsTheState) {
+    const auto conversion = video("a.mkv");
+    EXPECT_EQ(line(row(conversion).menu()),
+              "Start, Rename..., -, Remove, -, Preset, -, Select Subtitles..., Make DVD");
+    const auto other = video("b.mkv");
+    EXPECT_EQ(line(row(conversion).menu()),
+              "Start, Rename..., -, Remove, -, Preset, -, Select Subtitles..., Make DVD, -, Merge With");
+
+    conversion->state = KVConversionState::executing;
+    EXPECT_EQ(line(row(conversion).menu()),
+              "Pause, Cancel, -, Preset, -, Select Subtitles..., -, Merge With");
+    conversion->state = KVConversionState::paused;
+    EXPECT_TRUE(line(row(conversion).menu()).startsWith("Resume, Cancel, -"));
+    conversion->state = KVConversionState::finished;
+    EXPECT_EQ(line(row(conversion).menu()), "Remove and Add Again to Queue, Remove, -");
+    conversion->setOutputURL(url("a.mp4"));
+    EXPECT_EQ(line(row(conversion).menu()), "Remove and Add Again to Queue, Remove, -, Show in Finder");
+}
+
+TEST_F(KVConversionTableRowTest, OnlyPresetsThatStitchAreOffered) {
+    const auto conversion = video("a.mkv");
+    const KVMenu presets = itemNamed(row(conversion).menu(), "Preset").submenu;
+    EXPECT_TRUE(presets.front().isOn);
+    EXPECT_EQ(presets.front().title, "Default");
+    EXPECT_TRUE(line(presets).contains("MP4"));
+    EXPECT_FALSE(line(presets).contains("GIF Animation"));
+
+    itemNamed(presets, "MKV").action();
+    EXPECT_EQ(conversion->customPreset(), KVPreset::presetNamed("MKV"));
+    EXPECT_EQ(row(conversion).title(), "a.mkv [MKV] ");
+}
+
+TEST_F(KVConversionTableRowTest, RunningConversionsAreCancelledOnlyAfterTheQuestion) {
+    const auto conversion = video("a.mkv");
+    const auto queue = KVConversionQueue::queue(KVMediaFileType::video);
+    conversion->state = KVConversionState::executing;
+    const int keep = KVAlertResponse::firstButtonReturn;
+
+    // "Don't ask again" counts only together with the cancel.
+    questions->alertResponses.push_back({.returnCode = keep, .isSuppressed = true});
+    row(conversion).stopButtonAction(true);
+    EXPECT_EQ(queue->conversions().size(), 1);
+    const auto &asks = KVPreferenceKeys::RequiresConfirmationOfConversionCancelation;
+    EXPECT_TRUE(KVPreferences::shared().boolean(asks, true));
+
+    questions->alertResponses.push_back({.returnCode = keep + 1, .isSuppressed = true});
+    row(conversion).stopButtonAction(true);
+    EXPECT_TRUE(queue->conversions().isEmpty());
+    EXPECT_FALSE(KVPreferences::shared().boolean(asks, true));
+    EXPECT_EQ(questions->alerts.front().messageText,
+              "The conversion of 'a.mkv' is still in progress. Do you wish to cancel?");
+}
+
+TEST_F(KVConversionTableRowTest, StopButtonAndAccessibleTextFollowTheState) {
+    const auto conversion = video("a.mkv");
+    struct Row {
+        KVConversionState state;
+        const char *title;
+        const char *withOption;
+        const char *accessible;
+    };
+    for (const Row &expected :
+         {Row{KVConversionState::waitingToStart, "Cancel", "Cancel", "Conversion a.mkv. Waiting to start."},
+          Row{KVConversionState::executing, "Pause", "Stop", "Conversion a.mkv. 25% - --"},
+          Row{KVConversionState::paused, "Resume", "Stop", "Conversion a.mkv. Paused."},
+          Row{KVConversionState::finished, "Stop", "Stop", "Conversion a.mkv. Finished"}}) {
+        conversion->state = expected.state;
+        conversion->progressOfCurrentTask = 0.25;
+        conversion->estimatedTime = -1;
+        EXPECT_EQ(row(conversion).stopButtonTitle(false), expected.title);
+        EXPECT_EQ(row(conversion).stopButtonTitle(true), expected.withOption);
+        EXPECT_EQ(row(conversion).accessibleText(), expected.accessible);
+    }
+}
+
+TEST_F(KVConversionTableRowTest, SubtitlesAreSetOnlyWithAChosenEncoding) {
+    const auto conversion = video("a.mkv");
+    const auto file = std::static_pointer_cast<KVVideoFile>(conversion->mediaFiles().first());
+    row(conversion).setSubtitles(url("a.srt"));
+    EXPECT_FALSE(file->subtitlesFileURL);
+    services->encoding = "windows-1251";
+    row(conversion).setSubtitles(url("a.srt"));
+    EXPECT_EQ(file->subtitlesFileURL, url("a.srt"));
+    EXPECT_EQ(file->subtitlesFileEncoding, "windows-1251");
+    EXPECT_TRUE(line(row(conversion).menu()).contains("Replace Subtitles..., Remove Subtitles..."));
+    row(conversion).removeSubtitles();
+    EXPECT_FALSE(file->subtitlesFileURL);
+}
+
+TEST_F(KVConversionTableRowTest, MergedFilesCanBeTakenOutAgain) {
+    const auto a = video("a.mkv");
+    video("b.mkv");
+    video("c.mkv");
+    row(a).mergeWithAllConversions();
+    ASSERT_EQ(a->mediaFiles().size(), 3);
+    EXPECT_EQ(row(a).title(), "a.mkv & b.mkv & c.mkv");
+    row(a).removeFile(a->mediaFiles().at(1));
+    EXPECT_EQ(row(a).title(), "a.mkv & c.mkv");
+    EXPECT_TRUE(line(row(a).menu()).contains("Remove File"));
+}
+
+TEST_F(KVConversionTableRowTest, ADiscKeepsItsNameWhereTheNewOneIsEmpty) {
+    const auto conversion = std::static_pointer_cast<KVVideoConversion>(video("a.mkv"));
+    row(conversion).makeDVD();
+    EXPECT_TRUE(line(row(conversion).menu()).contains("Change DVD Name..."));
+    questions->textPromptResponses.push_back("   ");
+    row(conversion).changeDVDName();
+    EXPECT_EQ(questions->alerts.back().messageText, "The name must not be empty.");
+    questions->textPromptResponses.push_back("  Film ");
+    row(conversion).changeDVDName();
+    EXPECT_EQ(conversion->dvdName(), "Film");
+}
+
+TEST_F(KVConversionTableRowTest, AFinishedConversionCanRunAgain) {
+    const auto conversion = video("a.mkv");
+    conversion->state = KVConversionState::finished;
+    row(conversion).removeConversionAndReadd();
+    EXPECT_TRUE(KVConversionQueue::queue(KVMediaFileType::video)->conversions().isEmpty());
+    EXPECT_TRUE(runUntil([&] { return !services->added.isEmpty(); }));
+    EXPECT_EQ(services->added, QList<QUrl>{url("a.mkv")});
+}
