@@ -1,0 +1,219 @@
+#include "controllers/KVApplicationController.h"
+
+#include "core/KVErrorCenter.h"
+#include "kvcore/KVFatalError.h"
+#include "kvcore/KVLocalizationCenter.h"
+#include "kvcore/KVLog.h"
+#include "kvcore/KVMainThread.h"
+#include "kvcore/KVTime.h"
+#include "platform/KVFileManager.h"
+#include "platform/KVUserQuestions.h"
+#include "tasks/KVHardwareAcceleration.h"
+#include "util/KVPreferenceKeys.h"
+#include "util/KVTempDirectory.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <array>
+
+using namespace KVPreferenceKeys;
+
+namespace {
+
+// Where television is NTSC.
+constexpr std::array ntscCountries{"US", "CA", "MX", "BB", "CU", "DO", "SV", "GT", "HT", "HN",
+                                   "NI", "PA", "BO", "EC", "CO", "GY", "JP", "KR", "PH", "WS"};
+
+// The question for a review comes at this many finished conversions, once.
+constexpr int conversionsUntilReview = 20;
+
+const KVPreferences::Key didSeeReleaseNotes{"KVDidSeeReleaseNotes1202"};
+
+bool isOn(const KVPreferences::Key &key) {
+    return KVPreferences::shared().boolean(key, false);
+}
+
+QString localized(const char *key) {
+    return KVLocalizationCenter::localized(key);
+}
+
+} // namespace
+
+KVApplicationController::KVApplicationController(Surroundings surroundings)
+    : _surroundings(std::move(surroundings)) {}
+
+void KVApplicationController::applicationDidFinishLaunching() {
+    KVHardwareAcceleration::shared(); // its test takes a moment: the result is there before anyone can press
+                                      // Start
+    KVErrorCenter::shared();
+    KVTempDirectoryURL();
+    KVCleanTempDirectory();
+    if (!isOn(HasGuessedLocation)) {
+        _guessLocation();
+        KVPreferences::shared().perform([] { KVPreferences::shared().setBoolean(true, HasGuessedLocation); });
+    }
+    KVConversionQueue::addDelegateToAllQueues(shared_from_this());
+    _showReleaseNotesOnce();
+}
+
+void KVApplicationController::_guessLocation() {
+    const QString country = _surroundings.services.countryCode();
+    if (country.isEmpty()) return;
+    const bool isNTSC = std::ranges::find(ntscCountries, country.toStdString()) != ntscCountries.end();
+    KVPreferences::shared().setBoolean(isNTSC, UsesNTSCFormat);
+}
+
+void KVApplicationController::_showReleaseNotesOnce() {
+    if (isOn(didSeeReleaseNotes)) return;
+    _surroundings.showReleaseNotes();
+    KVPreferences::shared().perform([] { KVPreferences::shared().setBoolean(true, didSeeReleaseNotes); });
+}
+
+KVApplicationController::TerminateReply KVApplicationController::applicationShouldTerminate() {
+    if (KVConversionQueue::isAnyQueueWorking()) {
+        const KVAlertResponse response = KVUserQuestion::runModalOnMainThread(
+            KVAlert{.messageText = KVLocalizationCenter::localized("Do you really want to quit %@?",
+                                                                   {QCoreApplication::applicationName()}),
+                    .informativeText = localized("All of the conversions will be cancelled."),
+                    .buttons = {localized("Cancel"), localized("Quit")}});
+        if (response.isFirstButton()) return TerminateReply::cancel;
+    }
+    // Children and partial outputs go with the program.
+    KVConversionQueue::cancelAllAndWait(2);
+    KVCleanTempDirectory();
+    return TerminateReply::now;
+}
+
+void KVApplicationController::start() {
+    KVConversionQueue::startAllQueues();
+}
+
+void KVApplicationController::pause() {
+    KVConversionQueue::pauseAllQueues();
+}
+
+void KVApplicationController::makeDVD() {
+    const auto queue = KVConversionQueue::queue(KVMediaFileType::video);
+    auto waiting = queue->conversions();
+    waiting.removeIf(
+        [](const auto &conversion) { return conversion->state != KVConversionState::waitingToStart; });
+    if (waiting.isEmpty()) return;
+
+    const auto disc = waiting.takeFirst();
+    for (const auto &other : waiting) {
+        disc->setMediaFiles(disc->mediaFiles() + other->mediaFiles());
+        queue->cancelConversion(other);
+    }
+    disc->setCustomPreset(KVPreset::presetNamed("DVD"));
+    for (const auto &delegate : disc->delegates().allValues()) {
+        delegate->conversionDidUpdateFiles(disc);
+        delegate->conversionDidChangePreset(disc);
+    }
+}
+
+void KVApplicationController::clearFinishedConversionsInQueue(int tag) {
+    _clearConversions([](const KVConversion &conversion) { return conversion.isFinished(); }, tag);
+}
+
+void KVApplicationController::clearInactiveConversionsInQueue(int tag) {
+    _clearConversions(
+        [](const KVConversion &conversion) {
+            return conversion.isFinished() || conversion.state == KVConversionState::waitingToStart;
+        },
+        tag);
+}
+
+void KVApplicationController::_clearConversions(const std::function<bool(const KVConversion &)> &matches,
+                                                int tag) {
+    const auto types = [tag]() -> std::vector<KVMediaFileType> {
+        switch (tag) {
+        case -1:
+            return {KVMediaFileTypes::allTypes.begin(), KVMediaFileTypes::allTypes.end()};
+        case 0:
+            return {KVMediaFileType::video};
+        case 1:
+            return {KVMediaFileType::audio};
+        case 2:
+            return {KVMediaFileType::picture};
+        default:
+            KVFatalError(QStringLiteral("Can't handle queue under tag %1").arg(tag));
+        }
+    };
+    for (const KVMediaFileType type : types()) {
+        const auto queue = KVConversionQueue::queue(type);
+        for (const auto &conversion : queue->conversions())
+            if (matches(*conversion)) queue->cancelConversion(conversion);
+    }
+}
+
+void KVApplicationController::askForReview() {
+    const KVAlertResponse response = KVUserQuestion::runModalOnMainThread(KVAlert{
+        .messageText =
+            localized("You seem to be enjoying using Kalvora! If you like Kalvora, please, rate it on "
+                      "the AppStore."),
+        .informativeText = localized("This message will not be shown to you again, don't worry."),
+        .buttons = {localized("Rate"), localized("Cancel")},
+        .buttonThatChangesNothing = 1});
+    if (response.isFirstButton())
+        _surroundings.services.openURL(QUrl(QStringLiteral("appstream://kalvora.desktop")));
+}
+
+void KVApplicationController::conversionQueueWillStartConversion(const Queue &,
+                                                                 const Conversion &conversion) {
+    KVLog("Will start " + KVFileManager::lastPathComponent(conversion->mediaFiles().first()->url()));
+    _surroundings.services.setKeepsAwake(true);
+    if (!_surroundings.progressBar.isVisible()) _surroundings.progressBar.slideIn(localized("Starting..."));
+}
+
+void KVApplicationController::conversionQueueConversionDidUpdateStatus(const Queue &, const Conversion &) {
+    const double total = KVConversionQueue::totalProgress();
+    double longest = 0;
+    for (const auto &queue : KVConversionQueue::allQueues())
+        for (const auto &conversion : queue->conversions())
+            longest = std::max(longest, conversion->estimatedTime.load());
+    _surroundings.progressBar.setProgress(total, KVTime::localizedTimeString(longest));
+    _surroundings.services.showTaskbarProgress(total);
+    if (total == 1.0 && !KVConversionQueue::isAnyQueueWorking()) _surroundings.progressBar.slideOut();
+}
+
+void KVApplicationController::conversionQueueDidSuccessfullyFinishConversion(const Queue &,
+                                                                             const Conversion &conversion) {
+    const qint64 count = KVPreferences::shared().integer(NumberOfConversionPerformed, 0) + 1;
+    KVPreferences::shared().setInteger(count, NumberOfConversionPerformed);
+    if (count == conversionsUntilReview)
+        KVMainThread::async([this, self = weak_from_this()] {
+            if (self.lock()) askForReview();
+        });
+    _notify("Conversion finished!", "File %@ has been successfully converted.",
+            "Files %@ have been successfully stitched.", conversion);
+}
+
+void KVApplicationController::conversionQueueDidFailConversion(const Queue &, const Conversion &conversion) {
+    _notify("Conversion failed!", "Conversion for file %@ has failed.", "Stitching files %@ has failed.",
+            conversion);
+}
+
+void KVApplicationController::_notify(const char *title, const char *oneFile, const char *severalFiles,
+                                      const Conversion &conversion) {
+    QStringList names;
+    for (const auto &file : conversion->mediaFiles())
+        names.append(KVFileManager::lastPathComponent(file->url()));
+    _surroundings.services.postUserNotification(
+        localized(title),
+        KVLocalizationCenter::localized(names.size() > 1 ? severalFiles : oneFile, {names.join(", ")}));
+}
+
+void KVApplicationController::conversionQueueDidFinishAllConversions(const Queue &) {
+    // The actions run once, when the last queue ends.
+    if (KVConversionQueue::isAnyQueueWorking()) return;
+    KVApplicationServices &services = _surroundings.services;
+    services.setKeepsAwake(false);
+    services.showTaskbarProgress(std::nullopt);
+    services.postUserNotification(localized("All conversions are done!"), {});
+    if (!isOn(DontPlaySoundOnDone)) services.playFinishedSound();
+    if (isOn(PutComputerToSleepOnDone)) services.putComputerToSleep();
+    if (isOn(BounceIconInDockOnDone)) services.requestUserAttention();
+    if (isOn(QuitKalvoraAfterFinishingConversion)) _surroundings.terminate();
+    if (!KVConversionQueue::isAnyQueueWorking()) _surroundings.progressBar.slideOut();
+}

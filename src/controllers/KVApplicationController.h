@@ -1,0 +1,57 @@
+#pragma once
+
+#include "controllers/KVApplicationServices.h"
+#include "controllers/KVKalvoraAppDelegate.h"
+#include "queues/KVConversionQueue.h"
+
+#include <functional>
+#include <memory>
+
+/// What the application does around the conversions: start-up, the refusal to quit in the middle of work, the
+/// user's notifications, the overall progress and what follows the end of a queue. Knows no widget. Main
+/// thread only.
+class KVApplicationController : public KVKalvoraAppDelegate,
+                                public KVConversionQueueDelegate,
+                                public std::enable_shared_from_this<KVApplicationController> {
+  public:
+    enum class TerminateReply { cancel, now };
+
+    /// All three outlive the controller. `terminate` ends the application through
+    /// `applicationShouldTerminate`.
+    struct Surroundings {
+        KVApplicationServices &services;
+        KVConversionProgressBar &progressBar;
+        std::function<void()> showReleaseNotes; ///< Modal.
+        std::function<void()> terminate;
+    };
+    explicit KVApplicationController(Surroundings surroundings);
+
+    /// Start-up. The controller is held by a shared_ptr.
+    void applicationDidFinishLaunching();
+    TerminateReply applicationShouldTerminate();
+
+    void start();
+    void pause();
+    /// The waiting videos, merged into one conversion, with the preset that authors a disc.
+    void makeDVD();
+    /// Tags: -1 all queues, 0 video, 1 audio, 2 picture.
+    void clearFinishedConversionsInQueue(int tag);
+    void clearInactiveConversionsInQueue(int tag);
+    void askForReview();
+
+    void conversionQueueWillStartConversion(const Queue &queue, const Conversion &conversion) override;
+    void conversionQueueConversionDidUpdateStatus(const Queue &queue, const Conversion &conversion) override;
+    void conversionQueueDidSuccessfullyFinishConversion(const Queue &queue,
+                                                        const Conversion &conversion) override;
+    void conversionQueueDidFailConversion(const Queue &queue, const Conversion &conversion) override;
+    void conversionQueueDidFinishAllConversions(const Queue &queue) override;
+
+  private:
+    void _guessLocation();
+    void _showReleaseNotesOnce();
+    void _notify(const char *title, const char *oneFile, const char *severalFiles,
+                 const Conversion &conversion);
+    void _clearConversions(const std::function<bool(const KVConversion &)> &matches, int tag);
+
+    Surroundings _surroundings;
+};
