@@ -1,0 +1,183 @@
+#include "main_ui/KVKalvoraApplication.h"
+
+#include "kvcore/KVMainThread.h"
+#include "main_ui/KVDebugPane.h"
+#include "main_ui/KVWhatsNewWindowController.h"
+#include "main_ui/main_window/subtitles/KVSubtitleEncodingChooser.h"
+#include "main_ui/questions/KVWindowQuestions.h"
+#include "platform/KVUserQuestions.h"
+#include "video_info/media_file/KVVideoFile.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+
+// The icons stand in a static library, from which the linker takes only what is asked for by name.
+static void loadIcons() {
+    Q_INIT_RESOURCE(kalvora);
+}
+
+/// What a row's menu needs; outlived by the application.
+class KVKalvoraApplication::RowServices : public KVConversionRowServices {
+  public:
+    explicit RowServices(KVKalvoraApplication &application)
+        : _application(application) {}
+
+    void addFiles(const QList<QUrl> &urls) override { _application.addFiles(urls); }
+    void showInFileManager(const QUrl &url) override { _application.showInFileManager(url); }
+    std::optional<QString> chooseSubtitleEncoding(const KVVideoFile &videoFile,
+                                                  const QUrl &subtitles) override {
+        return KVSubtitleEncodingChooser(subtitles, videoFile.subtitlesFileEncoding,
+                                         _application._window.get())
+            .chooseEncoding();
+    }
+
+  private:
+    KVKalvoraApplication &_application;
+};
+
+std::shared_ptr<KVKalvoraApplication> KVKalvoraApplication::create() {
+    loadIcons();
+    return std::shared_ptr<KVKalvoraApplication>(new KVKalvoraApplication);
+}
+
+KVKalvoraApplication::KVKalvoraApplication()
+    : _window(std::make_unique<KVMainWindow>(*this, std::make_shared<RowServices>(*this)))
+    , _controller(std::make_shared<KVApplicationController>(KVApplicationController::Surroundings{
+          .services = *this,
+          .progressBar = *this,
+          .showReleaseNotes = [this] { showReleaseNotes(); },
+          .terminate = [this] { terminate(); },
+      })) {
+    KVUserQuestion::setResponder(std::make_shared<KVWindowQuestions>(_window.get()));
+}
+
+KVKalvoraApplication::~KVKalvoraApplication() = default;
+
+void KVKalvoraApplication::launch(const QList<QUrl> &urls) {
+    KVMediaFile::setMakesThumbnails(true);
+    _window->show();
+    // The window is painted before anything that may take time.
+    KVMainThread::after(0, [this, self = weak_from_this(), urls] {
+        const auto alive = self.lock();
+        if (!alive) return;
+        _controller->applicationDidFinishLaunching();
+        if (!urls.isEmpty()) addFiles(urls);
+    });
+}
+
+void KVKalvoraApplication::openFiles(const QList<QUrl> &urls) {
+    bringToFront();
+    addFiles(urls);
+}
+
+void KVKalvoraApplication::bringToFront() {
+    _window->show();
+    _window->raise();
+    _window->activateWindow();
+}
+
+void KVKalvoraApplication::addFiles(const QList<QUrl> &urls) {
+    _controller->addFiles(urls);
+}
+
+void KVKalvoraApplication::open() {
+    addFiles(KVUserQuestion::runModalOnMainThread(
+        KVOpenPanel{.canChooseFiles = true, .canChooseFolders = true, .allowsMultipleSelection = true}));
+}
+
+void KVKalvoraApplication::start() {
+    _controller->start();
+}
+
+void KVKalvoraApplication::pause() {
+    _controller->pause();
+}
+
+void KVKalvoraApplication::mergeAll() {
+    _controller->mergeAll();
+}
+
+void KVKalvoraApplication::makeDVD() {
+    _controller->makeDVD();
+}
+
+void KVKalvoraApplication::clearFinishedConversionsInQueue(int tag) {
+    _controller->clearFinishedConversionsInQueue(tag);
+}
+
+void KVKalvoraApplication::clearInactiveConversionsInQueue(int tag) {
+    _controller->clearInactiveConversionsInQueue(tag);
+}
+
+void KVKalvoraApplication::openFile(const QUrl &url) {
+    QDesktopServices::openUrl(url);
+}
+
+void KVKalvoraApplication::showInFileManager(const QUrl &url) {
+    _desktop.showInFileManager(url);
+}
+
+void KVKalvoraApplication::showReleaseNotes() {
+    KVWhatsNewWindowController::runModal(_window.get());
+}
+
+void KVKalvoraApplication::showDebugPane() {
+    if (!_debugPane) _debugPane = std::make_unique<KVDebugPane>();
+    _debugPane->show();
+    _debugPane->raise();
+}
+
+void KVKalvoraApplication::terminate() {
+    if (_isTerminating) return; // the question is open already
+    _isTerminating = true;
+    const auto reply = _controller->applicationShouldTerminate();
+    _isTerminating = false;
+    if (reply == KVApplicationController::TerminateReply::now) QApplication::quit();
+}
+
+void KVKalvoraApplication::postUserNotification(const QString &title, const QString &subtitle) {
+    _desktop.postNotification(title, subtitle);
+}
+
+void KVKalvoraApplication::playFinishedSound() {
+    _desktop.playCompleteSound();
+}
+
+void KVKalvoraApplication::putComputerToSleep() {
+    _desktop.suspend();
+}
+
+void KVKalvoraApplication::requestUserAttention() {
+    QApplication::alert(_window.get());
+}
+
+void KVKalvoraApplication::openURL(const QUrl &url) {
+    QDesktopServices::openUrl(url);
+}
+
+void KVKalvoraApplication::setKeepsAwake(bool keepsAwake) {
+    _desktop.setKeepsAwake(keepsAwake);
+}
+
+void KVKalvoraApplication::showTaskbarProgress(std::optional<double> progress) {
+    _desktop.showTaskbarProgress(progress);
+}
+
+QString KVKalvoraApplication::countryCode() const {
+    return KVDesktop::countryCode();
+}
+
+void KVKalvoraApplication::slideIn(const QString &statusString) {
+    _isProgressVisible = true;
+    _window->setProgress(0, statusString);
+    _window->showProgressBar();
+}
+
+void KVKalvoraApplication::slideOut() {
+    _isProgressVisible = false;
+    _window->hideProgressBar();
+}
+
+void KVKalvoraApplication::setProgress(double progressValue, const QString &statusString) {
+    _window->setProgress(progressValue, statusString);
+}

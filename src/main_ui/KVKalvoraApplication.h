@@ -1,0 +1,69 @@
+#pragma once
+
+#include "controllers/KVApplicationController.h"
+#include "main_ui/KVSingleApplication.h"
+#include "main_ui/main_window/KVMainWindow.h"
+#include "platform/desktop/KVDesktop.h"
+
+#include <memory>
+
+class KVDebugPane;
+
+/// The application with its window: joins the controllers, the window and the desktop. Main thread.
+class KVKalvoraApplication : public KVMainWindowDelegate,
+                             public KVApplicationServices,
+                             public KVConversionProgressBar,
+                             public std::enable_shared_from_this<KVKalvoraApplication> {
+  public:
+    static std::shared_ptr<KVKalvoraApplication> create();
+    ~KVKalvoraApplication() override;
+
+    /// Shows the window, runs the start-up and takes in what was given on the command line.
+    void launch(const QList<QUrl> &urls);
+
+    KVMainWindow &window() { return *_window; }
+    KVApplicationController &controller() { return *_controller; }
+
+    /// Files from another start of the program.
+    void openFiles(const QList<QUrl> &urls);
+    void bringToFront();
+
+    void addFiles(const QList<QUrl> &urls) override;
+    void open() override;
+    void start() override;
+    void pause() override;
+    void mergeAll() override;
+    void makeDVD() override;
+    void clearFinishedConversionsInQueue(int tag) override;
+    void clearInactiveConversionsInQueue(int tag) override;
+    void openFile(const QUrl &url) override;
+    void showInFileManager(const QUrl &url) override;
+    void showReleaseNotes() override;
+    void showDebugPane() override;
+    void terminate() override;
+
+    void postUserNotification(const QString &title, const QString &subtitle) override;
+    void playFinishedSound() override;
+    void putComputerToSleep() override;
+    void requestUserAttention() override;
+    void openURL(const QUrl &url) override;
+    void setKeepsAwake(bool keepsAwake) override;
+    void showTaskbarProgress(std::optional<double> progress) override;
+    QString countryCode() const override;
+
+    bool isVisible() const override { return _isProgressVisible; }
+    void slideIn(const QString &statusString) override;
+    void slideOut() override;
+    void setProgress(double progressValue, const QString &statusString) override;
+
+  private:
+    class RowServices;
+    KVKalvoraApplication();
+
+    KVDesktop _desktop;
+    std::unique_ptr<KVMainWindow> _window;
+    std::unique_ptr<KVDebugPane> _debugPane;
+    std::shared_ptr<KVApplicationController> _controller;
+    bool _isProgressVisible = false;
+    bool _isTerminating = false;
+};

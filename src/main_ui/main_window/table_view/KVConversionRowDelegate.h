@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+/// Paints the rows of the queue table: group rows with their preset pop-up, conversion rows with thumbnail,
+/// title, status, progress and stop button.
+class KVConversionRowDelegate : public QStyledItemDelegate {
+    Q_OBJECT
+
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    /// Where the parts of a row stand; the widget asks this for clicks.
+    static QRect thumbnailRect(const QRect &row);
+    static QRect stopRect(const QRect &row);
+    static QRect presetRect(const QRect &groupRow);
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override;
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+};

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "controllers/KVConversionTableRow.h"
+#include "controllers/KVPresetPopUpButton.h"
+#include "controllers/KVQueueTableViewController.h"
+
+#include <QAbstractListModel>
+
+#include <map>
+#include <memory>
+
+/// The queue table as Qt's views see it: a thin adapter over the controller, which knows the rules. Keeps no
+/// more than which row shows what, so that a view never sees a row that the queue has already dropped. Main
+/// thread only.
+class KVQueueTableModel : public QAbstractListModel, public KVQueueTableView {
+    Q_OBJECT
+
+  public:
+    enum Role {
+        titleRole = Qt::DisplayRole,
+        thumbnailRole = Qt::DecorationRole,
+        accessibleRole = Qt::AccessibleTextRole,
+        mediaTypeRole = Qt::UserRole,
+        isGroupRole,
+        statusRole,
+        progressRole, ///< Invalid while there is none to show.
+        stateRole,
+        isSuccessfulRole,
+        stopTitleRole,
+        presetNameRole, ///< Of a group row: the preset that its conversions get.
+    };
+
+    explicit KVQueueTableModel(std::shared_ptr<KVConversionRowServices> services, QObject *parent = nullptr);
+    ~KVQueueTableModel() override;
+
+    KVQueueTableViewController &controller() { return _controller; }
+    /// The row's texts and actions; nothing for a group row.
+    std::optional<KVConversionTableRow> tableRow(const QModelIndex &index) const;
+    KVMediaFileType mediaType(const QModelIndex &index) const;
+    bool isGroup(const QModelIndex &index) const;
+    /// The preset choice of a group.
+    KVPresetPopUpButton &presetPopUpButton(KVMediaFileType type) { return *_presetPopUpButtons.at(type); }
+    /// How many of the rows above `row` are group rows.
+    int groupRowsBefore(int row) const;
+
+    /// Whether the stop buttons show what they do with the Option key down.
+    void setIsOptionKeyDown(bool isDown);
+    bool isOptionKeyDown() const { return _isOptionKeyDown; }
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+
+    void insertRows(int first, int count) override;
+    void removeRows(int first, int count) override;
+    void moveRow(int from, int to) override;
+    void reloadData() override;
+    void reloadRow(int row) override;
+    void animateFinishedConversion(int row) override;
+    void showDropZone(bool isAwaitingFiles) override;
+
+  Q_SIGNALS:
+    void dropZoneVisibilityChanged(bool isVisible);
+    void conversionFinished(const QModelIndex &index);
+
+  private:
+    class Watcher;
+    struct Row {
+        KVMediaFileType group = KVMediaFileType::none;
+        std::shared_ptr<KVConversion> conversion; ///< Null for a group row.
+    };
+
+    Row _row(int number) const;
+    void _conversionChanged(const std::shared_ptr<KVConversion> &conversion);
+
+    std::shared_ptr<KVConversionRowServices> _services;
+    std::shared_ptr<Watcher> _watcher;
+    std::map<KVMediaFileType, std::unique_ptr<KVPresetPopUpButton>> _presetPopUpButtons;
+    QList<Row> _rows;
+    KVNotificationCenter::Observation _thumbnailLoaded;
+    bool _isOptionKeyDown = false;
+    KVQueueTableViewController _controller;
+};

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "main_ui/main_window/table_view/KVQueueTableModel.h"
+
+#include <QAbstractItemView>
+
+/// The queue table: a flat list with two row heights. Row positions follow from arithmetic alone, so that ten
+/// thousand rows cost no more than ten. Rows are not selected; the keyboard moves a current row. Handles the
+/// drags of rows; drops of files are the window's.
+class KVQueueTableWidget : public QAbstractItemView {
+    Q_OBJECT
+
+  public:
+    explicit KVQueueTableWidget(QWidget *parent = nullptr);
+
+    void setQueueModel(KVQueueTableModel *model);
+
+    QRect visualRect(const QModelIndex &index) const override;
+    void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
+    QModelIndex indexAt(const QPoint &point) const override;
+
+  Q_SIGNALS:
+    void rowMenuRequested(const QModelIndex &index, const QPoint &globalPosition);
+    void presetMenuRequested(const QModelIndex &index, const QPoint &globalPosition);
+    void stopButtonPressed(const QModelIndex &index);
+
+  protected:
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    int horizontalOffset() const override { return 0; }
+    int verticalOffset() const override;
+    bool isIndexHidden(const QModelIndex &) const override { return false; }
+    void setSelection(const QRect &, QItemSelectionModel::SelectionFlags) override {}
+    QRegion visualRegionForSelection(const QItemSelection &) const override { return {}; }
+    void updateGeometries() override;
+
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void startDrag(Qt::DropActions supportedActions) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+  private:
+    struct DropTarget {
+        int row = -1;
+        KVDropOperation operation = KVDropOperation::on;
+    };
+
+    int _heightOf(int row) const;
+    int _topOf(int row) const; ///< In the coordinates of the whole list.
+    int _contentHeight() const;
+    DropTarget _dropTargetAt(const QPoint &point) const;
+    void _paintDropTarget(QPainter &painter) const;
+    void _activate(const QModelIndex &index, const QPoint &point);
+
+    KVQueueTableModel *_queueModel = nullptr;
+    DropTarget _dropTarget;
+    QPersistentModelIndex _pressed;
+};
