@@ -19,3 +19,18 @@ foreach(file fonts.conf hw_test.mov)
 endforeach()
 
 install(DIRECTORY ${KALVORA_RESOURCES} DESTINATION ${CMAKE_INSTALL_DATADIR}/kalvora)
+
+# The languages that the program speaks besides English.
+find_program(KALVORA_LRELEASE lrelease PATHS /usr/lib/qt6/bin)
+file(GLOB translations CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/resources/translations/*.ts)
+if(KALVORA_LRELEASE)
+    foreach(translation ${translations})
+        get_filename_component(name ${translation} NAME_WE)
+        set(compiled ${KALVORA_RESOURCES}/translations/${name}.qm)
+        add_custom_command(OUTPUT ${compiled} DEPENDS ${translation}
+            COMMAND ${CMAKE_COMMAND} -E make_directory ${KALVORA_RESOURCES}/translations
+            COMMAND ${KALVORA_LRELEASE} -silent ${translation} -qm ${compiled})
+        list(APPEND compiled_translations ${compiled})
+    endforeach()
+    add_custom_target(kv_translations ALL DEPENDS ${compiled_translations})
+endif()
