@@ -3,7 +3,7 @@
 #include "cli/KVConversionRequest.h"
 #include "cli/KVConvertRun.h"
 #include "cli/KVOwnFiles.h"
-#include "cli/KVSignalWatcher.h"
+#include "platform/KVSignalWatcher.h"
 #include "tasks/KVHardwareAcceleration.h"
 #include "util/KVPreferenceKeys.h"
 #include "util/KVTempDirectory.h"

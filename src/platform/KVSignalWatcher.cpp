@@ -1,4 +1,4 @@
-#include "cli/KVSignalWatcher.h"
+#include "platform/KVSignalWatcher.h"
 
 #include "kvcore/KVMainThread.h"
 
