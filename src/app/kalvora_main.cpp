@@ -1,9 +1,16 @@
 #include "kvcore/KVLocalizationCenter.h"
 #include "main_ui/KVKalvoraApplication.h"
+#include "platform/KVSignalWatcher.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QIcon>
+
+#include <chrono>
+#include <csignal>
+#include <thread>
+
+#include <unistd.h>
 
 namespace {
 
@@ -15,9 +22,29 @@ QList<QUrl> urlsOf(const QStringList &arguments) {
     return urls;
 }
 
+// All work has ended or been cancelled. What still hangs now, such as a look at a file on a dead network, is
+// not waited for.
+void endSoonAtLatest() {
+    std::thread([] {
+        std::this_thread::sleep_for(std::chrono::seconds(2));
+        ::_exit(0);
+    }).detach();
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
+    std::signal(SIGPIPE, SIG_IGN);
+    std::weak_ptr<KVKalvoraApplication> running; // main thread
+    const KVSignalWatcher signals(
+        [&running] {
+            if (const auto application = running.lock())
+                application->quit();
+            else
+                QApplication::exit(0);
+        },
+        [] {});
+
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Kalvora"));
     QApplication::setDesktopFileName(KVSingleApplication::serviceName);
@@ -30,9 +57,12 @@ int main(int argc, char **argv) {
     if (single.handOver(urls)) return 0;
 
     const auto kalvora = KVKalvoraApplication::create();
+    running = kalvora;
     QObject::connect(&single, &KVSingleApplication::activated, &single, [&] { kalvora->bringToFront(); });
     QObject::connect(&single, &KVSingleApplication::filesReceived, &single,
                      [&](const QList<QUrl> &received) { kalvora->openFiles(received); });
     kalvora->launch(urls);
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    endSoonAtLatest();
+    return status;
 }

@@ -1,6 +1,7 @@
 #include "controllers/KVApplicationController.h"
 
 #include "core/KVErrorCenter.h"
+#include "kvcore/KVBookmark.h"
 #include "kvcore/KVFatalError.h"
 #include "kvcore/KVLocalizationCenter.h"
 #include "kvcore/KVLog.h"
@@ -28,6 +29,9 @@ constexpr std::array ntscCountries{"US", "CA", "MX", "BB", "CU", "DO", "SV", "GT
 // The question for a review comes at this many finished conversions, once.
 constexpr int conversionsUntilReview = 20;
 
+// Quitting in the middle of work takes no longer.
+constexpr double secondsForCancelling = 2;
+
 const KVPreferences::Key didSeeReleaseNotes{"KVDidSeeReleaseNotes1202"};
 
 bool isOn(const KVPreferences::Key &key) {
@@ -43,9 +47,13 @@ QString localized(const char *key) {
 KVApplicationController::KVApplicationController(Surroundings surroundings)
     : _surroundings(std::move(surroundings)) {}
 
+KVApplicationController::~KVApplicationController() {
+    _counting.waitUntilIdle();
+}
+
 void KVApplicationController::applicationDidFinishLaunching() {
-    KVHardwareAcceleration::shared(); // its test takes a moment: the result is there before anyone can press
-                                      // Start
+    // Its test takes a moment: the result is there before anyone can press Start.
+    KVHardwareAcceleration::shared();
     KVErrorCenter::shared();
     KVTempDirectoryURL();
     KVCleanTempDirectory();
@@ -53,8 +61,19 @@ void KVApplicationController::applicationDidFinishLaunching() {
         _guessLocation();
         KVPreferences::shared().perform([] { KVPreferences::shared().setBoolean(true, HasGuessedLocation); });
     }
+    if (_surroundings.services.isSandboxed() && !isOn(HasPerformedSandoxTransition))
+        _performSandboxTransition();
     KVConversionQueue::addDelegateToAllQueues(shared_from_this());
     _showReleaseNotesOnce();
+}
+
+void KVApplicationController::applicationWillTerminate() {
+    cancelLoading();
+    // What is cancelled now is no end of the work: nobody is told, and the machine is not sent to sleep.
+    KVConversionQueue::removeDelegateFromAllQueues(shared_from_this());
+    // Children and partial outputs go with the program.
+    KVConversionQueue::cancelAllAndWait(secondsForCancelling);
+    KVCleanTempDirectory();
 }
 
 void KVApplicationController::_guessLocation() {
@@ -62,6 +81,26 @@ void KVApplicationController::_guessLocation() {
     if (country.isEmpty()) return;
     const bool isNTSC = std::ranges::find(ntscCountries, country.toStdString()) != ntscCountries.end();
     KVPreferences::shared().setBoolean(isNTSC, UsesNTSCFormat);
+}
+
+void KVApplicationController::_performSandboxTransition() {
+    KVUserQuestion::runModalOnMainThread(KVAlert{
+        .messageText = localized("This is the first time you're running Kalvora. You need to select a "
+                                 "folder where to save all converted files."),
+        .informativeText = localized("Press cancel in the following open dialog to be asked for "
+                                     "destination for each conversion."),
+        .buttons = {localized("OK")}});
+    const auto chosen = KVUserQuestion::runModalOnMainThread(KVOpenPanel{});
+    if (!chosen.isEmpty()) {
+        KVAppScopeBookmarksManager::setURL(chosen.first(), FixedDestinationBookmark);
+    } else {
+        KVUserQuestion::runModalOnMainThread(
+            KVAlert{.messageText = localized("Kalvora will ask you for a destination for each conversion."),
+                    .informativeText = localized("This can be changed later on in the preferences."),
+                    .buttons = {localized("OK")}});
+        KVAppScopeBookmarksManager::removeURL(FixedDestinationBookmark);
+    }
+    KVPreferences::shared().setBoolean(true, HasPerformedSandoxTransition);
 }
 
 void KVApplicationController::_showReleaseNotesOnce() {
@@ -79,9 +118,7 @@ KVApplicationController::TerminateReply KVApplicationController::applicationShou
                     .buttons = {localized("Cancel"), localized("Quit")}});
         if (response.isFirstButton()) return TerminateReply::cancel;
     }
-    // Children and partial outputs go with the program.
-    KVConversionQueue::cancelAllAndWait(2);
-    KVCleanTempDirectory();
+    applicationWillTerminate();
     return TerminateReply::now;
 }
 
@@ -156,7 +193,7 @@ void KVApplicationController::askForReview() {
         .buttons = {localized("Rate"), localized("Cancel")},
         .buttonThatChangesNothing = 1});
     if (response.isFirstButton())
-        _surroundings.services.openURL(QUrl(QStringLiteral("appstream://kalvora.desktop")));
+        _surroundings.services.openURL(QUrl(QStringLiteral("appstream://com.brenholt.Kalvora")));
 }
 
 void KVApplicationController::conversionQueueWillStartConversion(const Queue &,
@@ -179,19 +216,42 @@ void KVApplicationController::conversionQueueConversionDidUpdateStatus(const Que
 
 void KVApplicationController::conversionQueueDidSuccessfullyFinishConversion(const Queue &,
                                                                              const Conversion &conversion) {
-    const qint64 count = KVPreferences::shared().integer(NumberOfConversionPerformed, 0) + 1;
-    KVPreferences::shared().setInteger(count, NumberOfConversionPerformed);
-    if (count == conversionsUntilReview)
-        KVMainThread::async([this, self = weak_from_this()] {
-            if (self.lock()) askForReview();
-        });
+    _countConversion();
     _notify("Conversion finished!", "File %@ has been successfully converted.",
             "Files %@ have been successfully stitched.", conversion);
+    _letSleepWithout(conversion);
 }
 
 void KVApplicationController::conversionQueueDidFailConversion(const Queue &, const Conversion &conversion) {
     _notify("Conversion failed!", "Conversion for file %@ has failed.", "Stitching files %@ has failed.",
             conversion);
+    _letSleepWithout(conversion);
+}
+
+/// The store is written and synced on a thread of its own: a busy disk is no reason for the window to stand
+/// still.
+void KVApplicationController::_countConversion() {
+    _counting.async([this, self = weak_from_this()] {
+        qint64 count = 0;
+        KVPreferences::shared().update(NumberOfConversionPerformed, [&](const QVariant &current) {
+            count = current.toLongLong() + 1;
+            return QVariant(count);
+        });
+        if (count != conversionsUntilReview) return;
+        KVMainThread::async([this, self] {
+            if (const auto alive = self.lock()) askForReview();
+        });
+    });
+}
+
+/// A row that was started by itself tells no end of a queue. The row itself is about to be finished.
+void KVApplicationController::_letSleepWithout(const Conversion &endedConversion) {
+    if (KVConversionQueue::isAnyQueueWorking()) return;
+    for (const auto &queue : KVConversionQueue::allQueues())
+        for (const auto &conversion : queue->conversions())
+            if (conversion != endedConversion && conversion->state == KVConversionState::executing) return;
+    _surroundings.services.setKeepsAwake(false);
+    _surroundings.services.showTaskbarProgress(std::nullopt);
 }
 
 void KVApplicationController::_notify(const char *title, const char *oneFile, const char *severalFiles,

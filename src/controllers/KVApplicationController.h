@@ -2,6 +2,7 @@
 
 #include "controllers/KVApplicationServices.h"
 #include "controllers/KVKalvoraAppDelegate.h"
+#include "kvcore/KVSerialQueue.h"
 #include "queues/KVConversionQueue.h"
 
 #include <functional>
@@ -25,10 +26,14 @@ class KVApplicationController : public KVKalvoraAppDelegate,
         std::function<void()> terminate;
     };
     explicit KVApplicationController(Surroundings surroundings);
+    ~KVApplicationController() override;
 
     /// Start-up. The controller is held by a shared_ptr.
     void applicationDidFinishLaunching();
+    /// Asks where work would be lost. After `now` the application has to end.
     TerminateReply applicationShouldTerminate();
+    /// Ends all work without a question and leaves nothing half done behind.
+    void applicationWillTerminate();
 
     void start();
     void pause();
@@ -48,10 +53,14 @@ class KVApplicationController : public KVKalvoraAppDelegate,
 
   private:
     void _guessLocation();
+    void _performSandboxTransition();
     void _showReleaseNotesOnce();
+    void _countConversion();
+    void _letSleepWithout(const Conversion &endedConversion);
     void _notify(const char *title, const char *oneFile, const char *severalFiles,
                  const Conversion &conversion);
     void _clearConversions(const std::function<bool(const KVConversion &)> &matches, int tag);
 
     Surroundings _surroundings;
+    KVSerialQueue _counting{QStringLiteral("com.brenholt.Kalvora.counting")};
 };

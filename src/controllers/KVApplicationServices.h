@@ -24,6 +24,8 @@ class KVApplicationServices {
     virtual void showTaskbarProgress(std::optional<double> progress) = 0;
     /// The country of the user's time zone or locale as two letters; empty where it is not known.
     virtual QString countryCode() const = 0;
+    /// Whether the program can write only where the user lets it.
+    virtual bool isSandboxed() const = 0;
 };
 
 /// The application's overall bar.

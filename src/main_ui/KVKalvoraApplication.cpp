@@ -51,23 +51,34 @@ KVKalvoraApplication::KVKalvoraApplication()
     KVUserQuestion::setResponder(std::make_shared<KVWindowQuestions>(_window.get()));
 }
 
-KVKalvoraApplication::~KVKalvoraApplication() = default;
+KVKalvoraApplication::~KVKalvoraApplication() {
+    // Whoever still holds the controller must not reach us through it.
+    _controller->applicationWillTerminate();
+    KVUserQuestion::setResponder(nullptr);
+}
 
 void KVKalvoraApplication::launch(const QList<QUrl> &urls) {
     KVMediaFile::setMakesThumbnails(true);
+    _urlsAtLaunch = urls;
     _window->show();
     // The window is painted before anything that may take time.
-    KVMainThread::after(0, [this, self = weak_from_this(), urls] {
-        const auto alive = self.lock();
-        if (!alive) return;
-        _controller->applicationDidFinishLaunching();
-        if (!urls.isEmpty()) addFiles(urls);
+    KVMainThread::after(0, [self = weak_from_this()] {
+        if (const auto alive = self.lock()) alive->_start();
     });
+}
+
+void KVKalvoraApplication::_start() {
+    _controller->applicationDidFinishLaunching();
+    _hasLaunched = true;
+    if (const auto urls = std::exchange(_urlsAtLaunch, {}); !urls.isEmpty()) addFiles(urls);
 }
 
 void KVKalvoraApplication::openFiles(const QList<QUrl> &urls) {
     bringToFront();
-    addFiles(urls);
+    if (_hasLaunched)
+        addFiles(urls);
+    else
+        _urlsAtLaunch += urls;
 }
 
 void KVKalvoraApplication::bringToFront() {
@@ -132,7 +143,13 @@ void KVKalvoraApplication::terminate() {
     _isTerminating = true;
     const auto reply = _controller->applicationShouldTerminate();
     _isTerminating = false;
-    if (reply == KVApplicationController::TerminateReply::now) QApplication::quit();
+    // Not QApplication::quit(): that would close the window first, which asks to terminate.
+    if (reply == KVApplicationController::TerminateReply::now) QApplication::exit(0);
+}
+
+void KVKalvoraApplication::quit() {
+    _controller->applicationWillTerminate();
+    QApplication::exit(0);
 }
 
 void KVKalvoraApplication::postUserNotification(const QString &title, const QString &subtitle) {
@@ -165,6 +182,10 @@ void KVKalvoraApplication::showTaskbarProgress(std::optional<double> progress) {
 
 QString KVKalvoraApplication::countryCode() const {
     return KVDesktop::countryCode();
+}
+
+bool KVKalvoraApplication::isSandboxed() const {
+    return KVDesktop::isSandboxed();
 }
 
 void KVKalvoraApplication::slideIn(const QString &statusString) {

@@ -20,6 +20,8 @@ class KVKalvoraApplication : public KVMainWindowDelegate,
 
     /// Shows the window, runs the start-up and takes in what was given on the command line.
     void launch(const QList<QUrl> &urls);
+    /// Ends without a question, as the system asks for it.
+    void quit();
 
     KVMainWindow &window() { return *_window; }
     KVApplicationController &controller() { return *_controller; }
@@ -50,6 +52,7 @@ class KVKalvoraApplication : public KVMainWindowDelegate,
     void setKeepsAwake(bool keepsAwake) override;
     void showTaskbarProgress(std::optional<double> progress) override;
     QString countryCode() const override;
+    bool isSandboxed() const override;
 
     bool isVisible() const override { return _isProgressVisible; }
     void slideIn(const QString &statusString) override;
@@ -59,11 +62,14 @@ class KVKalvoraApplication : public KVMainWindowDelegate,
   private:
     class RowServices;
     KVKalvoraApplication();
+    void _start();
 
     KVDesktop _desktop;
     std::unique_ptr<KVMainWindow> _window;
     std::unique_ptr<KVDebugPane> _debugPane;
     std::shared_ptr<KVApplicationController> _controller;
+    QList<QUrl> _urlsAtLaunch;
+    bool _hasLaunched = false;
     bool _isProgressVisible = false;
     bool _isTerminating = false;
 };

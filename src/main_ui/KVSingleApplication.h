@@ -23,7 +23,12 @@ class KVSingleApplication : public QObject {
 
   Q_SIGNALS:
     void activated();
+    /// The window comes to the front for these as well.
     void filesReceived(const QList<QUrl> &urls);
+
+  private:
+    enum class Answer { taken, gone, refused };
+    Answer _tellOther(const QList<QUrl> &urls);
 };
 
 /// org.freedesktop.Application of KVSingleApplication.

@@ -300,6 +300,11 @@ void KVConversionQueue::appendDelegate(const std::shared_ptr<KVConversionQueueDe
     _delegates.push_back(delegate);
 }
 
+void KVConversionQueue::removeDelegate(const std::shared_ptr<KVConversionQueueDelegate> &delegate) {
+    const std::scoped_lock lock(_fieldsMutex);
+    std::erase(_delegates, delegate);
+}
+
 template <class Call>
 void KVConversionQueue::_tellDelegates(Call call) {
     std::unique_lock lock(_fieldsMutex);

@@ -47,6 +47,7 @@ class KVConversionQueue : public KVConversionHost,
     /// Of all conversions of all queues, 0 to 1; 0 with none.
     static double totalProgress();
     static void addDelegateToAllQueues(const std::shared_ptr<KVConversionQueueDelegate> &delegate);
+    static void removeDelegateFromAllQueues(const std::shared_ptr<KVConversionQueueDelegate> &delegate);
     /// Any thread.
     static bool anyQueueContainsMedia(const QUrl &url);
     static void startAllQueues();
@@ -99,6 +100,7 @@ class KVConversionQueue : public KVConversionHost,
     bool isWorking() const { return _threadLock.condition() > 0; }
 
     void appendDelegate(const std::shared_ptr<KVConversionQueueDelegate> &delegate);
+    void removeDelegate(const std::shared_ptr<KVConversionQueueDelegate> &delegate);
 
     void conversionDidUpdateFiles(const std::shared_ptr<KVConversion> &conversion) override;
     void conversionDidFinishExecuting(const std::shared_ptr<KVConversion> &conversion) override;

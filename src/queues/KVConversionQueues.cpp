@@ -69,6 +69,12 @@ void KVConversionQueue::addDelegateToAllQueues(const std::shared_ptr<KVConversio
         queue->appendDelegate(delegate);
 }
 
+void KVConversionQueue::removeDelegateFromAllQueues(
+    const std::shared_ptr<KVConversionQueueDelegate> &delegate) {
+    for (const auto &queue : allQueues())
+        queue->removeDelegate(delegate);
+}
+
 bool KVConversionQueue::anyQueueContainsMedia(const QUrl &url) {
     return std::ranges::any_of(allQueues(), [&](const auto &queue) { return queue->_containsMedia(url); });
 }

@@ -1,70 +1,56 @@
 #include "platform/desktop/KVDesktop.h"
 
 #include <QDBusConnection>
-#include <QDBusInterface>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusUnixFileDescriptor>
 #include <QDesktopServices>
 #include <QFile>
-#include <QFileInfo>
 #include <QLocale>
+#include <QTimeZone>
 
-#include <canberra.h>
-#include <unistd.h>
+#include <fcntl.h>
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <utility>
 
 namespace {
 
-const QString desktopFile = "com.brenholt.Kalvora.desktop";
+// The name of the desktop file and of the icon.
+const QString desktopEntry = "com.brenholt.Kalvora";
+
+const QString portalService = "org.freedesktop.portal.Desktop";
 
 // Starts a call and forgets it.
 void send(const QDBusConnection &bus, const QDBusMessage &message) {
     if (bus.isConnected()) bus.asyncCall(message);
 }
 
-// The zone's name, such as "Europe/Berlin".
-QString systemTimeZone() {
-    const QString target = QFileInfo(QStringLiteral("/etc/localtime")).canonicalFilePath();
-    const qsizetype begin = target.indexOf(QStringLiteral("/zoneinfo/"));
-    return begin < 0 ? QString() : target.sliced(begin + 10);
+// Starts a call; `handle` gets the answer unless `context` has gone meanwhile.
+void ask(const QDBusConnection &bus, const QDBusMessage &message, QObject &context,
+         const std::function<void(const QDBusPendingCall &)> &handle) {
+    auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), &context);
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [watcher, handle] {
+        handle(*watcher);
+        watcher->deleteLater();
+    });
 }
 
 // The country of a zone by the time zone database's own table: "DE\t+5230+01322\tEurope/Berlin".
-QString countryOfTimeZone(const QString &zone) {
+QString countryOfTimeZone(const QByteArray &zone) {
     QFile table(QStringLiteral("/usr/share/zoneinfo/zone.tab"));
-    if (zone.isEmpty() || !table.open(QIODevice::ReadOnly)) return {};
+    if (!table.open(QIODevice::ReadOnly)) return {};
     for (const QByteArray &line : table.readAll().split('\n')) {
         const auto columns = line.split('\t');
-        if (columns.size() >= 3 && columns.at(2) == zone.toUtf8())
-            return QString::fromLatin1(columns.first());
+        if (columns.size() >= 3 && columns.at(2) == zone) return QString::fromLatin1(columns.first());
     }
     return {};
 }
 
 } // namespace
-
-class KVDesktop::Sound {
-  public:
-    Sound() {
-        if (ca_context_create(&_context) != CA_SUCCESS) _context = nullptr;
-    }
-    ~Sound() {
-        if (_context) ca_context_destroy(_context);
-    }
-    Sound(const Sound &) = delete;
-    Sound &operator=(const Sound &) = delete;
-
-    void playComplete() {
-        if (_context) ca_context_play(_context, 0, CA_PROP_EVENT_ID, "complete", nullptr);
-    }
-
-  private:
-    ca_context *_context = nullptr;
-};
 
 KVDesktop::KVDesktop() = default;
 
@@ -76,15 +62,14 @@ void KVDesktop::postNotification(const QString &title, const QString &text) {
     auto message =
         QDBusMessage::createMethodCall("org.freedesktop.Notifications", "/org/freedesktop/Notifications",
                                        "org.freedesktop.Notifications", "Notify");
-    const QVariantMap hints{{"desktop-entry", "com.brenholt.Kalvora"}};
-    message << QStringLiteral("Kalvora") << 0U << QStringLiteral("kalvora") << title << text.toHtmlEscaped()
+    const QVariantMap hints{{"desktop-entry", desktopEntry}};
+    message << QStringLiteral("Kalvora") << 0U << desktopEntry << title << text.toHtmlEscaped()
             << QStringList() << hints << -1;
     send(QDBusConnection::sessionBus(), message);
 }
 
 void KVDesktop::playCompleteSound() {
-    if (!_sound) _sound = std::make_unique<Sound>();
-    _sound->playComplete();
+    _sound.play();
 }
 
 void KVDesktop::suspend() {
@@ -105,50 +90,75 @@ void KVDesktop::showInFileManager(const QUrl &url) {
         QDBusMessage::createMethodCall("org.freedesktop.FileManager1", "/org/freedesktop/FileManager1",
                                        "org.freedesktop.FileManager1", "ShowItems");
     message << QStringList{url.toString(QUrl::FullyEncoded)} << QString();
-    auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), &_context);
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [watcher, folder] {
-        if (watcher->isError()) QDesktopServices::openUrl(folder);
-        watcher->deleteLater();
+    ask(bus, message, _context, [folder](const QDBusPendingCall &answer) {
+        if (answer.isError()) QDesktopServices::openUrl(folder);
     });
 }
 
 void KVDesktop::setKeepsAwake(bool keepsAwake) {
     if (_keepsAwake == keepsAwake) return;
     _keepsAwake = keepsAwake;
-    if (!keepsAwake) {
-        if (_inhibitor >= 0) ::close(std::exchange(_inhibitor, -1));
-        return;
-    }
+    if (keepsAwake) return _askManagerToKeepAwake();
+    _inhibitor.reset();
+    if (!_inhibitionRequest.isEmpty())
+        send(QDBusConnection::sessionBus(),
+             QDBusMessage::createMethodCall(portalService, std::exchange(_inhibitionRequest, {}),
+                                            "org.freedesktop.portal.Request", "Close"));
+}
+
+void KVDesktop::_askManagerToKeepAwake() {
     const QDBusConnection bus = QDBusConnection::systemBus();
-    if (!bus.isConnected()) return;
+    if (!bus.isConnected()) return _askPortalToKeepAwake();
     auto message = QDBusMessage::createMethodCall("org.freedesktop.login1", "/org/freedesktop/login1",
                                                   "org.freedesktop.login1.Manager", "Inhibit");
     message << QStringLiteral("sleep:idle") << QStringLiteral("Kalvora") << QStringLiteral("Converting media")
             << QStringLiteral("block");
-    const QDBusPendingReply<QDBusUnixFileDescriptor> reply = bus.asyncCall(message);
-    auto *watcher = new QDBusPendingCallWatcher(reply, &_context);
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [this, watcher] {
-        const QDBusPendingReply<QDBusUnixFileDescriptor> answer = *watcher;
-        if (!answer.isError() && _keepsAwake && _inhibitor < 0)
-            _inhibitor = ::dup(answer.value().fileDescriptor());
-        watcher->deleteLater();
+    ask(bus, message, _context, [this](const QDBusPendingCall &call) {
+        const QDBusPendingReply<QDBusUnixFileDescriptor> answer = call;
+        if (answer.isError()) return _askPortalToKeepAwake();
+        // No child may inherit it: the machine would stay awake with the child.
+        if (_keepsAwake)
+            _inhibitor = KVFileDescriptor(::fcntl(answer.value().fileDescriptor(), F_DUPFD_CLOEXEC, 0));
+    });
+}
+
+void KVDesktop::_askPortalToKeepAwake() {
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!_keepsAwake || !bus.isConnected()) return;
+    auto message = QDBusMessage::createMethodCall(portalService, "/org/freedesktop/portal/desktop",
+                                                  "org.freedesktop.portal.Inhibit", "Inhibit");
+    constexpr uint suspending = 4;
+    message << QString() << suspending << QVariantMap{{"reason", "Converting media"}};
+    ask(bus, message, _context, [this](const QDBusPendingCall &call) {
+        const QDBusPendingReply<QDBusObjectPath> answer = call;
+        if (!answer.isError()) _inhibitionRequest = answer.value().path();
+        if (!_keepsAwake) { // it has ended meanwhile
+            _keepsAwake = true;
+            setKeepsAwake(false);
+        }
     });
 }
 
 void KVDesktop::showTaskbarProgress(std::optional<double> progress) {
     const bool isVisible = progress && std::isfinite(*progress);
+    const int percent = isVisible ? int(std::clamp(*progress, 0.0, 1.0) * 100) : -1;
+    if (std::exchange(_shownPercent, percent) == percent) return;
     auto message =
         QDBusMessage::createSignal("/com/brenholt/Kalvora", "com.canonical.Unity.LauncherEntry", "Update");
-    const QVariantMap properties{{"progress", isVisible ? std::clamp(*progress, 0.0, 1.0) : 0.0},
+    const QVariantMap properties{{"progress", isVisible ? percent / 100.0 : 0.0},
                                  {"progress-visible", isVisible}};
-    message << QStringLiteral("application://") + desktopFile << properties;
+    message << "application://" + desktopEntry + ".desktop" << properties;
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (bus.isConnected()) bus.send(message);
 }
 
 QString KVDesktop::countryCode() {
-    const QString country = countryOfTimeZone(systemTimeZone());
+    const QString country = countryOfTimeZone(QTimeZone::systemTimeZoneId());
     if (!country.isEmpty()) return country;
     // "en_US": the part behind the underscore.
     return QLocale::system().name().section('_', 1, 1);
+}
+
+bool KVDesktop::isSandboxed() {
+    return QFile::exists(QStringLiteral("/.flatpak-info")) || qEnvironmentVariableIsSet("SNAP");
 }
