@@ -10,6 +10,7 @@
 #include "platform/KVUserQuestions.h"
 #include "queues/KVConversionQueue.h"
 #include "util/KVPreferenceKeys.h"
+#include "util/KVThreadCount.h"
 #include "video_info/media_file/KVVideoFile.h"
 
 #include <QFileInfo>
@@ -32,6 +33,10 @@ QString localized(const char *key) {
     return KVLocalizationCenter::localized(key);
 }
 
+bool isProtectedMusic(const QUrl &url) {
+    return KVFileManager::pathExtension(url).toLower() == QLatin1String("m4p");
+}
+
 std::optional<std::pair<quint64, quint64>> identityOfFolder(const QUrl &folder) {
     struct stat status {};
     if (::stat(QFile::encodeName(folder.toLocalFile()).constData(), &status) != 0) return std::nullopt;
@@ -46,7 +51,8 @@ int readingProblem(const QUrl &url) {
 } // namespace
 
 KVFileIntake::KVFileIntake()
-    : _fileLoadingQueue(QStringLiteral("com.brenholt.Kalvora.loading_queue")) {}
+    : _probeAhead(readFile, KVProcessInfo::activeProcessorCount())
+    , _fileLoadingQueue(QStringLiteral("com.brenholt.Kalvora.loading_queue")) {}
 
 KVFileIntake::~KVFileIntake() {
     cancelLoading();
@@ -88,13 +94,14 @@ bool KVFileIntake::waitUntilLoaded(double seconds) {
 
 void KVFileIntake::cancelLoading() {
     _isCancelled = true;
+    _probeAhead.stop();
 }
 
-bool KVFileIntake::addFile(const QUrl &url, bool isFolderMember) {
-    return !_isCancelled && _addFile(url, isFolderMember);
+bool KVFileIntake::addFile(const QUrl &url, bool isFolderMember, const ReadFile &read) {
+    return !_isCancelled && _addFile(url, isFolderMember, read);
 }
 
-bool KVFileIntake::_addFile(const QUrl &url, bool isFolderMember) {
+bool KVFileIntake::_addFile(const QUrl &url, bool isFolderMember, const ReadFile &read) {
     using Kind = KVIntakeRefusal::Kind;
     const auto refuse = [&](Kind kind, const char *reason) {
         _refuse(kind, url, localized(reason), isFolderMember);
@@ -103,12 +110,11 @@ bool KVFileIntake::_addFile(const QUrl &url, bool isFolderMember) {
 
     if (!url.isLocalFile()) return refuse(Kind::notAFile, "Only files can be added.");
     if (KVFileManager::isDirectory(url)) return _addFolder(url, isFolderMember);
-    if (KVFileManager::pathExtension(url).toLower() == QLatin1String("m4p"))
-        return refuse(Kind::isProtected, "Protected music files cannot be converted.");
+    if (isProtectedMusic(url)) return refuse(Kind::isProtected, "Protected music files cannot be converted.");
     if (KVConversionQueue::anyQueueContainsMedia(url))
         return refuse(Kind::alreadyQueued, "The file is in the queue already.");
 
-    const auto file = readFile(url);
+    const auto file = read(url);
     if (!file) {
         _refuseUnreadable(url, file.error(), isFolderMember);
         return false;
@@ -170,8 +176,19 @@ bool KVFileIntake::_addMember(const QUrl &member) {
     for (const auto &queue : KVConversionQueue::allQueues())
         numberOfWaitingFiles += queue->numberOfFilesWaitingToBeConverted();
     if (numberOfWaitingFiles <= maximumNumberOfWaitingFiles) return addFile(member, true);
-    _loadInBackground([this, member] { addFile(member, true); });
+    _loadMemberInBackground(member);
     return false;
+}
+
+/// Its turn comes behind all others, but it is looked at as soon as a processor has time for it, unless its
+/// name alone settles its case.
+void KVFileIntake::_loadMemberInBackground(const QUrl &member) {
+    if (isProtectedMusic(member) || KVConversionQueue::anyQueueContainsMedia(member))
+        return _loadInBackground([this, member] { addFile(member, true); });
+    _loadInBackground([this, member, ticket = _probeAhead.expect(member)] {
+        addFile(member, true, [&](const QUrl &) { return _probeAhead.take(ticket); });
+        _probeAhead.forget(ticket);
+    });
 }
 
 void KVFileIntake::_loadInBackground(std::function<void()> load) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controllers/KVIntakeObserver.h"
+#include "controllers/KVProbeAhead.h"
 #include "kvcore/KVError.h"
 #include "kvcore/KVSerialQueue.h"
 
@@ -67,12 +68,15 @@ class KVFileIntake {
     /// entered once.
     using Walk = std::set<std::pair<quint64, quint64>>;
 
-    bool addFile(const QUrl &url, bool isFolderMember = false);
-    bool _addFile(const QUrl &url, bool isFolderMember);
+    using ReadFile = std::function<KVProbeAhead::Result(const QUrl &)>;
+
+    bool addFile(const QUrl &url, bool isFolderMember = false, const ReadFile &read = readFile);
+    bool _addFile(const QUrl &url, bool isFolderMember, const ReadFile &read);
     bool _addFolder(const QUrl &url, bool isFolderMember);
     bool _addDVD(const QUrl &url, bool isFolderMember);
     KVResult<bool> _addFiles(const QUrl &folder, int depth, Walk &walk);
     bool _addMember(const QUrl &member);
+    void _loadMemberInBackground(const QUrl &member);
     void _loadInBackground(std::function<void()> load);
     QList<QUrl> _sandboxURLs(const QList<QUrl> &urls) const;
 
@@ -92,5 +96,6 @@ class KVFileIntake {
     /// Shared: the last load may be counted off when the intake has gone.
     const std::shared_ptr<std::atomic<int>> _numberOfBackgroundLoads = std::make_shared<std::atomic<int>>(0);
     std::atomic<qsizetype> _numberOfPendingItems = 0;
+    KVProbeAhead _probeAhead; ///< For the files that wait in the queue below.
     KVSerialQueue _fileLoadingQueue;
 };

@@ -2,6 +2,15 @@
 
 #include <QCoreApplication>
 
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int lowestPriority = 19;
+
+} // namespace
+
 KVBackgroundQueue &KVBackgroundQueue::shared() {
     static KVBackgroundQueue queue(2);
     // Before the process-wide objects go that the work may use.
@@ -38,6 +47,9 @@ void KVBackgroundQueue::finish() {
 }
 
 void KVBackgroundQueue::_run(const std::stop_token &stop) {
+    // Children inherit it: what somebody waits for goes first.
+    ::setpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()), lowestPriority);
+
     std::unique_lock lock(_mutex);
     for (;;) {
         ++_idleThreads;

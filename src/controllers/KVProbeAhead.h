@@ -1,0 +1,59 @@
+#pragma once
+
+#include "kvcore/KVError.h"
+
+#include <QUrl>
+
+#include <condition_variable>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <stop_token>
+#include <thread>
+#include <vector>
+
+class KVMediaFile;
+
+/// Looks at files before their turn comes, several at a time, so that whoever takes them one after the other
+/// finds the answer ready. Stays a few files ahead and no more: what waits behind a question to the user is
+/// looked at when the question is answered.
+///
+/// `expect` from any thread, `take` and `forget` from the one that takes.
+class KVProbeAhead {
+  public:
+    using Result = KVResult<std::shared_ptr<KVMediaFile>>;
+    using Probe = std::function<Result(const QUrl &)>;
+    class Ticket;
+
+    /// `probe` is called on threads of ours, at most `maximumNumberOfThreads` at once. It must not wait for
+    /// the thread that destroys us.
+    KVProbeAhead(Probe probe, int maximumNumberOfThreads);
+    ~KVProbeAhead();
+    KVProbeAhead(const KVProbeAhead &) = delete;
+    KVProbeAhead &operator=(const KVProbeAhead &) = delete;
+
+    /// The file will be taken, in the order of the calls.
+    std::shared_ptr<Ticket> expect(const QUrl &url);
+
+    /// What the file is: the answer that is ready, as long as the file is the same as then, else a new one.
+    Result take(const std::shared_ptr<Ticket> &ticket);
+
+    /// The file's turn is over, taken or not. Every ticket comes here.
+    void forget(const std::shared_ptr<Ticket> &ticket);
+
+    /// Begins no further probe; `take` probes by itself from now on.
+    void stop();
+
+  private:
+    void _run(const std::stop_token &stop);
+    std::shared_ptr<Ticket> _next() const;
+
+    const Probe _probe;
+    const std::size_t _maximumNumberOfThreads;
+    std::mutex _mutex;
+    std::condition_variable_any _changed;
+    std::deque<std::shared_ptr<Ticket>> _tickets; ///< In the order of their turns.
+    std::vector<std::jthread> _threads;
+    bool _isStopped = false;
+};

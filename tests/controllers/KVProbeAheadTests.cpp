@@ -1,0 +1,101 @@
+#include "controllers/KVProbeAhead.h"
+
+#include "support/KVTestCase.h"
+#include "video_info/media_file/KVPictureFile.h"
+
+#include <atomic>
+#include <latch>
+#include <thread>
+
+namespace {
+
+KVProbeAhead::Result picture(const QUrl &url) {
+    return std::make_shared<KVPictureFile>(url);
+}
+
+bool waitFor(const std::function<bool()> &isDone) {
+    for (int look = 0; look < 1000 && !isDone(); ++look)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    return isDone();
+}
+
+} // namespace
+
+class KVProbeAheadTest : public KVTestCase {
+  protected:
+    QUrl file(const QString &name) { return QUrl::fromLocalFile(write(name, "content")); }
+};
+
+TEST_F(KVProbeAheadTest, LooksAtSeveralFilesAtOnceAndAnswersInTurn) {
+    std::latch both(2);
+    KVProbeAhead ahead(
+        [&](const QUrl &url) {
+            both.arrive_and_wait(); // comes back only if two look at the same time
+            return picture(url);
+        },
+        2);
+    const auto first = ahead.expect(file("1"));
+    const auto second = ahead.expect(file("2"));
+    EXPECT_EQ((*ahead.take(first))->url(), url("1"));
+    ahead.forget(first);
+    EXPECT_EQ((*ahead.take(second))->url(), url("2"));
+    ahead.forget(second);
+}
+
+TEST_F(KVProbeAheadTest, StaysAFewFilesAhead) {
+    std::atomic<int> probes = 0;
+    KVProbeAhead ahead(
+        [&](const QUrl &url) {
+            ++probes;
+            return picture(url);
+        },
+        1);
+    std::vector<std::shared_ptr<KVProbeAhead::Ticket>> tickets;
+    for (int number = 0; number < 100; ++number)
+        tickets.push_back(ahead.expect(file(QString::number(number))));
+    EXPECT_TRUE(waitFor([&] { return probes == 4; }));
+    ahead.forget(tickets[0]);
+    EXPECT_TRUE(waitFor([&] { return probes == 5; }));
+    for (std::size_t number = 1; number < tickets.size(); ++number) {
+        ASSERT_EQ((*ahead.take(tickets[number]))->url(), url(QString::number(number)));
+        ahead.forget(tickets[number]);
+    }
+    EXPECT_EQ(probes, 100);
+}
+
+TEST_F(KVProbeAheadTest, AFileThatChangedMeanwhileIsLookedAtAgain) {
+    std::atomic<int> probes = 0;
+    KVProbeAhead ahead(
+        [&](const QUrl &url) {
+            ++probes;
+            return picture(url);
+        },
+        1);
+    const auto written = ahead.expect(file("written"));
+    const auto removed = ahead.expect(file("removed"));
+    const auto kept = ahead.expect(file("kept"));
+    ASSERT_TRUE(waitFor([&] { return probes == 3; }));
+    write("written", "longer than before");
+    QFile::remove(path("removed"));
+    for (const auto &ticket : {written, removed, kept}) {
+        EXPECT_TRUE(ahead.take(ticket));
+        ahead.forget(ticket);
+    }
+    EXPECT_EQ(probes, 5);
+}
+
+TEST_F(KVProbeAheadTest, BeginsNothingAfterItIsStopped) {
+    std::atomic<int> probes = 0;
+    KVProbeAhead ahead(
+        [&](const QUrl &url) {
+            ++probes;
+            return picture(url);
+        },
+        2);
+    ahead.stop();
+    const auto ticket = ahead.expect(file("late"));
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    EXPECT_EQ(probes, 0);
+    EXPECT_TRUE(ahead.take(ticket)); // the taker looks by itself
+    EXPECT_EQ(probes, 1);
+}
