@@ -1,7 +1,7 @@
 #include "core/KVErrorCenter.h"
 #include "core/KVQueueNotifications.h"
 #include "platform/KVScriptedQuestions.h"
-#include "presets/audio/KVMP3Preset.h"
+#include "presets/audio/KVAudioPresets.h"
 #include "queues/KVConversionQueue.h"
 #include "support/KVTestCase.h"
 #include "video_info/media_file/KVAudioFile.h"

@@ -1,8 +1,7 @@
 #include "kvcore/KVBookmark.h"
 #include "platform/KVScriptedQuestions.h"
 #include "presets/KVPresetTestCase.h"
-#include "presets/audio/KVFLACPreset.h"
-#include "presets/audio/KVMP3Preset.h"
+#include "presets/audio/KVAudioPresets.h"
 #include "util/KVOutputClaim.h"
 #include "util/KVPreferenceKeys.h"
 

@@ -1,8 +1,7 @@
 #include "presets/KVPresetClasses.h"
 #include "presets/KVPresetRegistry.h"
 #include "presets/KVPresetTestCase.h"
-#include "presets/audio/KVM4APreset.h"
-#include "presets/audio/KVMP3Preset.h"
+#include "presets/audio/KVAudioPresets.h"
 #include "util/KVPreferenceKeys.h"
 
 #include <QSet>
@@ -55,6 +54,67 @@ TEST_F(KVPresetRegistryTest, HasOneBuiltInPresetOfEachConcreteClass) {
     wanted.sort();
     found.sort();
     EXPECT_EQ(found, wanted);
+}
+
+TEST_F(KVPresetRegistryTest, BuiltInPresetsKeepTheNamesThatScriptsKnow) {
+    KVPresetRegistry registry;
+    EXPECT_EQ(
+        names(registry).join('|'),
+        "AAC|AIFF|Apple Lossless|AppleTV|AppleTV 2|AppleTV 3|AppleTV 4|AppleTV 4K|BMP|Crop|DivX (AVI)|DVD|"
+        "FLAC|FLV|GIF|GIF Animation|HEVC (H.265)|HTTP Live Streaming|iPad|iPad 3|iPhone|iPhone 4|iPhone 5|"
+        "iPhone 5C|iPhone 5S|iPhone 6|iPhone 6S|iPhone 7|iPhone Ringtone|iPhone SE|iPod|iPod Nano|"
+        "iPod Nano 5G|JPEG|M4A|MKV|MP2|MP3|MP4|MP4 (MPEG-4)|MPEG-1|MPEG-2|Ogg (Audio)|Ogg (Video)|PNG|"
+        "ProRes|PS3|PSP|Remux|Remux With Audio Conversion|Roku TV|TIFF|Transform Preset|"
+        "Volume Adjustment|WAV|Web Optimization|WebM|WMA|WMV|Xbox|Xvid (AVI)");
+}
+
+TEST_F(KVPresetRegistryTest, SettingsKeepTheKeysThatFilesHold) {
+    struct Row {
+        const char *preset;
+        const char *keys; // beside those of every preset
+    };
+    const Row rows[]{
+        {"WAV", "KVAudioTrackQuality KVFrequency ZRAudioChannels ZRWAVSampleBits ZRWAVUsesBigEndian "
+                "ZRWAVUsesUnsignedIntegers"},
+        {"AIFF", "KVAudioTrackQuality KVFrequency KVSampleBits ZRAudioChannels"},
+        {"Apple Lossless", "KVAudioTrackQuality KVFrequency KVSampleBits ZRAudioChannels"},
+        {"JPEG", "ZRAlsoScaleUp ZRHasPercentageScaling ZRHasSizeConstrains ZRJPEGCompression ZRMaxHeight "
+                 "ZRMaxWidth ZRPercentageScaling"},
+        {"PNG",
+         "ZRAlsoScaleUp ZRHasPercentageScaling ZRHasSizeConstrains ZRMaxHeight ZRMaxWidth ZRPNGInterlaced "
+         "ZRPercentageScaling"},
+    };
+    for (const Row &row : rows) {
+        QStringList keys = KVPreset::presetNamed(row.preset)->dictionaryRepresentation().keys();
+        for (const char *key :
+             {"KVPresetType", "ZRPresetClass", "ZRPresetIsCustom", "ZRPresetIsEnabled", "ZRPresetName"})
+            EXPECT_TRUE(keys.removeOne(key)) << row.preset << key;
+        EXPECT_EQ(keys.join(' '), row.keys);
+    }
+}
+
+TEST_F(KVPresetRegistryTest, EverySettingSurvivesStorage) {
+    const QSet<QString> identity{"ZRPresetClass", "ZRPresetName", "KVPresetType"};
+    // Some presets have fixed sizes or one codec; their values cannot be changed.
+    const QSet<QString> fixedInSome{"ZRHasSizeConstrains", "ZRMaxWidth", "ZRMaxHeight", "ZRUsesH264"};
+    for (const KVPresetClass &presetClass : KVPresetClasses::all()) {
+        if (presetClass.isAbstractPreset()) continue;
+        const auto written = presetClass.make();
+        QVariantMap dictionary = written->dictionaryRepresentation();
+        const bool isFixed =
+            presetClass.name != "KVMP4Preset" && written->presetType() != KVMediaFileType::picture;
+        for (auto entry = dictionary.begin(); entry != dictionary.end(); ++entry) {
+            if (identity.contains(entry.key()) || (isFixed && fixedInSome.contains(entry.key()))) continue;
+            if (entry->typeId() == QMetaType::Bool) *entry = !entry->toBool();
+            if (entry->typeId() == QMetaType::LongLong) *entry = entry->toLongLong() == 1 ? 2 : 1;
+            if (entry->typeId() == QMetaType::Double) *entry = 24.0;
+            if (entry->typeId() == QMetaType::QString) *entry = "other";
+        }
+        if (dictionary.contains("ZRAudioChannels")) dictionary["KVSampleRate"] = qint64{8000};
+        const auto read = presetClass.make();
+        read->loadFromDictionary(dictionary);
+        EXPECT_EQ(read->dictionaryRepresentation(), dictionary) << presetClass.name;
+    }
 }
 
 TEST_F(KVPresetRegistryTest, StoresAllPresetsOnce) {

@@ -1,6 +1,7 @@
 #include "support/KVTestPresets.h"
 
 #include "presets/KVPresetClasses.h"
+#include "presets/settings/KVSettingsBase.h"
 
 #include <gtest/gtest.h>
 
@@ -15,6 +16,20 @@ std::shared_ptr<KVPreset> KVTestPresets::make(const QString &className, const QV
     dictionary.insert(settings);
     preset->loadFromDictionary(dictionary);
     return preset;
+}
+
+QStringList KVTestPresets::labelsOf(const KVSettingsBase &pane) {
+    QStringList labels;
+    for (const auto &option : pane.visibleOptions())
+        labels << option->name;
+    return labels;
+}
+
+std::shared_ptr<KVOptionRoot> KVTestPresets::optionOf(const KVSettingsBase &pane, const QString &label) {
+    for (const auto &option : pane.visibleOptions())
+        if (option->name == label) return option;
+    ADD_FAILURE() << "no option " << label.toStdString();
+    return nullptr;
 }
 
 QStringList KVTestPresets::argumentsOf(const KVPreset &preset, const KVMediaFileList &files) {

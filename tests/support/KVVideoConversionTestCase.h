@@ -2,6 +2,7 @@
 
 #include "presets/KVPreset.h"
 #include "support/KVTestCase.h"
+#include "support/KVTestPresets.h"
 #include "video_info/media_file/KVVideoFile.h"
 
 #include <map>
@@ -24,6 +25,23 @@ class KVVideoConversionTestCase : public KVTestCase {
     std::map<QString, QString> convert(const std::vector<Job> &jobs);
     /// What went wrong with that job: the end of what the tool said.
     QString failureOf(const QString &label) const;
+
+    /// Converts what `sourceOf` gives for each row with the row's preset (`presetClass`, `settings`), all in
+    /// one run, and hands the outputs to `check`, each in a trace of the row's name, `what`.
+    template <class Rows, class SourceOf, class Check>
+    void convertEach(const Rows &rows, SourceOf sourceOf, Check check) {
+        std::vector<Job> jobs;
+        for (const auto &row : rows)
+            jobs.push_back({row.what, KVTestPresets::make(row.presetClass, row.settings), {sourceOf(row)}});
+        const auto outputs = convert(jobs);
+        for (const auto &row : rows) {
+            SCOPED_TRACE(row.what);
+            if (const QString output = outputs.at(row.what); !output.isEmpty())
+                check(row, output);
+            else
+                ADD_FAILURE() << failureOf(row.what).toStdString();
+        }
+    }
 
     static std::shared_ptr<KVVideoFile> probed(const QString &path);
     static constexpr double seconds = 0.6; ///< Of the clips.

@@ -109,11 +109,7 @@ bool KVVideoConversion::_authorDVD() {
 QString KVVideoConversion::_videoFormatOfDisc() const {
     const auto preset = _dvdPreset();
     if (!preset) KVFatalError("A disc is authored with a preset for discs!");
-    const double framerate = preset->framerate;
-    const bool isNTSC =
-        framerate != 25.0 &&
-        (framerate == 29.97 || KVPreferences::shared().boolean(KVPreferenceKeys::UsesNTSCFormat, false));
-    return isNTSC ? "NTSC" : "PAL";
+    return preset->isNTSC() ? "NTSC" : "PAL";
 }
 
 void KVVideoConversion::_processDVDAuthoringTaskOutputFromFileHandle(KVDiscTool &tool, KVFileHandle &handle) {

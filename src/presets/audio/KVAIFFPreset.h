@@ -1,20 +1,14 @@
 #pragma once
 
-#include "presets/audio/base/KVAudioPreset.h"
+#include "presets/audio/KVAudioPresetTable.h"
+#include "presets/audio/base/KVFixedFrequencyPreset.h"
+#include "presets/audio/base/KVTabulatedAudioPreset.h"
 
 /// AIFF, always signed and the high byte first.
-class KVAIFFPreset : public KVAudioPreset {
+class KVAIFFPreset
+    : public KVPresetWithFields<KVAIFFPreset,
+                                KVTabulatedAudioPreset<KVFixedFrequencyPreset, KVAudioPresetTable::aiff>> {
   public:
-    qint64 frequency = 44100; ///< Hertz.
-    qint64 sampleBits = 24;
-
-    QString defaultName() const override { return "AIFF"; }
-    QString localizedFormatDescription() const override;
-    std::optional<QString> pathExtension() const override { return "aiff"; }
-    std::optional<QString> fileType() const override { return "aiff"; }
-    std::unique_ptr<KVAudioFormat> audioFormat() const override;
-    KVAudioFormatClass audioFormatClass() const override;
-    QVariantMap dictionaryRepresentation() const override;
-    void loadFromDictionary(const QVariantMap &dictionary) override;
+    static const KVPresetFields<KVAIFFPreset> &fields();
     std::shared_ptr<KVSettingsBase> settings() override;
 };

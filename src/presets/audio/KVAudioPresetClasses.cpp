@@ -1,14 +1,8 @@
 #include "presets/KVPresetClasses.h"
-#include "presets/audio/KVAACPreset.h"
 #include "presets/audio/KVAIFFPreset.h"
 #include "presets/audio/KVAppleLosslessPreset.h"
-#include "presets/audio/KVFLACPreset.h"
-#include "presets/audio/KVM4APreset.h"
-#include "presets/audio/KVMP2Preset.h"
-#include "presets/audio/KVMP3Preset.h"
-#include "presets/audio/KVVobPreset.h"
+#include "presets/audio/KVAudioPresets.h"
 #include "presets/audio/KVWAVPreset.h"
-#include "presets/audio/KVWMAPreset.h"
 
 std::vector<KVPresetClass> KVPresetClasses::audioPresetClasses() {
     using Row = KVPresetClass;

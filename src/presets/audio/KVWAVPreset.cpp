@@ -1,21 +1,11 @@
 #include "presets/audio/KVWAVPreset.h"
 
-#include "presets/KVPresetFields.h"
 #include "presets/audio/KVFixedFrequencyOptions.h"
 #include "presets/formats/audio_track/KVWAVFormat.h"
 #include "presets/settings/KVAudioTrackFormatSettings.h"
 #include "presets/settings/KVBooleanOption.h"
 
 namespace {
-
-const KVPresetFields<KVWAVPreset> &fields() {
-    static const auto fields = KVPresetFields<KVWAVPreset>()
-                                   .integer("KVFrequency", &KVWAVPreset::frequency, 44100)
-                                   .integer("ZRWAVSampleBits", &KVWAVPreset::sampleBits, 24)
-                                   .boolean("ZRWAVUsesBigEndian", &KVWAVPreset::usesBigEndian)
-                                   .boolean("ZRWAVUsesUnsignedIntegers", &KVWAVPreset::usesUnsignedIntegers);
-    return fields;
-}
 
 std::shared_ptr<KVOptionBase<KVWAVPreset>> unsignedOption(const std::shared_ptr<KVWAVPreset> &preset) {
     return std::make_shared<KVBooleanOption<KVWAVPreset>>(
@@ -33,33 +23,20 @@ std::shared_ptr<KVOptionBase<KVWAVPreset>> encodingOption(const std::shared_ptr<
 
 } // namespace
 
-QString KVWAVPreset::localizedFormatDescription() const {
-    return KVLocalizationCenter::localized("Audio: WAV");
-}
-
 std::unique_ptr<KVAudioFormat> KVWAVPreset::audioFormat() const {
-    auto format = KVAudioPreset::audioFormat();
+    auto format = KVFixedFrequencyPreset::audioFormat();
     auto &wav = static_cast<KVWAVFormat &>(*format);
-    wav.frequency = frequency;
-    wav.sampleBits = sampleBits;
     wav.usesUnsignedIntegers = usesUnsignedIntegers;
     wav.usesBigEndian = usesBigEndian;
     return format;
 }
 
-KVAudioFormatClass KVWAVPreset::audioFormatClass() const {
-    return KVAudioFormatClass::of<KVWAVFormat>();
-}
-
-QVariantMap KVWAVPreset::dictionaryRepresentation() const {
-    QVariantMap dictionary = KVAudioPreset::dictionaryRepresentation();
-    fields().save(*this, dictionary);
-    return dictionary;
-}
-
-void KVWAVPreset::loadFromDictionary(const QVariantMap &dictionary) {
-    KVAudioPreset::loadFromDictionary(dictionary);
-    fields().load(*this, dictionary);
+const KVPresetFields<KVWAVPreset> &KVWAVPreset::fields() {
+    static const auto fields = KVPresetFields<KVWAVPreset>()
+                                   .integer("ZRWAVSampleBits", &KVWAVPreset::sampleBits, 24)
+                                   .boolean("ZRWAVUsesBigEndian", &KVWAVPreset::usesBigEndian)
+                                   .boolean("ZRWAVUsesUnsignedIntegers", &KVWAVPreset::usesUnsignedIntegers);
+    return fields;
 }
 
 std::shared_ptr<KVSettingsBase> KVWAVPreset::settings() {

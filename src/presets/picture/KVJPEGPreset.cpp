@@ -1,28 +1,12 @@
 #include "presets/picture/KVJPEGPreset.h"
 
 #include "kvcore/KVLocalizationCenter.h"
-#include "presets/KVPresetFields.h"
 #include "presets/picture/KVPictureSettings.h"
 
-namespace {
-
-const KVPresetFields<KVJPEGPreset> &fields() {
+const KVPresetFields<KVJPEGPreset> &KVJPEGPreset::fields() {
     static const auto all =
         KVPresetFields<KVJPEGPreset>().integer("ZRJPEGCompression", &KVJPEGPreset::compression, 95);
     return all;
-}
-
-} // namespace
-
-QVariantMap KVJPEGPreset::dictionaryRepresentation() const {
-    QVariantMap dictionary = KVNSImageBasedPreset::dictionaryRepresentation();
-    fields().save(*this, dictionary);
-    return dictionary;
-}
-
-void KVJPEGPreset::loadFromDictionary(const QVariantMap &dictionary) {
-    KVNSImageBasedPreset::loadFromDictionary(dictionary);
-    fields().load(*this, dictionary);
 }
 
 QString KVJPEGPreset::localizedFormatDescription() const {

@@ -1,28 +1,12 @@
 #include "presets/picture/KVPNGPreset.h"
 
 #include "kvcore/KVLocalizationCenter.h"
-#include "presets/KVPresetFields.h"
 #include "presets/picture/KVPictureSettings.h"
 
-namespace {
-
-const KVPresetFields<KVPNGPreset> &fields() {
+const KVPresetFields<KVPNGPreset> &KVPNGPreset::fields() {
     static const auto all =
         KVPresetFields<KVPNGPreset>().boolean("ZRPNGInterlaced", &KVPNGPreset::isInterlaced);
     return all;
-}
-
-} // namespace
-
-QVariantMap KVPNGPreset::dictionaryRepresentation() const {
-    QVariantMap dictionary = KVNSImageBasedPreset::dictionaryRepresentation();
-    fields().save(*this, dictionary);
-    return dictionary;
-}
-
-void KVPNGPreset::loadFromDictionary(const QVariantMap &dictionary) {
-    KVNSImageBasedPreset::loadFromDictionary(dictionary);
-    fields().load(*this, dictionary);
 }
 
 QString KVPNGPreset::localizedFormatDescription() const {

@@ -1,24 +1,6 @@
 #include "presets/picture/KVPicturePreset.h"
 
 #include "kvcore/KVFatalError.h"
-#include "presets/KVPresetFields.h"
-
-namespace {
-
-const KVPresetFields<KVPicturePreset> &fields() {
-    using Preset = KVPicturePreset;
-    static const auto all =
-        KVPresetFields<Preset>()
-            .boolean("ZRAlsoScaleUp", &Preset::allowsScalingUp, &Preset::setAllowsScalingUp)
-            .boolean("ZRHasPercentageScaling", &Preset::hasPercentageScaling)
-            .boolean("ZRHasSizeConstrains", &Preset::hasSizeConstrains, &Preset::setHasSizeConstrains)
-            .integer("ZRMaxHeight", &Preset::maxHeight, &Preset::setMaxHeight)
-            .integer("ZRMaxWidth", &Preset::maxWidth, &Preset::setMaxWidth)
-            .integer("ZRPercentageScaling", &Preset::scalingPercentage, &Preset::setScalingPercentage);
-    return all;
-}
-
-} // namespace
 
 KVResult<QUrl> KVPicturePreset::convertPictureFile(const std::shared_ptr<KVPictureFile> &,
                                                    const QUrl &) const {
@@ -43,13 +25,15 @@ KVSize KVPicturePreset::_sizeWithinLimits(const KVSize &size) const {
     return KVSizeFitting::fitInto(size, maximum, _allowsScalingUp);
 }
 
-QVariantMap KVPicturePreset::dictionaryRepresentation() const {
-    QVariantMap dictionary = KVPreset::dictionaryRepresentation();
-    fields().save(*this, dictionary);
-    return dictionary;
-}
-
-void KVPicturePreset::loadFromDictionary(const QVariantMap &dictionary) {
-    KVPreset::loadFromDictionary(dictionary);
-    fields().load(*this, dictionary);
+const KVPresetFields<KVPicturePreset> &KVPicturePreset::fields() {
+    using Preset = KVPicturePreset;
+    static const auto all =
+        KVPresetFields<Preset>()
+            .boolean("ZRAlsoScaleUp", &Preset::allowsScalingUp, &Preset::setAllowsScalingUp)
+            .boolean("ZRHasPercentageScaling", &Preset::hasPercentageScaling)
+            .boolean("ZRHasSizeConstrains", &Preset::hasSizeConstrains, &Preset::setHasSizeConstrains)
+            .integer("ZRMaxHeight", &Preset::maxHeight, &Preset::setMaxHeight)
+            .integer("ZRMaxWidth", &Preset::maxWidth, &Preset::setMaxWidth)
+            .integer("ZRPercentageScaling", &Preset::scalingPercentage, &Preset::setScalingPercentage);
+    return all;
 }

@@ -3,13 +3,16 @@
 #include "kvcore/KVError.h"
 #include "presets/KVPercentScalablePreset.h"
 #include "presets/KVPreset.h"
+#include "presets/KVPresetWithFields.h"
 #include "presets/KVSizeRestrictedPreset.h"
 #include "util/KVSizeFitting.h"
 
 class KVPictureFile;
 
 /// Base of the presets that convert still pictures within the program. Decides the size of the result.
-class KVPicturePreset : public KVPreset, public KVSizeRestrictedPreset, public KVPercentScalablePreset {
+class KVPicturePreset : public KVPresetWithFields<KVPicturePreset, KVPreset>,
+                        public KVSizeRestrictedPreset,
+                        public KVPercentScalablePreset {
   public:
     bool hasPercentageScaling = false;
 
@@ -32,8 +35,7 @@ class KVPicturePreset : public KVPreset, public KVSizeRestrictedPreset, public K
     /// What becomes of a picture of this size: the percentage first, then the limits.
     KVSize scaledSize(const KVSize &size) const;
 
-    QVariantMap dictionaryRepresentation() const override;
-    void loadFromDictionary(const QVariantMap &dictionary) override;
+    static const KVPresetFields<KVPicturePreset> &fields();
     KVMediaFileType presetType() const override { return KVMediaFileType::picture; }
 
   protected:

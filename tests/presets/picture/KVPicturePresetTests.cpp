@@ -5,19 +5,13 @@
 #include "presets/picture/KVPNGPreset.h"
 #include "presets/settings/KVSettingsBase.h"
 #include "support/KVTestCase.h"
+#include "support/KVTestPresets.h"
 
 #include <algorithm>
 
 namespace {
 
 class KVPicturePresetTest : public KVTestCase {};
-
-QStringList optionNames(KVPreset &preset) {
-    QStringList names;
-    for (const auto &option : preset.settings()->visibleOptions())
-        names += option->name;
-    return names;
-}
 
 } // namespace
 
@@ -57,38 +51,6 @@ TEST_F(KVPicturePresetTest, ScalesByThePercentageAndThenFitsIntoTheLimits) {
     }
 }
 
-TEST_F(KVPicturePresetTest, HasAPresetForEachKindOfFile) {
-    QStringList found;
-    for (const KVPresetClass &row : KVPresetClasses::picturePresetClasses()) {
-        if (row.isAbstractPreset()) continue;
-        const auto preset = row.make();
-        found += preset->name + '/' + *preset->pathExtension() + '/' + preset->localizedFormatDescription();
-    }
-    EXPECT_EQ(found, (QStringList{"BMP/bmp/BMP format.", "GIF/gif/GIF format.",
-                                  "JPEG/jpg/JPEG format with 95% compression.", "PNG/png/PNG format.",
-                                  "TIFF/tiff/TIFF format."}));
-}
-
-TEST_F(KVPicturePresetTest, KeepsItsFieldsUnderTheStoredKeys) {
-    const auto preset = KVPreset::make<KVJPEGPreset>();
-    const QVariantMap changes{{"ZRAlsoScaleUp", true},         {"ZRHasPercentageScaling", true},
-                              {"ZRHasSizeConstrains", true},   {"ZRMaxHeight", qint64{3}},
-                              {"ZRMaxWidth", qint64{4}},       {"ZRPercentageScaling", qint64{5}},
-                              {"ZRJPEGCompression", qint64{6}}};
-    QVariantMap stored = preset->dictionaryRepresentation();
-    EXPECT_EQ(stored.value("ZRJPEGCompression"), QVariant(95));
-    EXPECT_EQ(stored.value("ZRPresetClass"), QVariant("Kalvora.KVJPEGPreset"));
-    stored.insert(changes);
-    preset->loadFromDictionary(stored);
-    EXPECT_EQ(preset->dictionaryRepresentation(), stored);
-    EXPECT_EQ(preset->properties(), (QVariantMap{{NSImageCompressionFactor, 0.06}}));
-
-    const auto png = KVPreset::make<KVPNGPreset>();
-    png->loadFromDictionary({{"ZRPNGInterlaced", true}, {"ZRJPEGCompression", 6}});
-    EXPECT_EQ(png->properties(), (QVariantMap{{NSImageInterlaced, true}}));
-    EXPECT_FALSE(png->dictionaryRepresentation().contains("ZRJPEGCompression"));
-}
-
 TEST_F(KVPicturePresetTest, ListsItsOwnOptionBeforeThoseOfTheSize) {
     const QStringList ofAll{"Scale by percentage", "Constrain size"};
     for (const KVPresetClass &row : KVPresetClasses::picturePresetClasses()) {
@@ -97,7 +59,7 @@ TEST_F(KVPicturePresetTest, ListsItsOwnOptionBeforeThoseOfTheSize) {
         const QStringList own = preset->name == "JPEG"  ? QStringList{"Compression (%):"}
                                 : preset->name == "PNG" ? QStringList{"Interlaced"}
                                                         : QStringList{};
-        EXPECT_EQ(optionNames(*preset), own + ofAll) << preset->name.toStdString();
+        EXPECT_EQ(KVTestPresets::labelsOf(*preset->settings()), own + ofAll) << preset->name.toStdString();
     }
     const auto jpeg = KVPreset::make<KVJPEGPreset>();
     const auto compression = jpeg->settings()->visibleOptions().front();

@@ -108,31 +108,6 @@ TEST_F(KVSpecialPresetTest, SoundAloneGivesThePicturePresetsNoList) {
         EXPECT_EQ(argumentsOf(*make(presetClass), {sound("mp3")}), QStringList()) << presetClass;
 }
 
-TEST_F(KVSpecialPresetTest, NamesAndDescriptions) {
-    struct Row {
-        const char *presetClass, *name, *description;
-    };
-    const Row rows[]{
-        {"KVRemuxPreset", "Remux",
-         "This preset only changes the video's container and does no transcoding.\n\nCurrent format "
-         "selected: avi"},
-        {"KVVideoRemuxPreset", "Remux With Audio Conversion",
-         "This preset  changes the video's container and transcodes audio.\n\nCurrent format selected: avi "
-         "mp3"},
-        {"KVCropPreset", "Crop", "This preset crops or pads your video."},
-        {"KVTransformPreset", "Transform Preset", "Rotates or flips video."},
-        {"KVWebOptimization", "Web Optimization",
-         "This preset moves the MooV atom in the movies to the front. Works only on MP4 files."},
-        {"KVGIFAnimationPreset", "GIF Animation", "This preset creates an animated GIF file."},
-        {"KViPhoneRingtonePreset", "iPhone Ringtone", "iPhone Ringtone"},
-        {"KVVolumeAdjustingPreset", "Volume Adjustment", "Audio and Video: Audio Adjustment"},
-    };
-    for (const Row &row : rows) {
-        EXPECT_EQ(make(row.presetClass)->name, row.name);
-        EXPECT_EQ(make(row.presetClass)->localizedFormatDescription(), row.description);
-    }
-}
-
 TEST_F(KVSpecialPresetTest, WebOptimizationRefusesWhatIsNoMP4) {
     const auto questions = std::make_shared<KVScriptedQuestions>();
     KVUserQuestion::setResponder(questions);

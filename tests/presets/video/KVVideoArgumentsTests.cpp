@@ -60,53 +60,64 @@ TEST_F(KVVideoArgumentsTest, EveryPresetWritesItsList) {
         const char *presetClass;
         const char *want; // between the input and the mapping
         const char *end;
+        const char *defaults; // the bitrates of custom quality where the user gives none
+    };
+    const auto valueBehind = [](const QStringList &arguments, const char *option) {
+        return arguments.contains(option) ? QStringList(arguments.value(arguments.indexOf(option) + 1))
+                                          : QStringList();
     };
     // clang-format off
     const PresetRow rows[]{
-        {"KVMP4Preset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2100k -maxrate 2900k -bufsize 4M {x264 5 31 umh 7 51 high} {aac 128k} -sn -f mp4", "mp4"},
-        {"KVMKVPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2100k -maxrate 2900k -bufsize 4M {x264 5 31 umh 7 51 high} {aac 128k} -sn -f matroska", "mkv"},
-        {"KVHTTPLiveStreamingPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2100k -maxrate 2900k -bufsize 4M {x264 5 31 umh 7 51 baseline} {aac 128k} -sn -f mp4", "mp4"},
-        {"KVMP4MPEG4BasedPreset", "-s 1920x1080 -aspect 1920:1080 {threads 6} -c:v mpeg4 -b:v 5000k -fflags +igndts -g 300 -q 1 -async 50 -c:a:0 libmp3lame -ac:a:0 2 -ar:a:0 44100 -b:a:0 128k -sn -f mp4", "mp4"},
-        {"KVHEVCPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx265 -b:v 2900k -preset medium -tag:v hvc1 {aac 128k} -sn -f mov", "mov"},
-        {"KVProResPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v prores -b:v 128000k {aac 128k} -sn", "mov"},
-        {"KVTheoraPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libtheora -b:v 3300k -c:a:0 libvorbis -ac:a:0 2 -b:a:0 128k -sn", "ogg"},
-        {"KVWebMPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libvpx -b:v 3300k -qmin 20 -qmax 48 -rc_lookahead 20 -c:a:0 libvorbis -ac:a:0 2 -b:a:0 128k -sn", "webm"},
-        {"KVWMVPreset", "-s 1920x1080 -aspect 1920:1080 -c:v wmv2 -b:v 3100k -c:a:0 wmav2 -ac:a:0 2 -b:a:0 128k -sn", "wmv"},
-        {"KVFLVPreset", "-s 1920x1080 -aspect 1920:1080 -c:v flv -b:v 3900k -g 200 -qmin 5 -async 50 -c:a:0 libmp3lame -ac:a:0 2 -ar:a:0 44100 -b:a:0 128k -sn -f flv", "flv"},
-        {"KVDivXPreset", "-s 1920x1080 -aspect 1920:1080 {threads 6} -c:v mpeg4 -b:v 5000k -fflags +igndts -g 300 -q 1 -async 50 -vtag DX50 -c:a:0 libmp3lame -ac:a:0 2 -b:a:0 128k -sn", "avi"},
-        {"KVXvidPreset", "-s 1920x1080 -aspect 1920:1080 {threads 6} -c:v mpeg4 -b:v 5000k -fflags +igndts -g 300 -q 1 -async 50 -vtag XVID -c:a:0 libmp3lame -ac:a:0 2 -b:a:0 128k -sn", "avi"},
-        {"KVMPEG1Preset", "-s 1920x1080 -aspect 1920:1080 -c:v mpeg1video -r pal -b:v 5800k -c:a:0 mp2 -ac:a:0 2 -b:a:0 128k -sn", "mpeg"},
-        {"KVMPEG2Preset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v mpeg2video -r pal -b:v 6000k -ps 2000000000 -c:a:0 ac3 -ac:a:0 2 -b:a:0 128k -sn -f dvd", "vob"},
-        {"KVDVDPreset", "-filter:v \"scale='w=min(720,trunc((576*11/16*dar)/2+0.5)*2):h=min(576,trunc((720*16/11/dar)/2+0.5)*2)',pad='w=720:h=576:x=(ow-iw)/2:y=(oh-ih)/2',setsar='r=16/11'\" {threads 16} -c:v mpeg2video -r pal -b:v 6000k -ps 2000000000 -target pal-dvd -c:a:0 ac3 -ac:a:0 2 -b:a:0 128k -sn -f dvd", "vob"},
-        {"KVPS3Preset", "-s 640x360 -aspect 640:360 {threads 16} -c:v libx264 -b:v 726k -maxrate 976k -bufsize 4M {x264 0 0 hex 7 0 baseline} {aac 128k} -sn -f ipod", "mp4"},
-        {"KVXboxPreset", "-s 1280x720 -aspect 1280:720 {threads 16} -c:v mpeg4 -b:v 2550k -fflags +igndts -g 300 -q 1 -async 50 {aac 128k} -sn -f mp4", "mp4"},
-        {"KViPodPreset", "-s 320x180 -aspect 320:180 {threads 16} -c:v libx264 -b:v 326k -maxrate 436k -bufsize 4M {x264 5 23 umh 7 13 baseline} {aac 128k} -sn -f ipod", "mp4"},
-        {"KViPodNanoPreset", "-s 376x212 -aspect 376:212 {threads 16} -c:v libx264 -b:v 326k -maxrate 436k -bufsize 4M {x264 5 31 umh 7 13 baseline} {aac 128k} -sn -f ipod", "mp4"},
-        {"KViPodNano5GPreset", "-s 320x180 -aspect 320:180 {threads 16} -c:v libx264 -b:v 326k -maxrate 436k -bufsize 4M {x264 5 31 umh 7 13 baseline} {aac 128k} -sn -f ipod", "mp4"},
-        {"KViPhonePreset", "-s 480x270 -aspect 480:270 {threads 16} -c:v libx264 -b:v 544k -maxrate 732k -bufsize 4M -allow_sw 1 -copyts -movflags +faststart -qmin 10 -qmax 51 -flags +loop+mv4 -g 250 -i_qfactor 0.71 -refs 5 -trellis 1 -coder 0 -bf 0 -bt 256k -keyint_min 250 -sc_threshold 40 -me_method hex -me_range 16 -level 13 -profile baseline -qdiff 4 -vprofile baseline -cmp 256 -subq 7 {aac 128k} -sn -f ipod", "mp4"},
-        {"KViPhone4Preset", "-s 960x540 -aspect 960:540 {threads 16} -c:v libx264 -b:v 1226k -maxrate 1676k -bufsize 4M {x264 21 41 umh 7 31 baseline} {aac 128k} -sn -f ipod", "mp4"},
-        {"KViPhone5Preset", "-s 960x540 -aspect 960:540 {threads 16} -c:v libx264 -b:v 1226k -maxrate 1676k -bufsize 4M {x264 21 41 umh 7 31 baseline} {aac 128k} -sn -f ipod", "mp4"},
-        {"KViPhone5SPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2100k -maxrate 2900k -bufsize 4M {x264 21 41 umh 7 42 baseline} {aac 128k} -sn -f ipod", "mp4"},
-        {"KViPhone5CPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2100k -maxrate 2900k -bufsize 4M {x264 21 41 umh 7 42 baseline} {aac 128k} -sn -f ipod", "mp4"},
-        {"KViPhoneSEPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2100k -maxrate 2900k -bufsize 4M {x264 21 41 umh 7 42 baseline} {aac 128k} -sn -f ipod", "mp4"},
-        {"KViPhone6Preset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2100k -maxrate 2900k -bufsize 4M {x264 21 41 umh 7 41 baseline} {aac 128k} -sn -f ipod", "mp4"},
-        {"KViPhone6SPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2100k -maxrate 2900k -bufsize 4M {x264 21 41 umh 7 41 baseline} {aac 128k} -sn -f ipod", "mp4"},
-        {"KViPhone7Preset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2100k -maxrate 2900k -bufsize 4M {x264 21 41 umh 7 41 baseline} {aac 128k} -sn -f ipod", "mp4"},
-        {"KViPadPreset", "-s 1024x576 -aspect 1024:576 {threads 16} -c:v libx264 -b:v 1226k -maxrate 1676k -bufsize 4M {x264 20 35 umh 7 31 baseline} {aac 128k} -sn -f ipod", "mp4"},
-        {"KViPad3Preset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2520k -maxrate 3480k -bufsize 4M {x264 21 51 hex 16 41 baseline} {aac 128k} -sn -f ipod", "mp4"},
-        {"KVAppleTVPreset", "-s 1280x720 -aspect 1280:720 {threads 16} -c:v libx264 -b:v 1226k -maxrate 1676k -bufsize 4M {x264 21 51 umh 7 31 baseline} {aac 128k} -sn -f ipod", "mp4"},
-        {"KVAppleTV2Preset", "-s 1280x720 -aspect 1280:720 {threads 16} -c:v libx264 -b:v 1226k -maxrate 1676k -bufsize 4M {x264 21 51 hex 16 31 baseline} {aac 128k} -sn -f ipod", "mp4"},
-        {"KVAppleTV3Preset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2520k -maxrate 3480k -bufsize 4M {x264 21 51 hex 16 41 baseline} {aac 128k} -sn -f ipod", "mp4"},
-        {"KVAppleTV4Preset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2940k -maxrate 4060k -bufsize 4M {x264 21 51 hex 16 42 baseline} {aac 128k} -sn -f ipod", "mp4"},
-        {"KVAppleTV4KPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2940k -maxrate 4060k -bufsize 4M {x264 21 51 hex 16 42 main} {aac 128k} -sn -f ipod", "mp4"},
-        {"KVRokuPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2940k -maxrate 4060k -bufsize 4M {x264 21 51 hex 16 42 baseline} {aac 128k} -sn -f ipod", "mp4"},
-        {"KVPSPPreset", "-s 480x270 -aspect 480:270 {threads 16} -c:v libx264 -b:v 726k -maxrate 976k -bufsize 4M -allow_sw 1 -copyts -movflags +faststart -qmin 25 -qmax 40 -flags +loop -g 300 -i_qfactor 0.71 -refs 1 -trellis 2 -coder 1 -bf 0 -bt 256k -keyint_min 250 -sc_threshold 40 -me_method epzs -me_range 16 -level 30 -profile baseline -qdiff 4 -mbd 2 -cmp 2 -subcmp 2 -cmp +chroma -subq 1 -rc_eq 'blurCplx^(1-qComp)' {aac 128k} -sn -f psp", "mp4"},
+        {"KVMP4Preset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2100k -maxrate 2900k -bufsize 4M {x264 5 31 umh 7 51 high} {aac 128k} -sn -f mp4", "mp4", "800k 1200k 128k"},
+        {"KVMKVPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2100k -maxrate 2900k -bufsize 4M {x264 5 31 umh 7 51 high} {aac 128k} -sn -f matroska", "mkv", "800k 1200k 128k"},
+        {"KVHTTPLiveStreamingPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2100k -maxrate 2900k -bufsize 4M {x264 5 31 umh 7 51 baseline} {aac 128k} -sn -f mp4", "mp4", "800k 1200k 128k"},
+        {"KVMP4MPEG4BasedPreset", "-s 1920x1080 -aspect 1920:1080 {threads 6} -c:v mpeg4 -b:v 5000k -fflags +igndts -g 300 -q 1 -async 50 -c:a:0 libmp3lame -ac:a:0 2 -ar:a:0 44100 -b:a:0 128k -sn -f mp4", "mp4", "800k 128k"},
+        {"KVHEVCPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx265 -b:v 2900k -preset medium -tag:v hvc1 {aac 128k} -sn -f mov", "mov", "1000k 128k"},
+        {"KVProResPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v prores -b:v 128000k {aac 128k} -sn", "mov", "50000k 256k"},
+        {"KVTheoraPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libtheora -b:v 3300k -c:a:0 libvorbis -ac:a:0 2 -b:a:0 128k -sn", "ogg", "1200k 128k"},
+        {"KVWebMPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libvpx -b:v 3300k -qmin 20 -qmax 48 -rc_lookahead 20 -c:a:0 libvorbis -ac:a:0 2 -b:a:0 128k -sn", "webm", "1200k 128k"},
+        {"KVWMVPreset", "-s 1920x1080 -aspect 1920:1080 -c:v wmv2 -b:v 3100k -c:a:0 wmav2 -ac:a:0 2 -b:a:0 128k -sn", "wmv", "600k 128k"},
+        {"KVFLVPreset", "-s 1920x1080 -aspect 1920:1080 -c:v flv -b:v 3900k -g 200 -qmin 5 -async 50 -c:a:0 libmp3lame -ac:a:0 2 -ar:a:0 44100 -b:a:0 128k -sn -f flv", "flv", "750k 128k"},
+        {"KVDivXPreset", "-s 1920x1080 -aspect 1920:1080 {threads 6} -c:v mpeg4 -b:v 5000k -fflags +igndts -g 300 -q 1 -async 50 -vtag DX50 -c:a:0 libmp3lame -ac:a:0 2 -b:a:0 128k -sn", "avi", "1024k 128k"},
+        {"KVXvidPreset", "-s 1920x1080 -aspect 1920:1080 {threads 6} -c:v mpeg4 -b:v 5000k -fflags +igndts -g 300 -q 1 -async 50 -vtag XVID -c:a:0 libmp3lame -ac:a:0 2 -b:a:0 128k -sn", "avi", "1024k 128k"},
+        {"KVMPEG1Preset", "-s 1920x1080 -aspect 1920:1080 -c:v mpeg1video -r pal -b:v 5800k -c:a:0 mp2 -ac:a:0 2 -b:a:0 128k -sn", "mpeg", "1000k 128k"},
+        {"KVMPEG2Preset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v mpeg2video -r pal -b:v 6000k -ps 2000000000 -c:a:0 ac3 -ac:a:0 2 -b:a:0 128k -sn -f dvd", "vob", "7500k 192k"},
+        {"KVDVDPreset", "-filter:v \"scale='w=min(720,trunc((576*11/16*dar)/2+0.5)*2):h=min(576,trunc((720*16/11/dar)/2+0.5)*2)',pad='w=720:h=576:x=(ow-iw)/2:y=(oh-ih)/2',setsar='r=16/11'\" {threads 16} -c:v mpeg2video -r pal -b:v 6000k -ps 2000000000 -target pal-dvd -c:a:0 ac3 -ac:a:0 2 -b:a:0 128k -sn -f dvd", "vob", "7500k 192k"},
+        {"KVPS3Preset", "-s 640x360 -aspect 640:360 {threads 16} -c:v libx264 -b:v 726k -maxrate 976k -bufsize 4M {x264 0 0 hex 7 0 baseline} {aac 128k} -sn -f ipod", "mp4", "3000k 4500k 128k"},
+        {"KVXboxPreset", "-s 1280x720 -aspect 1280:720 {threads 16} -c:v mpeg4 -b:v 2550k -fflags +igndts -g 300 -q 1 -async 50 {aac 128k} -sn -f mp4", "mp4", "2500k 192k"},
+        {"KViPodPreset", "-s 320x180 -aspect 320:180 {threads 16} -c:v libx264 -b:v 326k -maxrate 436k -bufsize 4M {x264 5 23 umh 7 13 baseline} {aac 128k} -sn -f ipod", "mp4", "250k 384k 128k"},
+        {"KViPodNanoPreset", "-s 376x212 -aspect 376:212 {threads 16} -c:v libx264 -b:v 326k -maxrate 436k -bufsize 4M {x264 5 31 umh 7 13 baseline} {aac 128k} -sn -f ipod", "mp4", "200k 384k 128k"},
+        {"KViPodNano5GPreset", "-s 320x180 -aspect 320:180 {threads 16} -c:v libx264 -b:v 326k -maxrate 436k -bufsize 4M {x264 5 31 umh 7 13 baseline} {aac 128k} -sn -f ipod", "mp4", "200k 384k 128k"},
+        {"KViPhonePreset", "-s 480x270 -aspect 480:270 {threads 16} -c:v libx264 -b:v 544k -maxrate 732k -bufsize 4M -allow_sw 1 -copyts -movflags +faststart -qmin 10 -qmax 51 -flags +loop+mv4 -g 250 -i_qfactor 0.71 -refs 5 -trellis 1 -coder 0 -bf 0 -bt 256k -keyint_min 250 -sc_threshold 40 -me_method hex -me_range 16 -level 13 -profile baseline -qdiff 4 -vprofile baseline -cmp 256 -subq 7 {aac 128k} -sn -f ipod", "mp4", "526k 676k 128k"},
+        {"KViPhone4Preset", "-s 960x540 -aspect 960:540 {threads 16} -c:v libx264 -b:v 1226k -maxrate 1676k -bufsize 4M {x264 21 41 umh 7 31 baseline} {aac 128k} -sn -f ipod", "mp4", "1000k 1800k 128k"},
+        {"KViPhone5Preset", "-s 960x540 -aspect 960:540 {threads 16} -c:v libx264 -b:v 1226k -maxrate 1676k -bufsize 4M {x264 21 41 umh 7 31 baseline} {aac 128k} -sn -f ipod", "mp4", "1000k 1800k 128k"},
+        {"KViPhone5SPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2100k -maxrate 2900k -bufsize 4M {x264 21 41 umh 7 42 baseline} {aac 128k} -sn -f ipod", "mp4", "1200k 2100k 128k"},
+        {"KViPhone5CPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2100k -maxrate 2900k -bufsize 4M {x264 21 41 umh 7 42 baseline} {aac 128k} -sn -f ipod", "mp4", "1200k 2100k 128k"},
+        {"KViPhoneSEPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2100k -maxrate 2900k -bufsize 4M {x264 21 41 umh 7 42 baseline} {aac 128k} -sn -f ipod", "mp4", "1200k 2100k 128k"},
+        {"KViPhone6Preset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2100k -maxrate 2900k -bufsize 4M {x264 21 41 umh 7 41 baseline} {aac 128k} -sn -f ipod", "mp4", "1600k 2200k 128k"},
+        {"KViPhone6SPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2100k -maxrate 2900k -bufsize 4M {x264 21 41 umh 7 41 baseline} {aac 128k} -sn -f ipod", "mp4", "1600k 2200k 128k"},
+        {"KViPhone7Preset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2100k -maxrate 2900k -bufsize 4M {x264 21 41 umh 7 41 baseline} {aac 128k} -sn -f ipod", "mp4", "1600k 2200k 128k"},
+        {"KViPadPreset", "-s 1024x576 -aspect 1024:576 {threads 16} -c:v libx264 -b:v 1226k -maxrate 1676k -bufsize 4M {x264 20 35 umh 7 31 baseline} {aac 128k} -sn -f ipod", "mp4", "1000k 1800k 128k"},
+        {"KViPad3Preset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2520k -maxrate 3480k -bufsize 4M {x264 21 51 hex 16 41 baseline} {aac 128k} -sn -f ipod", "mp4", "1200k 2160k 128k"},
+        {"KVAppleTVPreset", "-s 1280x720 -aspect 1280:720 {threads 16} -c:v libx264 -b:v 1226k -maxrate 1676k -bufsize 4M {x264 21 51 umh 7 31 baseline} {aac 128k} -sn -f ipod", "mp4", "1000k 1800k 128k"},
+        {"KVAppleTV2Preset", "-s 1280x720 -aspect 1280:720 {threads 16} -c:v libx264 -b:v 1226k -maxrate 1676k -bufsize 4M {x264 21 51 hex 16 31 baseline} {aac 128k} -sn -f ipod", "mp4", "1000k 1800k 128k"},
+        {"KVAppleTV3Preset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2520k -maxrate 3480k -bufsize 4M {x264 21 51 hex 16 41 baseline} {aac 128k} -sn -f ipod", "mp4", "1200k 2160k 128k"},
+        {"KVAppleTV4Preset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2940k -maxrate 4060k -bufsize 4M {x264 21 51 hex 16 42 baseline} {aac 128k} -sn -f ipod", "mp4", "1680k 2800k 128k"},
+        {"KVAppleTV4KPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2940k -maxrate 4060k -bufsize 4M {x264 21 51 hex 16 42 main} {aac 128k} -sn -f ipod", "mp4", "1680k 2800k 128k"},
+        {"KVRokuPreset", "-s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx264 -b:v 2940k -maxrate 4060k -bufsize 4M {x264 21 51 hex 16 42 baseline} {aac 128k} -sn -f ipod", "mp4", "1680k 2800k 128k"},
+        {"KVPSPPreset", "-s 480x270 -aspect 480:270 {threads 16} -c:v libx264 -b:v 726k -maxrate 976k -bufsize 4M -allow_sw 1 -copyts -movflags +faststart -qmin 25 -qmax 40 -flags +loop -g 300 -i_qfactor 0.71 -refs 1 -trellis 2 -coder 1 -bf 0 -bt 256k -keyint_min 250 -sc_threshold 40 -me_method epzs -me_range 16 -level 30 -profile baseline -qdiff 4 -mbd 2 -cmp 2 -subcmp 2 -cmp +chroma -subq 1 -rc_eq 'blurCplx^(1-qComp)' {aac 128k} -sn -f psp", "mp4", "1000k 1800k 128k"},
     };
     // clang-format on
-    for (const PresetRow &row : rows)
+    for (const PresetRow &row : rows) {
         expectArguments(
             row.presetClass, argumentsOf(*make(row.presetClass), {video()}),
             expand(QString("-y -i /in/clip.mkv %1 -map 0:0 -map 0:1 {end %2}").arg(row.want, row.end)));
+        const auto custom = make(row.presetClass, {{"KVVideoTrackQuality", 3}, {"KVAudioTrackQuality", 3}});
+        const QStringList got = argumentsOf(*custom, {video()});
+        expectArguments(row.presetClass,
+                        valueBehind(got, "-b:v") + valueBehind(got, "-maxrate") + valueBehind(got, "-b:a:0"),
+                        list(row.defaults));
+    }
 }
 
 TEST_F(KVVideoArgumentsTest, SettingsAndSourcesChangeTheList) {
@@ -162,6 +173,15 @@ TEST_F(KVVideoArgumentsTest, SettingsAndSourcesChangeTheList) {
          "-async 50 -mbd 2 -flags +4mv -trellis 2 -aic 2 -cmp 2 -subcmp 2 -an -sn -f psp -map 0:0 {end mp4}"},
         {"profile of ProRes", "KVProResPreset", {{"KVProfile", 0}}, {.channels = 0},
          "-y -i /in/clip.mkv -s 1920x1080 -aspect 1920:1080 {threads 16} -c:v prores -b:v 128000k -profile:v 0 -an -sn -map 0:0 {end mov}"},
+        {"HEVC in MKV", "KVHEVCPreset", {{"ContainerFormat", 1}}, {.channels = 0, .subtitleFormats = {"subrip"}},
+         "-y -i /in/clip.mkv -s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx265 -b:v 2900k -preset medium -an "
+         "-c:s ass -f matroska -map 0:0 -map 0:1 {end mkv}"},
+        {"HEVC in MP4", "KVHEVCPreset", {{"ContainerFormat", 2}}, {.channels = 0, .subtitleFormats = {"subrip"}},
+         "-y -i /in/clip.mkv -s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx265 -b:v 2900k -preset medium -an "
+         "-c:s mov_text -f mp4 -map 0:0 -map 0:1 {end mp4}"},
+        {"a container that there is not", "KVHEVCPreset", {{"ContainerFormat", 3}}, {.channels = 0},
+         "-y -i /in/clip.mkv -s 1920x1080 -aspect 1920:1080 {threads 16} -c:v libx265 -b:v 2900k -preset medium -tag:v hvc1 "
+         "-an -sn -f mov -map 0:0 {end mov}"},
         {"the bitrate follows the constrained size", "KVMP4Preset", {{"ZRHasSizeConstrains", true}, {"ZRMaxWidth", 1280}, {"ZRMaxHeight", 720}}, {.channels = 0},
          "-y -i /in/clip.mkv -s 1280x720 -aspect 1280:720 {threads 16} -c:v libx264 -b:v 1226k -maxrate 1676k %1-an -sn -f mp4 -map 0:0 {end mp4}"},
     };

@@ -12,20 +12,6 @@ namespace {
 class KVVideoSettingsTest : public KVTestCase {
   protected:
     void SetUp() override { KVHardwareAcceleration::setResult(false); }
-
-    static QStringList labels(KVPreset &preset) {
-        QStringList names;
-        for (const auto &option : preset.settings()->visibleOptions())
-            names << option->name;
-        return names;
-    }
-
-    static std::shared_ptr<KVOptionRoot> option(KVPreset &preset, const QString &label) {
-        for (const auto &option : preset.settings()->visibleOptions())
-            if (option->name == label) return option;
-        ADD_FAILURE() << "no option " << label.toStdString();
-        return nullptr;
-    }
 };
 
 const QVariantMap customQualities{{"KVVideoTrackQuality", 3}, {"KVAudioTrackQuality", 3}};
@@ -46,6 +32,7 @@ TEST_F(KVVideoSettingsTest, ShowsTheOptionsOfEachPresetInOrder) {
     const Row rows[]{
         {"KVMP4Preset", {}, qualities + "|Constrain size"},
         {"KVMP4Preset", customQualities, custom + stereo + always + "|Constrain size"},
+        {"KVWebMPreset", customQualities, custom + stereo + always + "|Constrain size"},
         {"KVDivXPreset", customQualities, custom + always + "|Constrain size"},
         {"KVMPEG2Preset", customQualities, custom + stereo + always + "|Constrain size"},
         {"KViPhone5SPreset", {}, qualities},
@@ -60,34 +47,15 @@ TEST_F(KVVideoSettingsTest, ShowsTheOptionsOfEachPresetInOrder) {
         {"KVVolumeAdjustingPreset", {}, "Add (0.1 dB):"},
     };
     for (const Row &row : rows)
-        EXPECT_EQ(labels(*make(row.presetClass, row.settings)), row.want.split('|')) << row.presetClass;
+        EXPECT_EQ(labelsOf(*make(row.presetClass, row.settings)->settings()), row.want.split('|'))
+            << row.presetClass;
     EXPECT_EQ(make("KVWebOptimization")->settings(), nullptr);
     EXPECT_EQ(make("KViPhoneRingtonePreset")->settings(), nullptr);
 
     KVHardwareAcceleration::setResult(true);
-    EXPECT_EQ(labels(*make("KVMP4Preset")).last(), "Use Hardware Acceleration");
-    EXPECT_EQ(labels(*make("KViPodPreset")).last(), "Use Hardware Acceleration");
-    EXPECT_EQ(labels(*make("KVMP4MPEG4BasedPreset")).last(), "Constrain size");
-}
-
-TEST_F(KVVideoSettingsTest, NumbersHaveTheirLimits) {
-    struct Row {
-        const char *presetClass, *label;
-        qint64 minimum, maximum;
-    };
-    const Row rows[]{{"KVMP4Preset", "Bitrate:", 200, 100000},
-                     {"KVMP4Preset", "Max Bitrate:", 200, 100000},
-                     {"KVCropPreset", "X Offset:", 0, 1200},
-                     {"KVCropPreset", "Y Offset:", 0, 1200},
-                     {"KVCropPreset", "Width:", 0, 4000},
-                     {"KVCropPreset", "Height:", 0, 4000},
-                     {"KVVolumeAdjustingPreset", "Add (0.1 dB):", 1, 100}};
-    for (const Row &row : rows) {
-        const auto number = option(*make(row.presetClass, customQualities), row.label);
-        ASSERT_TRUE(number);
-        EXPECT_EQ(number->minValue(), row.minimum) << row.label;
-        EXPECT_EQ(number->maxValue(), row.maximum) << row.label;
-    }
+    EXPECT_EQ(labelsOf(*make("KVMP4Preset")->settings()).last(), "Use Hardware Acceleration");
+    EXPECT_EQ(labelsOf(*make("KViPodPreset")->settings()).last(), "Use Hardware Acceleration");
+    EXPECT_EQ(labelsOf(*make("KVMP4MPEG4BasedPreset")->settings()).last(), "Constrain size");
 }
 
 TEST_F(KVVideoSettingsTest, ChoicesWriteIntoThePreset) {
@@ -109,27 +77,11 @@ TEST_F(KVVideoSettingsTest, ChoicesWriteIntoThePreset) {
     };
     for (const Row &row : rows) {
         const auto preset = make(row.presetClass, customQualities);
-        const auto choice = option(*preset, row.label);
+        const auto choice = optionOf(*preset->settings(), row.label);
         ASSERT_TRUE(choice);
         EXPECT_EQ(choice->allowedValueNames(), row.choices.split('|'));
         EXPECT_EQ(choice->value(), row.choices.section('|', 0, 0)) << row.label;
         EXPECT_TRUE(choice->setValue(row.chosen));
         EXPECT_EQ(preset->dictionaryRepresentation().value(row.key), row.stored) << row.label;
     }
-}
-
-TEST_F(KVVideoSettingsTest, MeasuresOfTheSizeRowReachThePreset) {
-    const auto preset = make("KVMP4Preset");
-    const auto size = option(*preset, "Constrain size");
-    size->setValue(true);
-    const auto details = size->details();
-    ASSERT_EQ(details.size(), 3u);
-    details[0]->setValue("1280");
-    details[1]->setValue("720");
-    details[2]->setValue(true);
-    const QVariantMap stored = preset->dictionaryRepresentation();
-    EXPECT_EQ(stored.value("ZRHasSizeConstrains"), true);
-    EXPECT_EQ(stored.value("ZRMaxWidth"), 1280);
-    EXPECT_EQ(stored.value("ZRMaxHeight"), 720);
-    EXPECT_EQ(stored.value("ZRAlsoScaleUp"), true);
 }

@@ -1,5 +1,4 @@
 #include "support/KVTestMedia.h"
-#include "support/KVTestPresets.h"
 #include "support/KVTestProbe.h"
 #include "support/KVVideoConversionTestCase.h"
 
@@ -76,22 +75,14 @@ TEST_F(KVVideoShapeTest, PictureStaysUprightAndUnstretched) {
         {"odd, scaled up",          odd,          "KVMP4Preset",   800, 450, {{"ZRHasSizeConstrains", true}, {"ZRMaxWidth", 800}, {"ZRMaxHeight", 600}, {"ZRAlsoScaleUp", true}}},
     };
     // clang-format on
-    std::vector<Job> jobs;
-    for (const Row &row : rows)
-        jobs.push_back({row.what, make(row.presetClass, row.settings), {probed(row.source)}});
-    const auto outputs = convert(jobs);
-    for (const Row &row : rows) {
-        const QString output = outputs.at(row.what);
-        if (output.isEmpty()) {
-            ADD_FAILURE() << row.what << " failed: " << failureOf(row.what).toStdString();
-            continue;
-        }
+    const auto sourceOf = [](const Row &row) { return probed(row.source); };
+    convertEach(rows, sourceOf, [](const Row &row, const QString &output) {
         const auto found = KVTestProbe::probe(output);
-        EXPECT_EQ(found.width, row.width) << row.what;
-        EXPECT_EQ(found.height, row.height) << row.what;
-        EXPECT_NEAR(found.seconds, seconds, 0.2) << row.what;
-        EXPECT_EQ(KVTestProbe::flawOfSquare(KVTestProbe::middleFrame(output, seconds)), "") << row.what;
-    }
+        EXPECT_EQ(found.width, row.width);
+        EXPECT_EQ(found.height, row.height);
+        EXPECT_NEAR(found.seconds, seconds, 0.2);
+        EXPECT_EQ(KVTestProbe::flawOfSquare(KVTestProbe::middleFrame(output, seconds)), "");
+    });
 }
 
 TEST_F(KVVideoShapeTest, TransformTurnsAndMirrors) {

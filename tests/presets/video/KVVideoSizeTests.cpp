@@ -70,6 +70,35 @@ TEST_F(KVVideoSizeTest, PictureIsFittedIntoTheLimitsAndMadeEven) {
     }
 }
 
+TEST_F(KVVideoSizeTest, DevicesHaveOtherLimitsForMPEG4) {
+    struct Row {
+        const char *presetClasses;
+        const char *limits;
+    };
+    const Row rows[]{
+        {"KViPodPreset KViPodNano5GPreset", "320x240"},
+        {"KViPodNanoPreset", "376x240"},
+        {"KViPhonePreset", "480x320"},
+        {"KViPhone4Preset KViPhone5Preset KViPhone6Preset KViPhone6SPreset KViPhone7Preset KViPad3Preset "
+         "KVAppleTVPreset KVAppleTV2Preset KVAppleTV3Preset",
+         "720x432"},
+        {"KViPhone5SPreset KViPhone5CPreset KViPhoneSEPreset KVAppleTV4Preset KVAppleTV4KPreset "
+         "KVRokuPreset",
+         "640x480"},
+        {"KViPadPreset", "1024x768"},
+        {"KVPSPPreset", "480x272"},
+    };
+    for (const Row &row : rows)
+        for (const QString &presetClass : QString(row.presetClasses).split(' ')) {
+            QVariantMap settings = limits(1, 1); // What is stored for a device's size has no effect.
+            settings.insert({{"ZRUsesH264", false}, {"ZRHasSizeConstrains", false}});
+            const auto preset = make<KVSizeRestrictedVideoPreset>(presetClass, settings);
+            EXPECT_TRUE(preset->hasSizeConstrains());
+            EXPECT_EQ(preset->tags(), QStringList({"Video", row.limits, "MPEG4"}))
+                << presetClass.toStdString();
+        }
+}
+
 TEST_F(KVVideoSizeTest, TelevisionRasterFollowsTheRateAndThePreference) {
     struct Row {
         double framerate;
@@ -118,50 +147,28 @@ TEST_F(KVVideoSizeTest, TrackIsCopiedOnlyWithinAllLimits) {
         Video source;
         bool copies, statesNoSize;
     };
+    const QVariantMap still{{"KVDeinterlaceVideoTrack", true}};
+    // clang-format off
     const Row rows[]{
         {"light", "KVMP4Preset", {}, {.bitrate = 2100}, true, true},
         {"heavy", "KVMP4Preset", {}, {.bitrate = 2101}, false, false},
-        {"to be deinterlaced",
-         "KVMP4Preset",
-         {{"KVDeinterlaceVideoTrack", true}},
-         {.bitrate = 100},
-         false,
-         true},
+        {"to be deinterlaced", "KVMP4Preset", still, {.bitrate = 100}, false, true},
         {"larger than the limits", "KVMP4Preset", limits(1280, 720), {.bitrate = 100}, false, false},
         {"higher alone", "KVMP4Preset", limits(1920, 720), {.bitrate = 100}, false, false},
         {"within the limits", "KVMP4Preset", limits(1920, 1080), {.bitrate = 100}, true, true},
         {"an empty field refuses", "KVMP4Preset", limits(0, 1080), {.bitrate = 100}, false, false},
         // Measured by the limits, although it would be encoded as the small picture that it is.
-        {"small, as heavy as the limits allow",
-         "KVMP4Preset",
-         limits(1920, 1080),
-         {.width = 320, .height = 240, .bitrate = 2100},
-         true,
-         true},
-        {"the same without limits",
-         "KVMP4Preset",
-         {},
-         {.width = 320, .height = 240, .bitrate = 2100},
-         false,
-         false},
+        {"small, as heavy as the limits allow", "KVMP4Preset", limits(1920, 1080), {.width = 320, .height = 240, .bitrate = 2100}, true, true},
+        {"the same without limits", "KVMP4Preset", {}, {.width = 320, .height = 240, .bitrate = 2100}, false, false},
         {"a device's own size", "KVAppleTV3Preset", {}, {.bitrate = 2520}, true, true},
         {"too heavy for the device", "KVAppleTV3Preset", {}, {.bitrate = 2521}, false, false},
         {"too large for the device", "KViPhonePreset", {}, {.bitrate = 100}, false, false},
         {"fixed limits", "KVXboxPreset", {}, {.format = "mpeg4", .bitrate = 100}, false, false},
         {"HEVC", "KVHEVCPreset", {}, {.format = "hevc (Main)", .bitrate = 100}, true, true},
-        {"HEVC in limits",
-         "KVHEVCPreset",
-         limits(1280, 720),
-         {.format = "hevc (Main)", .bitrate = 100},
-         false,
-         false},
-        {"the rate of a disc has a name",
-         "KVDVDPreset",
-         {},
-         {.format = "mpeg2video", .width = 720, .height = 576, .bitrate = 100},
-         false,
-         false},
+        {"HEVC in limits", "KVHEVCPreset", limits(1280, 720), {.format = "hevc (Main)", .bitrate = 100}, false, false},
+        {"the rate of a disc has a name", "KVDVDPreset", {}, {.format = "mpeg2video", .width = 720, .height = 576, .bitrate = 100}, false, false},
     };
+    // clang-format on
     for (const Row &row : rows) {
         const auto preset = make<KVVideoPreset>(row.presetClass, row.settings);
         const auto source = video(row.source);
@@ -179,35 +186,20 @@ TEST_F(KVVideoSizeTest, StitchingScalesAndPads) {
         bool hasAudio;
         const char *want;
     };
+    // clang-format off
     const Row rows[]{
-        {"pillars",
-         {{640, 480}, {1280, 720}},
-         {1280, 720},
-         true,
-         "[0:v]scale=width=960:height=720, pad=1280:720:160:0[v1]; [v1] [0:a:0] [1:v:0] [1:a:0] "
-         "concat=n=2:v=1:a=1:unsafe=1 [v] [a]"},
-        {"letterbox",
-         {{2538, 1080}, {1280, 720}},
-         {1280, 720},
-         false,
+        {"pillars", {{640, 480}, {1280, 720}}, {1280, 720}, true,
+         "[0:v]scale=width=960:height=720, pad=1280:720:160:0[v1]; [v1] [0:a:0] [1:v:0] [1:a:0] concat=n=2:v=1:a=1:unsafe=1 [v] [a]"},
+        {"letterbox", {{2538, 1080}, {1280, 720}}, {1280, 720}, false,
          "[0:v]scale=width=1280:height=545, pad=1280:720:0:87[v1]; [v1] [1:v:0] concat=n=2:v=1:unsafe=1 [v]"},
-        {"labels count what is scaled",
-         {{1920, 1080}, {1280, 720}, {720, 1280}},
-         {1280, 720},
-         false,
+        {"labels count what is scaled", {{1920, 1080}, {1280, 720}, {720, 1280}}, {1280, 720}, false,
          "[0:v]scale=width=1280:height=720[v1]; [2:v]scale=width=405:height=720, pad=1280:720:437:0[v2]; "
          "[v1] [1:v:0] [v2] concat=n=3:v=1:unsafe=1 [v]"},
-        {"the same size needs no scaling",
-         {{640, 480}, {640, 480}},
-         {640, 480},
-         false,
-         "[0:v:0] [1:v:0] concat=n=2:v=1:unsafe=1 [v]"},
-        {"noise of the arithmetic is no pixel",
-         {{3600, 2700}, {700, 525}},
-         {700, 525},
-         false,
+        {"the same size needs no scaling", {{640, 480}, {640, 480}}, {640, 480}, false, "[0:v:0] [1:v:0] concat=n=2:v=1:unsafe=1 [v]"},
+        {"noise of the arithmetic is no pixel", {{3600, 2700}, {700, 525}}, {700, 525}, false,
          "[0:v]scale=width=700:height=525[v1]; [v1] [1:v:0] concat=n=2:v=1:unsafe=1 [v]"},
     };
+    // clang-format on
     for (const Row &row : rows)
         EXPECT_EQ(KVStitchingFilter(row.sizes, row.target, row.hasAudio), row.want) << row.what;
 }

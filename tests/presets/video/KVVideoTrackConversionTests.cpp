@@ -1,9 +1,8 @@
 #include "support/KVTestMedia.h"
-#include "support/KVTestPresets.h"
 #include "support/KVTestProbe.h"
 #include "support/KVVideoConversionTestCase.h"
 
-using KVTestPresets::make;
+#include <functional>
 
 namespace {
 
@@ -84,6 +83,9 @@ TEST_F(KVVideoTrackConversionTest, SoundTracksAreChosenMixedAndAdded) {
     };
     const QVariantMap withStereo{
         {"KVAudioTrackQuality", 3}, {"ZRAudioBitrate", 192}, {"ZRIncludesStereoTrack", true}};
+    const QVariantMap smaller{{"ZRCropPresetWidth", 100}, {"ZRCropPresetHeight", 100}};
+    const QVariantMap copied{{"KVAudioTrackQuality", 4}, {"KVVideoTrackQuality", 4}};
+    const QVariantMap inMono{{"KVAudioTrackQuality", 3}, {"ZRAudioChannels", 1}};
     const Row rows[]{
         {"surround", probed(surround), "KVMP4Preset", 6, 1},
         {"surround with stereo aside", probed(surround), "KVMP4Preset", 6, 2, withStereo},
@@ -93,43 +95,22 @@ TEST_F(KVVideoTrackConversionTest, SoundTracksAreChosenMixedAndAdded) {
         {"surround in MP2", probed(surround), "KVMPEG1Preset", 2, 1},
         {"no sound", probed(silent), "KVMP4Preset", 0, 0},
         {"no sound, remuxed", probed(silent), "KVVideoRemuxPreset", 0, 0, {{"ZRRemuxFormat", "matroska"}}},
-        {"no sound, cropped",
-         probed(silent),
-         "KVCropPreset",
-         0,
-         0,
-         {{"ZRCropPresetWidth", 100}, {"ZRCropPresetHeight", 100}}},
+        {"no sound, cropped", probed(silent), "KVCropPreset", 0, 0, smaller},
         {"no sound, for a device of two tracks", probed(silent), "KVPSPPreset", 0, 0},
         {"older codecs on a device", probed(stereo), "KViPhone4Preset", 2, 1, {{"ZRUsesH264", false}}},
         {"several", probed(several), "KVMKVPreset", 2, 1},
         {"the second", second, "KVMP4Preset", 1, 1},
         {"the second, remuxed", second, "KVRemuxPreset", 1, 1, {{"ZRRemuxFormat", "matroska"}}},
-        {"the second, copied",
-         second,
-         "KVMKVPreset",
-         1,
-         1,
-         {{"KVAudioTrackQuality", 4}, {"KVVideoTrackQuality", 4}}},
-        {"mixed down",
-         probed(surround),
-         "KVMKVPreset",
-         1,
-         1,
-         {{"KVAudioTrackQuality", 3}, {"ZRAudioChannels", 1}}},
+        {"the second, copied", second, "KVMKVPreset", 1, 1, copied},
+        {"mixed down", probed(surround), "KVMKVPreset", 1, 1, inMono},
         {"a ringtone", probed(surround), "KViPhoneRingtonePreset", 1, 1},
     };
-    std::vector<Job> jobs;
-    for (const Row &row : rows)
-        jobs.push_back({row.what, make(row.presetClass, row.settings), {row.source}});
-    const auto outputs = convert(jobs);
-    for (const Row &row : rows) {
-        const QString output = outputs.at(row.what);
-        EXPECT_FALSE(output.isEmpty()) << row.what << " failed: " << failureOf(row.what).toStdString();
+    convertEach(rows, std::mem_fn(&Row::source), [](const Row &row, const QString &output) {
         const auto found = KVTestProbe::probe(output);
-        EXPECT_EQ(found.channels, row.channels) << row.what;
-        EXPECT_EQ(found.audioStreams, row.streams) << row.what;
-        EXPECT_NEAR(found.seconds, seconds, 0.2) << row.what;
-    }
+        EXPECT_EQ(found.channels, row.channels);
+        EXPECT_EQ(found.audioStreams, row.streams);
+        EXPECT_NEAR(found.seconds, seconds, 0.2);
+    });
 }
 
 TEST_F(KVVideoTrackConversionTest, SubtitlesAreCarriedOrBurntIn) {
@@ -145,7 +126,7 @@ TEST_F(KVVideoTrackConversionTest, SubtitlesAreCarriedOrBurntIn) {
         return file;
     };
     const QByteArray cyrillic = "\xcf\xf0\xe8\xe2\xe5\xf2"; // windows-1251
-    const QVariantMap burn{{"KVBurnSubtitles", true}};
+    const QVariantMap burn{{"KVBurnSubtitles", true}}, still{{"KVDeinterlaceVideoTrack", true}};
 
     struct Row {
         const char *what;
@@ -169,25 +150,14 @@ TEST_F(KVVideoTrackConversionTest, SubtitlesAreCarriedOrBurntIn) {
         {"file of another encoding", external("c.mp4", cyrillic, "UTF-8"), "KVMP4Preset", ""},
         {"file burnt in", external("d.mp4", cyrillic, "windows-1251"), "KVMP4Preset", "", true, burn},
         {"file to a container without", external("e.mp4", privet.toUtf8(), "UTF-8"), "KVWMVPreset", "", true},
-        {"file, deinterlaced",
-         external("f.mp4", privet.toUtf8(), "UTF-8"),
-         "KVXvidPreset",
-         "",
-         true,
-         {{"KVDeinterlaceVideoTrack", true}}},
+        {"file, deinterlaced", external("f.mp4", privet.toUtf8(), "UTF-8"), "KVXvidPreset", "", true, still},
         {"file, limited", external("g.mp4", privet.toUtf8(), "UTF-8"), "KViPhonePreset", "", true, burn},
     };
-    std::vector<Job> jobs;
-    for (const Row &row : rows)
-        jobs.push_back({row.what, make(row.presetClass, row.settings), {row.source}});
-    const auto outputs = convert(jobs);
-    for (const Row &row : rows) {
-        const QString output = outputs.at(row.what);
-        EXPECT_FALSE(output.isEmpty()) << row.what << " failed: " << failureOf(row.what).toStdString();
+    convertEach(rows, std::mem_fn(&Row::source), [](const Row &row, const QString &output) {
         const auto found = KVTestProbe::probe(output);
-        EXPECT_EQ(found.subtitleCodec, row.codec) << row.what;
-        EXPECT_EQ(showsTextBelow(output), row.isBurntIn) << row.what;
-        if (found.subtitleCodec.isEmpty()) continue;
-        EXPECT_TRUE(textOf(output).contains(privet)) << row.what << ": " << textOf(output).toStdString();
-    }
+        EXPECT_EQ(found.subtitleCodec, row.codec);
+        EXPECT_EQ(showsTextBelow(output), row.isBurntIn);
+        if (found.subtitleCodec.isEmpty()) return;
+        EXPECT_TRUE(textOf(output).contains(privet)) << textOf(output).toStdString();
+    });
 }

@@ -1,7 +1,6 @@
 #include "presets/audio/base/KVAudioPreset.h"
 
 #include "kvcore/KVFatalError.h"
-#include "presets/KVPresetFields.h"
 #include "presets/settings/KVAudioTrackFormatSettings.h"
 #include "video_info/media_file/KVAudioFile.h"
 
@@ -10,17 +9,6 @@
 namespace {
 
 using AudioFiles = QList<std::shared_ptr<KVAudioFile>>;
-
-const KVPresetFields<KVAudioPreset> &fields() {
-    static const auto fields =
-        KVPresetFields<KVAudioPreset>()
-            .enumeration("ZRAudioChannels", &KVAudioPreset::audioChannelsType,
-                         &KVAudioChannelsTypeFromRawValue, KVAudioChannelsType::asSource)
-            .enumeration("KVAudioTrackQuality", &KVAudioPreset::audioTrackQuality,
-                         &KVTrackQualitySettingFromRawValue, KVTrackQualitySetting::medium)
-            .optionalInteger("KVSampleRate", &KVAudioPreset::sampleRate);
-    return fields;
-}
 
 /// All files as audio files; none where one is something else.
 AudioFiles audioFiles(const KVMediaFileList &files) {
@@ -91,15 +79,15 @@ KVAudioFormatClass KVAudioPreset::audioFormatClass() const {
     KVFatalError("audioFormatClass");
 }
 
-QVariantMap KVAudioPreset::dictionaryRepresentation() const {
-    QVariantMap dictionary = KVPreset::dictionaryRepresentation();
-    fields().save(*this, dictionary);
-    return dictionary;
-}
-
-void KVAudioPreset::loadFromDictionary(const QVariantMap &dictionary) {
-    KVPreset::loadFromDictionary(dictionary);
-    fields().load(*this, dictionary);
+const KVPresetFields<KVAudioPreset> &KVAudioPreset::fields() {
+    static const auto fields =
+        KVPresetFields<KVAudioPreset>()
+            .enumeration("ZRAudioChannels", &KVAudioPreset::audioChannelsType,
+                         &KVAudioChannelsTypeFromRawValue, KVAudioChannelsType::asSource)
+            .enumeration("KVAudioTrackQuality", &KVAudioPreset::audioTrackQuality,
+                         &KVTrackQualitySettingFromRawValue, KVTrackQualitySetting::medium)
+            .optionalInteger("KVSampleRate", &KVAudioPreset::sampleRate);
+    return fields;
 }
 
 std::shared_ptr<KVSettingsBase> KVAudioPreset::settings() {

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "presets/KVPreset.h"
+#include "presets/KVPresetWithFields.h"
 #include "presets/formats/audio_track/KVAudioFormat.h"
 
 class KVAudioFile;
 
 /// Base of every preset that writes an audio track: decides the order of the arguments around the slice that
 /// its format makes.
-class KVAudioPreset : public KVPreset {
+class KVAudioPreset : public KVPresetWithFields<KVAudioPreset, KVPreset> {
   public:
     KVAudioChannelsType audioChannelsType = KVAudioChannelsType::asSource;
     KVTrackQualitySetting audioTrackQuality = KVTrackQualitySetting::medium;
@@ -17,8 +18,7 @@ class KVAudioPreset : public KVPreset {
     virtual std::unique_ptr<KVAudioFormat> audioFormat() const;
     virtual KVAudioFormatClass audioFormatClass() const;
 
-    QVariantMap dictionaryRepresentation() const override;
-    void loadFromDictionary(const QVariantMap &dictionary) override;
+    static const KVPresetFields<KVAudioPreset> &fields();
     KVMediaFileType presetType() const override { return KVMediaFileType::audio; }
     std::shared_ptr<KVSettingsBase> settings() override;
     bool supportsStitching() const override { return true; }

@@ -1,19 +1,8 @@
 #include "presets/audio/base/KVBitrateAudioPreset.h"
 
 #include "kvcore/KVFatalError.h"
-#include "presets/KVPresetFields.h"
 #include "presets/formats/audio_track/KVBitrateBasedAudioFormat.h"
 #include "presets/settings/KVAudioQualityBasedFormatSettings.h"
-
-namespace {
-
-const KVPresetFields<KVBitrateAudioPreset> &fields() {
-    static const auto fields =
-        KVPresetFields<KVBitrateAudioPreset>().integer("ZRAudioBitrate", &KVBitrateAudioPreset::audioBitrate);
-    return fields;
-}
-
-} // namespace
 
 std::unique_ptr<KVAudioFormat> KVBitrateAudioPreset::audioFormat() const {
     auto format = KVAudioPreset::audioFormat();
@@ -24,15 +13,10 @@ std::unique_ptr<KVAudioFormat> KVBitrateAudioPreset::audioFormat() const {
     return format;
 }
 
-QVariantMap KVBitrateAudioPreset::dictionaryRepresentation() const {
-    QVariantMap dictionary = KVAudioPreset::dictionaryRepresentation();
-    fields().save(*this, dictionary);
-    return dictionary;
-}
-
-void KVBitrateAudioPreset::loadFromDictionary(const QVariantMap &dictionary) {
-    KVAudioPreset::loadFromDictionary(dictionary);
-    fields().load(*this, dictionary);
+const KVPresetFields<KVBitrateAudioPreset> &KVBitrateAudioPreset::fields() {
+    static const auto fields =
+        KVPresetFields<KVBitrateAudioPreset>().integer("ZRAudioBitrate", &KVBitrateAudioPreset::audioBitrate);
+    return fields;
 }
 
 std::shared_ptr<KVSettingsBase> KVBitrateAudioPreset::settings() {

@@ -1,7 +1,6 @@
 #include "presets/video/base/KVSizeRestrictedVideoPreset.h"
 
 #include "kvcore/KVLocalizationCenter.h"
-#include "presets/KVPresetFields.h"
 #include "presets/settings/KVSizeOption.h"
 #include "util/KVWholeNumber.h"
 #include "video_info/media_file/KVVideoFile.h"
@@ -9,15 +8,6 @@
 namespace {
 
 using Preset = KVSizeRestrictedVideoPreset;
-
-const KVPresetFields<Preset> &fields() {
-    static const auto fields =
-        KVPresetFields<Preset>()
-            .boolean("ZRHasSizeConstrains", &Preset::hasSizeConstrains, &Preset::setHasSizeConstrains)
-            .integer("ZRMaxHeight", &Preset::maxHeight, &Preset::setMaxHeight)
-            .integer("ZRMaxWidth", &Preset::maxWidth, &Preset::setMaxWidth);
-    return fields;
-}
 
 double roundedDownToEven(double side) {
     return static_cast<double>(KVWholeNumber(side) & ~qint64(1));
@@ -74,15 +64,13 @@ std::unique_ptr<KVVideoFormat> KVSizeRestrictedVideoPreset::videoFormat() const 
     return format;
 }
 
-QVariantMap KVSizeRestrictedVideoPreset::dictionaryRepresentation() const {
-    QVariantMap dictionary = KVVideoPreset::dictionaryRepresentation();
-    fields().save(*this, dictionary);
-    return dictionary;
-}
-
-void KVSizeRestrictedVideoPreset::loadFromDictionary(const QVariantMap &dictionary) {
-    KVVideoPreset::loadFromDictionary(dictionary);
-    fields().load(*this, dictionary);
+const KVPresetFields<KVSizeRestrictedVideoPreset> &KVSizeRestrictedVideoPreset::fields() {
+    static const auto fields =
+        KVPresetFields<Preset>()
+            .boolean("ZRHasSizeConstrains", &Preset::hasSizeConstrains, &Preset::setHasSizeConstrains)
+            .integer("ZRMaxHeight", &Preset::maxHeight, &Preset::setMaxHeight)
+            .integer("ZRMaxWidth", &Preset::maxWidth, &Preset::setMaxWidth);
+    return fields;
 }
 
 KVOptionList KVSizeRestrictedVideoPreset::_additionalOptions() {

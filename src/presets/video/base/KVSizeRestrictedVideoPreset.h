@@ -1,5 +1,6 @@
 #pragma once
 
+#include "presets/KVPresetWithFields.h"
 #include "presets/KVSizeRestrictedPreset.h"
 #include "presets/video/base/KVVideoPreset.h"
 
@@ -8,7 +9,8 @@ struct KVVideoTrack;
 /// Base of the presets that decide the size of the output: by the limits of a person, of a device or of the
 /// codec. The size is always even. A preset with fixed limits overrides the getters, and what is stored has
 /// no effect.
-class KVSizeRestrictedVideoPreset : public KVVideoPreset, public KVSizeRestrictedPreset {
+class KVSizeRestrictedVideoPreset : public KVPresetWithFields<KVSizeRestrictedVideoPreset, KVVideoPreset>,
+                                    public KVSizeRestrictedPreset {
   public:
     bool hasSizeConstrains() const override { return KVVideoPreset::hasSizeConstrains(); }
     void setHasSizeConstrains(bool hasSizeConstrains) override {
@@ -24,8 +26,7 @@ class KVSizeRestrictedVideoPreset : public KVVideoPreset, public KVSizeRestricte
     }
 
     bool canCopyVideoTrack(const KVVideoFile &file) const override;
-    QVariantMap dictionaryRepresentation() const override;
-    void loadFromDictionary(const QVariantMap &dictionary) override;
+    static const KVPresetFields<KVSizeRestrictedVideoPreset> &fields();
     QStringList sizeArguments(const KVVideoFile &file, bool allowCopying) const override;
     KVSize size(const KVVideoFile &file) const override;
     std::unique_ptr<KVVideoFormat> videoFormat() const override;

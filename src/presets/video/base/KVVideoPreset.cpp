@@ -2,7 +2,6 @@
 
 #include "kvcore/KVFatalError.h"
 #include "kvcore/KVLocalizationCenter.h"
-#include "presets/KVPresetFields.h"
 #include "presets/settings/KVVideoQualityBasedFormatSettings.h"
 #include "presets/video/base/KVStitchingFilter.h"
 #include "presets/video/base/KVSubtitlesFile.h"
@@ -25,21 +24,6 @@ struct KVVideoPreset::AudioArguments {
 };
 
 namespace {
-
-const KVPresetFields<KVVideoPreset> &fields() {
-    static const auto fields =
-        KVPresetFields<KVVideoPreset>()
-            .boolean("ZRAlsoScaleUp", &KVVideoPreset::allowsScalingUp, &KVVideoPreset::setAllowsScalingUp)
-            .integer("ZRBitrate", &KVVideoPreset::bitrate)
-            .boolean("KVBurnSubtitles", &KVVideoPreset::burnSubtitlesIntoVideo)
-            .boolean("KVDeinterlaceVideoTrack", &KVVideoPreset::deinterlaceVideo)
-            .real("ZRFramerate", &KVVideoPreset::framerate)
-            .boolean("ZRIncludesStereoTrack", &KVVideoPreset::includeStereoTrack)
-            .integer("ZRMaxBitrate", &KVVideoPreset::maxBitrate)
-            .enumeration("KVVideoTrackQuality", &KVVideoPreset::videoTrackQuality,
-                         &KVTrackQualitySettingFromRawValue, KVTrackQualitySetting::medium);
-    return fields;
-}
 
 /// All files as video files; none where one is something else.
 KVVideoFileList videoFiles(const KVMediaFileList &files) {
@@ -239,15 +223,19 @@ std::optional<QString> KVVideoPreset::threadCountArgument() const {
     return QString::number(KVThreadCount(_maximumThreadCount(), 2));
 }
 
-QVariantMap KVVideoPreset::dictionaryRepresentation() const {
-    QVariantMap dictionary = KVBitrateAudioPreset::dictionaryRepresentation();
-    fields().save(*this, dictionary);
-    return dictionary;
-}
-
-void KVVideoPreset::loadFromDictionary(const QVariantMap &dictionary) {
-    KVBitrateAudioPreset::loadFromDictionary(dictionary);
-    fields().load(*this, dictionary);
+const KVPresetFields<KVVideoPreset> &KVVideoPreset::fields() {
+    static const auto fields =
+        KVPresetFields<KVVideoPreset>()
+            .boolean("ZRAlsoScaleUp", &KVVideoPreset::allowsScalingUp, &KVVideoPreset::setAllowsScalingUp)
+            .integer("ZRBitrate", &KVVideoPreset::bitrate)
+            .boolean("KVBurnSubtitles", &KVVideoPreset::burnSubtitlesIntoVideo)
+            .boolean("KVDeinterlaceVideoTrack", &KVVideoPreset::deinterlaceVideo)
+            .real("ZRFramerate", &KVVideoPreset::framerate)
+            .boolean("ZRIncludesStereoTrack", &KVVideoPreset::includeStereoTrack)
+            .integer("ZRMaxBitrate", &KVVideoPreset::maxBitrate)
+            .enumeration("KVVideoTrackQuality", &KVVideoPreset::videoTrackQuality,
+                         &KVTrackQualitySettingFromRawValue, KVTrackQualitySetting::medium);
+    return fields;
 }
 
 std::shared_ptr<KVSettingsBase> KVVideoPreset::settings() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "presets/KVPresetWithFields.h"
 #include "presets/audio/base/KVBitrateAudioPreset.h"
 #include "presets/formats/video_track/KVVideoFormat.h"
 #include "presets/settings/KVOptionRoot.h"
@@ -12,7 +13,7 @@ using KVVideoFileList = QList<std::shared_ptr<KVVideoFile>>;
 
 /// Base of every preset that writes a video. It builds the whole argument list; a concrete preset answers the
 /// questions that the list asks.
-class KVVideoPreset : public KVBitrateAudioPreset {
+class KVVideoPreset : public KVPresetWithFields<KVVideoPreset, KVBitrateAudioPreset> {
   public:
     qint64 bitrate = 0; ///< Kilobits per second, for custom quality; 0 means the default.
     bool burnSubtitlesIntoVideo = false;
@@ -47,8 +48,7 @@ class KVVideoPreset : public KVBitrateAudioPreset {
     virtual std::unique_ptr<KVVideoFormat> videoFormat() const;
     virtual KVVideoFormatClass videoFormatClass() const;
 
-    QVariantMap dictionaryRepresentation() const override;
-    void loadFromDictionary(const QVariantMap &dictionary) override;
+    static const KVPresetFields<KVVideoPreset> &fields();
     KVMediaFileType presetType() const override { return KVMediaFileType::video; }
     std::shared_ptr<KVSettingsBase> settings() override;
     bool supportsStitching() const override { return true; }

@@ -2,21 +2,11 @@
 
 #include "kvcore/KVLocalizationCenter.h"
 #include "kvcore/KVText.h"
-#include "presets/KVPresetFields.h"
 #include "presets/settings/KVNumericOption.h"
 #include "presets/settings/KVSettingsWithOptions.h"
 #include "video_info/media_file/KVVideoFile.h"
 
 namespace {
-
-const KVPresetFields<KVCropPreset> &fields() {
-    static const auto fields = KVPresetFields<KVCropPreset>()
-                                   .integer("ZRCropPresetXOffset", &KVCropPreset::xOffset)
-                                   .integer("ZRCropPresetYOffset", &KVCropPreset::yOffset)
-                                   .integer("ZRCropPresetWidth", &KVCropPreset::width)
-                                   .integer("ZRCropPresetHeight", &KVCropPreset::height);
-    return fields;
-}
 
 QString joined(const char *filter, std::initializer_list<qint64> numbers) {
     QStringList texts;
@@ -60,15 +50,13 @@ QString KVCropPreset::localizedFormatDescription() const {
     return KVLocalizationCenter::localized("This preset crops or pads your video.");
 }
 
-QVariantMap KVCropPreset::dictionaryRepresentation() const {
-    QVariantMap dictionary = KVVideoPreset::dictionaryRepresentation();
-    fields().save(*this, dictionary);
-    return dictionary;
-}
-
-void KVCropPreset::loadFromDictionary(const QVariantMap &dictionary) {
-    KVVideoPreset::loadFromDictionary(dictionary);
-    fields().load(*this, dictionary);
+const KVPresetFields<KVCropPreset> &KVCropPreset::fields() {
+    static const auto fields = KVPresetFields<KVCropPreset>()
+                                   .integer("ZRCropPresetXOffset", &KVCropPreset::xOffset)
+                                   .integer("ZRCropPresetYOffset", &KVCropPreset::yOffset)
+                                   .integer("ZRCropPresetWidth", &KVCropPreset::width)
+                                   .integer("ZRCropPresetHeight", &KVCropPreset::height);
+    return fields;
 }
 
 std::shared_ptr<KVSettingsBase> KVCropPreset::settings() {

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "presets/KVPresetWithFields.h"
 #include "presets/video/base/KVVideoPreset.h"
 
 struct KVVideoTrack;
 
 /// Cuts a part out of the picture, or puts the picture in the middle of a larger one. Sizes are pixels.
-class KVCropPreset : public KVVideoPreset {
+class KVCropPreset : public KVPresetWithFields<KVCropPreset, KVVideoPreset> {
   public:
     qint64 height = 0;
     qint64 width = 0;
@@ -13,8 +14,7 @@ class KVCropPreset : public KVVideoPreset {
     qint64 yOffset = 0;
 
     QString defaultName() const override;
-    QVariantMap dictionaryRepresentation() const override;
-    void loadFromDictionary(const QVariantMap &dictionary) override;
+    static const KVPresetFields<KVCropPreset> &fields();
     QString localizedFormatDescription() const override;
     std::shared_ptr<KVSettingsBase> settings() override;
     bool supportsStitching() const override { return false; }

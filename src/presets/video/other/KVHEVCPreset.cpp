@@ -1,6 +1,5 @@
 #include "presets/video/other/KVHEVCPreset.h"
 
-#include "presets/KVPresetFields.h"
 #include "presets/settings/KVMultipleValueOption.h"
 #include "video_info/media_file/KVVideoFile.h"
 
@@ -24,13 +23,6 @@ constexpr std::array containers{Container{"MOV", "mov", "mov", "mov_text"},
 
 const Container &container(ContainerFormat format) {
     return containers.at(static_cast<std::size_t>(format));
-}
-
-const KVPresetFields<KVHEVCPreset> &fields() {
-    static const auto fields = KVPresetFields<KVHEVCPreset>().enumeration(
-        "ContainerFormat", &KVHEVCPreset::containerFormat, &KVHEVCFormat::containerFormatFromRawValue,
-        ContainerFormat::mov);
-    return fields;
 }
 
 } // namespace
@@ -58,15 +50,11 @@ std::unique_ptr<KVVideoFormat> KVHEVCPreset::videoFormat() const {
     return format;
 }
 
-QVariantMap KVHEVCPreset::dictionaryRepresentation() const {
-    QVariantMap dictionary = KVTabulatedVideoPreset::dictionaryRepresentation();
-    fields().save(*this, dictionary);
-    return dictionary;
-}
-
-void KVHEVCPreset::loadFromDictionary(const QVariantMap &dictionary) {
-    KVTabulatedVideoPreset::loadFromDictionary(dictionary);
-    fields().load(*this, dictionary);
+const KVPresetFields<KVHEVCPreset> &KVHEVCPreset::fields() {
+    static const auto fields = KVPresetFields<KVHEVCPreset>().enumeration(
+        "ContainerFormat", &KVHEVCPreset::containerFormat, &KVHEVCFormat::containerFormatFromRawValue,
+        ContainerFormat::mov);
+    return fields;
 }
 
 KVOptionList KVHEVCPreset::_additionalOptions() {

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "presets/KVPresetWithFields.h"
 #include "presets/video/base/KVTabulatedVideoPreset.h"
 #include "presets/video/other/KVVideoPresetTable.h"
 
 /// The container decides the extension, the file type and the subtitles.
-class KVHEVCPreset : public KVTabulatedVideoPreset<KVVideoPresetTable::hevc> {
+class KVHEVCPreset
+    : public KVPresetWithFields<KVHEVCPreset, KVTabulatedVideoPreset<KVVideoPresetTable::hevc>> {
   public:
     KVHEVCFormat::ContainerFormat containerFormat = KVHEVCFormat::ContainerFormat::mov;
 
@@ -13,8 +15,7 @@ class KVHEVCPreset : public KVTabulatedVideoPreset<KVVideoPresetTable::hevc> {
     std::optional<QString> fileType() const override;
     std::optional<QString> pathExtension() const override;
     std::unique_ptr<KVVideoFormat> videoFormat() const override;
-    QVariantMap dictionaryRepresentation() const override;
-    void loadFromDictionary(const QVariantMap &dictionary) override;
+    static const KVPresetFields<KVHEVCPreset> &fields();
 
   protected:
     KVOptionList _additionalOptions() override;

@@ -29,13 +29,13 @@ double raisedToEven(qint64 side) {
 
 } // namespace
 
-bool KVMPEG2Preset::_isNTSC() const {
+bool KVMPEG2Preset::isNTSC() const {
     if (framerate == 25) return false;
     return framerate == 29.97 || KVPreferences::shared().boolean(KVPreferenceKeys::UsesNTSCFormat, false);
 }
 
 qint64 KVMPEG2Preset::_rasterHeight() const {
-    return _isNTSC() ? 480 : 576;
+    return isNTSC() ? 480 : 576;
 }
 
 qint64 KVMPEG2Preset::maxHeight() const {
@@ -51,7 +51,7 @@ KVSize KVMPEG2Preset::size(const KVVideoFile &file) const {
     if (allowsArbitrarySizes() || !file.selectedVideoTrack) return KVVideoPreset::size(file);
     constexpr double widestOfFourByThree = 1.5990000000000002;
 
-    KVLog(_isNTSC() ? "Is NTSC" : "Is PAL");
+    KVLog(isNTSC() ? "Is NTSC" : "Is PAL");
     const auto height = static_cast<double>(_rasterHeight());
     const double sourceAspect = static_cast<double>(file.selectedVideoTrack->width) /
                                 static_cast<double>(file.selectedVideoTrack->height);
@@ -71,7 +71,7 @@ QStringList KVMPEG2Preset::sizeArguments(const KVVideoFile &file, bool allowCopy
 
     const double sourceAspect = static_cast<double>(file.selectedVideoTrack->width) /
                                 static_cast<double>(file.selectedVideoTrack->height);
-    const auto [perHeight, pixel] = rasterFractions(_isNTSC(), sourceAspect > widestOfOldPictures);
+    const auto [perHeight, pixel] = rasterFractions(isNTSC(), sourceAspect > widestOfOldPictures);
     const QString filter =
         "scale='w=min(720,trunc((%1*%2*dar)/2+0.5)*2):h=min(%1,trunc((720*%3/dar)/2+0.5)*2)',"
         "pad='w=720:h=%1:x=(ow-iw)/2:y=(oh-ih)/2',setsar='r=%3'";

@@ -8,6 +8,8 @@ class KVMPEG2Preset : public KVTabulatedVideoPreset<KVVideoPresetTable::mpeg2> {
   public:
     /// False fits the picture into the raster of the standard that the rate or the preference names.
     virtual bool allowsArbitrarySizes() const { return true; }
+    /// By the preset's rate; where that names no standard of television, by the preference.
+    bool isNTSC() const;
 
     qint64 maxHeight() const override;
     qint64 maxWidth() const override;
@@ -15,7 +17,6 @@ class KVMPEG2Preset : public KVTabulatedVideoPreset<KVVideoPresetTable::mpeg2> {
     KVSize size(const KVVideoFile &file) const override;
 
   private:
-    bool _isNTSC() const;
     /// Lines of the raster.
     qint64 _rasterHeight() const;
 };

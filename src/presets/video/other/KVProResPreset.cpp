@@ -1,17 +1,10 @@
 #include "presets/video/other/KVProResPreset.h"
 
-#include "presets/KVPresetFields.h"
 #include "presets/settings/KVMultipleValueOption.h"
 
 namespace {
 
 using Profile = KVProResFormat::Profile;
-
-const KVPresetFields<KVProResPreset> &fields() {
-    static const auto fields = KVPresetFields<KVProResPreset>().enumeration(
-        "KVProfile", &KVProResPreset::profile, &KVProResFormat::profileFromRawValue, Profile::none);
-    return fields;
-}
 
 } // namespace
 
@@ -21,15 +14,10 @@ std::unique_ptr<KVVideoFormat> KVProResPreset::videoFormat() const {
     return format;
 }
 
-QVariantMap KVProResPreset::dictionaryRepresentation() const {
-    QVariantMap dictionary = KVTabulatedVideoPreset::dictionaryRepresentation();
-    fields().save(*this, dictionary);
-    return dictionary;
-}
-
-void KVProResPreset::loadFromDictionary(const QVariantMap &dictionary) {
-    KVTabulatedVideoPreset::loadFromDictionary(dictionary);
-    fields().load(*this, dictionary);
+const KVPresetFields<KVProResPreset> &KVProResPreset::fields() {
+    static const auto fields = KVPresetFields<KVProResPreset>().enumeration(
+        "KVProfile", &KVProResPreset::profile, &KVProResFormat::profileFromRawValue, Profile::none);
+    return fields;
 }
 
 KVOptionList KVProResPreset::_additionalOptions() {

@@ -1,7 +1,6 @@
 #include "presets/video/other/KVRemuxPreset.h"
 
 #include "kvcore/KVLocalizationCenter.h"
-#include "presets/KVPresetFields.h"
 #include "presets/settings/KVMultipleValueOption.h"
 #include "presets/settings/KVSettingsWithOptions.h"
 #include "video_info/media_file/KVVideoFile.h"
@@ -26,12 +25,6 @@ constexpr std::array containers{
     Container{"MP4", "mp4", "mp4"},
     Container{"MP4 (iPod, iPhone & AppleTV)", "ipod", "m4v"},
 };
-
-const KVPresetFields<KVRemuxPreset> &fields() {
-    static const auto fields =
-        KVPresetFields<KVRemuxPreset>().text("ZRRemuxFormat", &KVRemuxPreset::format, "avi");
-    return fields;
-}
 
 } // namespace
 
@@ -80,15 +73,10 @@ QString KVRemuxPreset::defaultSubtitleFormat() const {
     return format == "matroska" ? "ass" : "mov_text";
 }
 
-QVariantMap KVRemuxPreset::dictionaryRepresentation() const {
-    QVariantMap dictionary = KVVideoPreset::dictionaryRepresentation();
-    fields().save(*this, dictionary);
-    return dictionary;
-}
-
-void KVRemuxPreset::loadFromDictionary(const QVariantMap &dictionary) {
-    KVVideoPreset::loadFromDictionary(dictionary);
-    fields().load(*this, dictionary);
+const KVPresetFields<KVRemuxPreset> &KVRemuxPreset::fields() {
+    static const auto fields =
+        KVPresetFields<KVRemuxPreset>().text("ZRRemuxFormat", &KVRemuxPreset::format, "avi");
+    return fields;
 }
 
 std::shared_ptr<KVSettingsBase> KVRemuxPreset::settings() {

@@ -1,17 +1,17 @@
 #pragma once
 
+#include "presets/KVPresetWithFields.h"
 #include "presets/settings/KVOptionBase.h"
 #include "presets/video/base/KVVideoPreset.h"
 
 /// Changes the container and encodes nothing.
-class KVRemuxPreset : public KVVideoPreset {
+class KVRemuxPreset : public KVPresetWithFields<KVRemuxPreset, KVVideoPreset> {
   public:
     QString format = QStringLiteral("avi"); ///< For the tool's "-f".
 
     QString defaultName() const override;
     QString defaultSubtitleFormat() const override;
-    QVariantMap dictionaryRepresentation() const override;
-    void loadFromDictionary(const QVariantMap &dictionary) override;
+    static const KVPresetFields<KVRemuxPreset> &fields();
     QString localizedFormatDescription() const override;
     std::optional<QString> pathExtension() const override;
     std::shared_ptr<KVSettingsBase> settings() override;

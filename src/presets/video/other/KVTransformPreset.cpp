@@ -1,7 +1,6 @@
 #include "presets/video/other/KVTransformPreset.h"
 
 #include "kvcore/KVLocalizationCenter.h"
-#include "presets/KVPresetFields.h"
 #include "presets/settings/KVMultipleValueOption.h"
 #include "presets/settings/KVSettingsWithOptions.h"
 #include "video_info/media_file/KVVideoFile.h"
@@ -19,13 +18,6 @@ struct Transform {
 constexpr std::array transforms{Transform{"Rotate 90º", "transpose=1"},
                                 Transform{"Rotate 90º CCW", "transpose=2"},
                                 Transform{"Horizontal Flip", "hflip"}, Transform{"Vertical Flip", "vflip"}};
-
-const KVPresetFields<KVTransformPreset> &fields() {
-    static const auto fields = KVPresetFields<KVTransformPreset>().enumeration(
-        "ZRTransformType", &KVTransformPreset::transformType, &KVTransformTypeFromRawValue,
-        KVTransformType::rotate90DegreesClockwise);
-    return fields;
-}
 
 } // namespace
 
@@ -52,15 +44,11 @@ QString KVTransformPreset::localizedFormatDescription() const {
     return KVLocalizationCenter::localized("Rotates or flips video.");
 }
 
-QVariantMap KVTransformPreset::dictionaryRepresentation() const {
-    QVariantMap dictionary = KVVideoPreset::dictionaryRepresentation();
-    fields().save(*this, dictionary);
-    return dictionary;
-}
-
-void KVTransformPreset::loadFromDictionary(const QVariantMap &dictionary) {
-    KVVideoPreset::loadFromDictionary(dictionary);
-    fields().load(*this, dictionary);
+const KVPresetFields<KVTransformPreset> &KVTransformPreset::fields() {
+    static const auto fields = KVPresetFields<KVTransformPreset>().enumeration(
+        "ZRTransformType", &KVTransformPreset::transformType, &KVTransformTypeFromRawValue,
+        KVTransformType::rotate90DegreesClockwise);
+    return fields;
 }
 
 std::shared_ptr<KVSettingsBase> KVTransformPreset::settings() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "presets/KVPresetWithFields.h"
 #include "presets/video/base/KVVideoPreset.h"
 
 /// The raw values are persisted.
@@ -13,13 +14,12 @@ enum class KVTransformType {
 std::optional<KVTransformType> KVTransformTypeFromRawValue(qint64 rawValue);
 
 /// Turns or mirrors the picture.
-class KVTransformPreset : public KVVideoPreset {
+class KVTransformPreset : public KVPresetWithFields<KVTransformPreset, KVVideoPreset> {
   public:
     KVTransformType transformType = KVTransformType::rotate90DegreesClockwise;
 
     QString defaultName() const override;
-    QVariantMap dictionaryRepresentation() const override;
-    void loadFromDictionary(const QVariantMap &dictionary) override;
+    static const KVPresetFields<KVTransformPreset> &fields();
     QString localizedFormatDescription() const override;
     std::shared_ptr<KVSettingsBase> settings() override;
     bool supportsStitching() const override { return false; }

@@ -1,19 +1,12 @@
 #include "presets/video/other/KVVideoRemuxPreset.h"
 
 #include "kvcore/KVLocalizationCenter.h"
-#include "presets/KVPresetFields.h"
 #include "presets/formats/audio_track/KVAACFormat.h"
 #include "presets/formats/audio_track/KVMP3Format.h"
 #include "presets/settings/KVAudioQualityBasedFormatSettings.h"
 #include "video_info/media_file/KVVideoFile.h"
 
 namespace {
-
-const KVPresetFields<KVVideoRemuxPreset> &fields() {
-    static const auto fields = KVPresetFields<KVVideoRemuxPreset>().text(
-        "ZRRemuxAudioFormat", &KVVideoRemuxPreset::audioFormatName, "mp3");
-    return fields;
-}
 
 /// The two formats above the quality of the audio track.
 class Settings : public KVAudioQualityBasedFormatSettings<KVVideoRemuxPreset> {
@@ -64,15 +57,10 @@ QString KVVideoRemuxPreset::localizedFormatDescription() const {
                                            {format, audioFormatName});
 }
 
-QVariantMap KVVideoRemuxPreset::dictionaryRepresentation() const {
-    QVariantMap dictionary = KVRemuxPreset::dictionaryRepresentation();
-    fields().save(*this, dictionary);
-    return dictionary;
-}
-
-void KVVideoRemuxPreset::loadFromDictionary(const QVariantMap &dictionary) {
-    KVRemuxPreset::loadFromDictionary(dictionary);
-    fields().load(*this, dictionary);
+const KVPresetFields<KVVideoRemuxPreset> &KVVideoRemuxPreset::fields() {
+    static const auto fields = KVPresetFields<KVVideoRemuxPreset>().text(
+        "ZRRemuxAudioFormat", &KVVideoRemuxPreset::audioFormatName, "mp3");
+    return fields;
 }
 
 std::shared_ptr<KVSettingsBase> KVVideoRemuxPreset::settings() {

@@ -1,18 +1,11 @@
 #include "presets/video/other/KVVolumeAdjustingPreset.h"
 
 #include "kvcore/KVLocalizationCenter.h"
-#include "presets/KVPresetFields.h"
 #include "presets/settings/KVNumericOption.h"
 #include "presets/settings/KVSettingsWithOptions.h"
 #include "video_info/media_file/KVVideoFile.h"
 
 namespace {
-
-const KVPresetFields<KVVolumeAdjustingPreset> &fields() {
-    static const auto fields = KVPresetFields<KVVolumeAdjustingPreset>().integer(
-        "ZRAudioVolumeDecibelsToAdd", &KVVolumeAdjustingPreset::numberOfDecibelsToAdd, 1);
-    return fields;
-}
 
 /// The encoder's quality, by the kind of the first audio track.
 QStringList qualityArguments(const KVAudioFile &file) {
@@ -50,15 +43,10 @@ QString KVVolumeAdjustingPreset::localizedFormatDescription() const {
     return KVLocalizationCenter::localized("Audio and Video: Audio Adjustment");
 }
 
-QVariantMap KVVolumeAdjustingPreset::dictionaryRepresentation() const {
-    QVariantMap dictionary = KVAudioPreset::dictionaryRepresentation();
-    fields().save(*this, dictionary);
-    return dictionary;
-}
-
-void KVVolumeAdjustingPreset::loadFromDictionary(const QVariantMap &dictionary) {
-    KVAudioPreset::loadFromDictionary(dictionary);
-    fields().load(*this, dictionary);
+const KVPresetFields<KVVolumeAdjustingPreset> &KVVolumeAdjustingPreset::fields() {
+    static const auto fields = KVPresetFields<KVVolumeAdjustingPreset>().integer(
+        "ZRAudioVolumeDecibelsToAdd", &KVVolumeAdjustingPreset::numberOfDecibelsToAdd, 1);
+    return fields;
 }
 
 std::shared_ptr<KVSettingsBase> KVVolumeAdjustingPreset::settings() {

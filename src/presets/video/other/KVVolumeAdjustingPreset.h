@@ -1,15 +1,15 @@
 #pragma once
 
+#include "presets/KVPresetWithFields.h"
 #include "presets/audio/base/KVAudioPreset.h"
 
 /// Makes a file louder and keeps its kind.
-class KVVolumeAdjustingPreset : public KVAudioPreset {
+class KVVolumeAdjustingPreset : public KVPresetWithFields<KVVolumeAdjustingPreset, KVAudioPreset> {
   public:
     qint64 numberOfDecibelsToAdd = 1; ///< Hundredths of a decibel.
 
     QString defaultName() const override;
-    QVariantMap dictionaryRepresentation() const override;
-    void loadFromDictionary(const QVariantMap &dictionary) override;
+    static const KVPresetFields<KVVolumeAdjustingPreset> &fields();
     QString localizedFormatDescription() const override;
     std::shared_ptr<KVSettingsBase> settings() override;
     bool supportsStitching() const override { return false; }

@@ -1,24 +1,11 @@
 #include "presets/video/variable_bitrate/KVMP4Preset.h"
 
 #include "kvcore/KVLocalizationCenter.h"
-#include "presets/KVPresetFields.h"
 #include "presets/formats/audio_track/KVAACFormat.h"
 #include "presets/formats/audio_track/KVMP3Format.h"
 #include "presets/formats/video_track/static_bitrate/KVMPEG4Format.h"
 #include "presets/settings/KVBooleanOption.h"
 #include "tasks/KVHardwareAcceleration.h"
-
-namespace {
-
-const KVPresetFields<KVMP4Preset> &fields() {
-    static const auto fields =
-        KVPresetFields<KVMP4Preset>()
-            .boolean("ZRUsesH264", &KVMP4Preset::usesH264, &KVMP4Preset::setUsesH264, true)
-            .boolean("KVUsesHarwdareAcceleration", &KVMP4Preset::useHardwareAcceleration, true);
-    return fields;
-}
-
-} // namespace
 
 KVAudioFormatClass KVMP4Preset::audioFormatClass() const {
     return usesH264() ? KVAudioFormatClass::of<KVAACFormat>() : KVAudioFormatClass::of<KVMP3Format>();
@@ -66,15 +53,12 @@ QString KVMP4Preset::defaultSubtitleFormat() const {
     return "mov_text";
 }
 
-QVariantMap KVMP4Preset::dictionaryRepresentation() const {
-    QVariantMap dictionary = KVSizeRestrictedVideoPreset::dictionaryRepresentation();
-    fields().save(*this, dictionary);
-    return dictionary;
-}
-
-void KVMP4Preset::loadFromDictionary(const QVariantMap &dictionary) {
-    KVSizeRestrictedVideoPreset::loadFromDictionary(dictionary);
-    fields().load(*this, dictionary);
+const KVPresetFields<KVMP4Preset> &KVMP4Preset::fields() {
+    static const auto fields =
+        KVPresetFields<KVMP4Preset>()
+            .boolean("ZRUsesH264", &KVMP4Preset::usesH264, &KVMP4Preset::setUsesH264, true)
+            .boolean("KVUsesHarwdareAcceleration", &KVMP4Preset::useHardwareAcceleration, true);
+    return fields;
 }
 
 KVOptionList KVMP4Preset::_additionalOptions() {

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "presets/KVPresetWithFields.h"
 #include "presets/formats/video_track/variable_bitrate/KVH264Format.h"
 #include "presets/video/base/KVSizeRestrictedVideoPreset.h"
 
 /// MP4, and the base of all presets that write H.264 by a profile of their own.
-class KVMP4Preset : public KVSizeRestrictedVideoPreset {
+class KVMP4Preset : public KVPresetWithFields<KVMP4Preset, KVSizeRestrictedVideoPreset> {
   public:
     bool useHardwareAcceleration = true;
 
@@ -22,9 +23,8 @@ class KVMP4Preset : public KVSizeRestrictedVideoPreset {
     bool canCopySubtitleTrack(const KVSubtitleTrack &track) const override;
     QString defaultName() const override;
     QString defaultSubtitleFormat() const override;
-    QVariantMap dictionaryRepresentation() const override;
+    static const KVPresetFields<KVMP4Preset> &fields();
     std::optional<QString> fileType() const override;
-    void loadFromDictionary(const QVariantMap &dictionary) override;
     QString localizedFormatDescription() const override;
     std::optional<QString> pathExtension() const override;
     bool requiresEvenSizeValues() const override { return true; }
