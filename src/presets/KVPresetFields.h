@@ -12,7 +12,7 @@
 /// The persisted fields of one preset class, each stated once and walked for loading and for saving:
 ///
 ///     static const auto fields = KVPresetFields<KVWAVPreset>()
-///                                    .integer("KVFrequency", &KVWAVPreset::frequency, 44100)
+///                                    .integer("ZRWAVSampleBits", &KVWAVPreset::sampleBits, 24)
 ///                                    .boolean("ZRWAVUsesBigEndian", &KVWAVPreset::usesBigEndian);
 ///
 /// A field that is absent from the dictionary, or of another kind, reads as its fallback. A field is a data

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kvcore/KVFatalError.h"
 #include "presets/settings/KVOptionBase.h"
 
 #include <functional>
@@ -33,4 +34,12 @@ auto KVMemberGetter(Value Base::*member) {
 template <class Base, class Value>
 auto KVMemberSetter(Value Base::*member) {
     return [member](auto &preset, const Value &value) { preset.*member = value; };
+}
+
+/// The preset through the interface that an option needs; a preset without it is a programming error.
+template <class Interface, class Preset>
+Interface &KVPresetAs(Preset &preset) {
+    auto *found = dynamic_cast<Interface *>(&preset);
+    if (!found) KVFatalError("An option needs an interface that its preset does not have.");
+    return *found;
 }

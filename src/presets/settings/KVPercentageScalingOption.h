@@ -1,6 +1,5 @@
 #pragma once
 
-#include "kvcore/KVFatalError.h"
 #include "kvcore/KVLocalizationCenter.h"
 #include "presets/KVPercentScalablePreset.h"
 #include "presets/settings/KVBooleanOption.h"
@@ -19,9 +18,11 @@ class KVPercentageScalingOption : public KVBooleanOption<Preset> {
         : Base(optionName, edited, std::move(get), std::move(set))
         , _percentage(std::make_shared<KVNumericOption<Preset>>(
               KVLocalizationCenter::localized("Percentage"), edited, 0, std::numeric_limits<int>::max(),
-              [](const Preset &preset) { return _of(preset).scalingPercentage(); },
+              [](const Preset &preset) {
+                  return KVPresetAs<const KVPercentScalablePreset>(preset).scalingPercentage();
+              },
               [](Preset &preset, const qint64 &percentage) {
-                  const_cast<KVPercentScalablePreset &>(_of(preset)).setScalingPercentage(percentage);
+                  KVPresetAs<KVPercentScalablePreset>(preset).setScalingPercentage(percentage);
               })) {}
 
     template <class Owner>
@@ -35,11 +36,5 @@ class KVPercentageScalingOption : public KVBooleanOption<Preset> {
     }
 
   private:
-    static const KVPercentScalablePreset &_of(const Preset &preset) {
-        const auto *scalable = dynamic_cast<const KVPercentScalablePreset *>(&preset);
-        if (!scalable) KVFatalError("A percentage option needs a KVPercentScalablePreset.");
-        return *scalable;
-    }
-
     const std::shared_ptr<KVOptionRoot> _percentage;
 };

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "kvcore/KVFatalError.h"
 #include "kvcore/KVLocalizationCenter.h"
 #include "presets/KVSizeRestrictedPreset.h"
 #include "presets/settings/KVBooleanOption.h"
@@ -32,13 +31,9 @@ class KVSizeOption : public KVBooleanOption<Preset> {
 
   private:
     static const KVSizeRestrictedPreset &_of(const Preset &preset) {
-        const auto *restricted = dynamic_cast<const KVSizeRestrictedPreset *>(&preset);
-        if (!restricted) KVFatalError("A size option needs a KVSizeRestrictedPreset.");
-        return *restricted;
+        return KVPresetAs<const KVSizeRestrictedPreset>(preset);
     }
-    static KVSizeRestrictedPreset &_of(Preset &preset) {
-        return const_cast<KVSizeRestrictedPreset &>(_of(std::as_const(preset)));
-    }
+    static KVSizeRestrictedPreset &_of(Preset &preset) { return KVPresetAs<KVSizeRestrictedPreset>(preset); }
 
     std::shared_ptr<KVOptionRoot> _side(const char *label, qint64 (KVSizeRestrictedPreset::*get)() const,
                                         void (KVSizeRestrictedPreset::*set)(qint64)) const {
