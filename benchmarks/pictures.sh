@@ -11,15 +11,14 @@ ffmpeg -y -nostdin -loglevel error -f lavfi -i mandelbrot=size=4000x3000:rate=1 
 for i in $(seq 1 59); do cp "$work/in/00.jpg" "$work/in/$(printf %02d "$i").jpg"; done
 half=(--set ZRHasPercentageScaling=true --set ZRPercentageScaling=50)
 jobs=$(nproc)
-best() { awk -v a="$1" -v b="$2" 'BEGIN { print (a < b ? a : b) }'; }
 
 best_ours=9999 best_theirs=9999 highest=0
 for _ in 1 2 3; do
     rm -f "$work"/ours/* "$work"/theirs/*
     measure "$bin/kalvoractl" convert --preset JPEG "${half[@]}" --to "$work/ours" "$work/in"
-    best_ours=$(best "$wall" "$best_ours") highest=$((peak > highest ? peak : highest))
+    best_ours=$(smaller "$wall" "$best_ours") highest=$((peak > highest ? peak : highest))
     measure sh -c "ls $work/in/*.jpg | xargs -P $jobs -n $(((60 + jobs - 1) / jobs)) vipsthumbnail --size 2000x1500 -o '$work/theirs/%s.jpg[Q=95]'"
-    best_theirs=$(best "$wall" "$best_theirs")
+    best_theirs=$(smaller "$wall" "$best_theirs")
 done
 [ "$(ls "$work/ours" | wc -l)" = 60 ] && [ "$(ls "$work/theirs" | wc -l)" = 60 ]
 cp -r "$work/in" "$work/mogrified"

@@ -3,30 +3,16 @@
 # A script stands in for the tool: it answers probes at once and "converts" nothing.
 . "$(dirname "$0")/common.sh"
 
-cat >"$work/tool" <<'TOOL'
-#!/bin/sh
-case "$*" in
-*"-h full"*) exec /usr/bin/ffmpeg -hide_banner -h full ;;
-"-i "*) printf '  Duration: 00:00:20.00, start: 0.000000, bitrate: 1411 kb/s\n  Stream #0:0: Audio: pcm_s16le ([1][0][0][0] / 0x0001), 44100 Hz, 2 channels, s16, 1411 kb/s\n' >&2; exit 1 ;;
-esac
-TOOL
-program_with_tool "$work/program" "$work/tool"
+program_with_stand_in "$work/program" </dev/null
 
 mkdir "$work/in" "$work/out"
 for i in $(seq 10000); do : >"$work/in/$i.wav"; done
 measure "$work/program/bin/kalvoractl" convert --preset MP3 --to "$work/out" "$work/in"
 memory=$(awk -v k="$peak" 'BEGIN { printf "%.0f", k / 1000 * 1.024 }')
 
-cat >"$work/tool" <<'TOOL'
-#!/bin/sh
-case "$*" in
-*"-h full"*) exec /usr/bin/ffmpeg -hide_banner -h full ;;
-*videotoolbox*) exit 1 ;;
-esac
-date +%s%N >>"${0%/*}/started"
-printf '  Duration: 00:00:20.00, start: 0.000000, bitrate: 1411 kb/s\n  Stream #0:0: Audio: pcm_s16le ([1][0][0][0] / 0x0001), 44100 Hz, 2 channels, s16, 1411 kb/s\n' >&2
+program_with_stand_in "$work/program" <<'TOOL'
+started() { date +%s%N >>"${0%/*}/started"; }
 TOOL
-program_with_tool "$work/program" "$work/tool"
 started=$work/program/share/kalvora/resources/started
 best=999999
 for _ in 1 2 3 4 5; do
