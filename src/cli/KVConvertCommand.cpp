@@ -61,6 +61,10 @@ KVExitStatus KVConvertCommand::_convert(const KVConversionRequest &request, cons
     KVCleanTempDirectory();
 
     if (words.isSet("json")) writeJSON(run->report());
+    if (!run->haveWorkersEnded()) {
+        _console.flushResults();
+        signals.endSuddenly();
+    }
     if (const auto signal = signals.signal()) return static_cast<KVExitStatus>(128 + *signal);
     const bool isEverythingDone = hasDestination && run->isEverythingDone();
     return isEverythingDone ? KVExitStatus::success : KVExitStatus::failure;

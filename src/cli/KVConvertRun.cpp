@@ -72,7 +72,7 @@ void KVConvertRun::run() {
 void KVConvertRun::cancel() {
     _isCancelled = true;
     _intake.cancelLoading();
-    KVConversionQueue::cancelAllAndWait(secondsForCancelling);
+    _haveWorkersEnded = KVConversionQueue::cancelAllAndWait(secondsForCancelling);
     _runningQueues.clear();
 }
 

@@ -35,6 +35,8 @@ class KVConvertRun : public KVConversionQueueDelegate, public std::enable_shared
 
     bool isEverythingDone() const;
     /// Nothing was queued and nothing refused.
+    /// False where work did not let itself be ended in time.
+    bool haveWorkersEnded() const { return _haveWorkersEnded; }
     bool hadNothingToDo() const { return _rows.empty() && _refusals.empty(); }
     /// One object for each conversion in queue order, then one for each refused input.
     QJsonArray report() const;
@@ -84,6 +86,7 @@ class KVConvertRun : public KVConversionQueueDelegate, public std::enable_shared
     bool _hasFolders = false;
     bool _isStitched = false;
     bool _isCancelled = false;
+    bool _haveWorkersEnded = true;
 
     std::mutex _mutex; ///< Guards what follows; other threads use it.
     std::map<const KVMediaFile *, KVConversionError> _errors;

@@ -7,7 +7,7 @@
 #include "kvcore/KVMainThread.h"
 #include "platform/KVFileManager.h"
 #include "util/KVThreadCount.h"
-#include "video_info/media_file/KVMediaFile.h"
+#include "video_info/media_file/KVPictureFile.h"
 
 #include <QJsonArray>
 
@@ -36,7 +36,10 @@ Result probe(const KVCommandArgument &argument, const QUrl &url) {
         if (KVFileManager::isDirectory(videoFolder)) return KVMediaFile::mediaFile(videoFolder);
         return refusal(QStringLiteral("This is a folder."));
     }
-    return KVFileIntake::readFile(url);
+    const Result file = KVFileIntake::readFile(url);
+    const auto *picture = file ? dynamic_cast<const KVPictureFile *>(file->get()) : nullptr;
+    if (picture && picture->readingError) return refusal(picture->readingError->reason);
+    return file;
 }
 
 /// Looks at all files, several at a time, and hands the results over in the order of the files, on the main

@@ -67,8 +67,11 @@ void KVSignalWatcher::_run() {
     do
         next = ::sigtimedwait(&signals, nullptr, &timeForOrderlyEnd);
     while (next < 0 && errno == EINTR);
-    if (_isEnding) return;
+    if (!_isEnding) endSuddenly();
+}
+
+void KVSignalWatcher::endSuddenly() const {
     _beforeSuddenEnd();
     constexpr int signalOffset = 128;
-    ::_exit(signalOffset + received);
+    ::_exit(signalOffset + _signal);
 }

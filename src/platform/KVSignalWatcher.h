@@ -20,6 +20,9 @@ class KVSignalWatcher {
     KVSignalWatcher(const KVSignalWatcher &) = delete;
     KVSignalWatcher &operator=(const KVSignalWatcher &) = delete;
 
+    /// Ends the process as a second signal would: for work that does not let itself be ended.
+    [[noreturn]] void endSuddenly() const;
+
     /// The first signal that came.
     std::optional<int> signal() const;
 

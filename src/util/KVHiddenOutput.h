@@ -28,6 +28,11 @@ class KVHiddenOutput {
     qint64 read(void *data, qint64 size) const;
     qint64 seek(qint64 offset, int whence) const;
 
+    /// Forgets what has been written.
+    bool restart();
+    /// Lets every later write fail. Any thread, also while another one writes.
+    void cancel() { _isCancelled = true; }
+
     /// `errno` of the first write that failed, 0 as long as none has.
     int writeError() const { return _writeError; }
 
@@ -47,4 +52,5 @@ class KVHiddenOutput {
     KVFileDescriptor _file;
     QString _hiddenPath; ///< Empty for a file without a name.
     std::atomic<int> _writeError = 0;
+    std::atomic<bool> _isCancelled = false;
 };

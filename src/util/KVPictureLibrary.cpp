@@ -2,6 +2,7 @@
 
 #include "kvcore/KVFatalError.h"
 #include "kvcore/KVLog.h"
+#include "util/picture/KVPictureAttempt.h"
 #include "util/picture/KVPictureSource.h"
 
 #include <vips/vips8>
@@ -9,11 +10,14 @@
 #include <algorithm>
 #include <memory>
 #include <mutex>
+#include <utility>
 
 namespace {
 
 void writeToLog(const gchar *, GLogLevelFlags, const gchar *message, gpointer) {
-    KVLog("Image library: " + QString::fromUtf8(message));
+    const QString text = QString::fromUtf8(message);
+    KVLog("Image library: " + text);
+    KVPictureAttempt::noteWarning(text);
 }
 
 void start() {
@@ -25,12 +29,19 @@ void start() {
                       writeToLog, nullptr);
 }
 
-/// The opened picture; nothing, and a log line, where it cannot be read.
-std::optional<KVPictureSource> sourceAt(const QString &path) {
+/// The opened picture, or a log line.
+KVResult<KVPictureSource> sourceAt(const QString &path) {
     auto source = KVPictureSource::open(path);
-    if (source) return *source;
-    KVLog("Could not read picture " + path + " - " + source.error().reason);
-    return std::nullopt;
+    if (!source) KVLog("Could not read picture " + path + " - " + source.error().reason);
+    return source;
+}
+
+/// The opened picture in little.
+vips::VImage reduced(const KVPictureSource &source, int longestSide) {
+    const KVSize size = source.uprightSize();
+    const auto picture = source.imageToShrink(std::max(size.width, size.height) / longestSide);
+    return picture.thumbnail_image(
+        longestSide, vips::VImage::option()->set("height", longestSide)->set("size", VIPS_SIZE_DOWN));
 }
 
 QImage imageOf(vips::VImage picture) {
@@ -56,9 +67,9 @@ QString KVPictureLibrary::takeErrorText() {
     return QString::fromUtf8(text.get()).simplified();
 }
 
-std::optional<KVPictureLibrary::Header> KVPictureLibrary::header(const QString &path) {
+KVResult<KVPictureLibrary::Header> KVPictureLibrary::header(const QString &path) {
     const auto source = sourceAt(path);
-    if (!source) return std::nullopt;
+    if (!source) return tl::unexpected(source.error());
     const KVSize size = source->uprightSize();
     return Header{static_cast<int>(size.width), static_cast<int>(size.height), source->numberOfPages()};
 }
@@ -66,13 +77,11 @@ std::optional<KVPictureLibrary::Header> KVPictureLibrary::header(const QString &
 std::optional<QImage> KVPictureLibrary::reducedImage(const QString &path, int longestSide) {
     const auto source = sourceAt(path);
     if (!source) return std::nullopt;
-    const KVSize size = source->uprightSize();
-    try {
-        const auto picture = source->imageToShrink(std::max(size.width, size.height) / longestSide);
-        return imageOf(picture.thumbnail_image(
-            longestSide, vips::VImage::option()->set("height", longestSide)->set("size", VIPS_SIZE_DOWN)));
-    } catch (const vips::VError &) {
-        KVLog("Could not read picture " + path + " - " + takeErrorText());
-        return std::nullopt;
-    }
+    QImage image;
+    const auto failure = KVPictureAttempt::failure([&, isFirst = true]() mutable {
+        image = imageOf(reduced(std::exchange(isFirst, false) ? *source : source->openedAnew(), longestSide));
+    });
+    if (!failure) return image;
+    KVLog("Could not read picture " + path + " - " + *failure);
+    return std::nullopt;
 }

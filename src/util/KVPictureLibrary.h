@@ -1,5 +1,7 @@
 #pragma once
 
+#include "kvcore/KVError.h"
+
 #include <QImage>
 #include <QString>
 
@@ -23,8 +25,8 @@ struct Header {
     int numberOfPages = 1; ///< Frames of an animation, pages of a document.
 };
 
-/// Reads the header without decoding the picture; nothing where the file is no picture that can be read.
-std::optional<Header> header(const QString &path);
+/// Reads the header without decoding the picture. The reason of an error is in the user's language.
+KVResult<Header> header(const QString &path);
 
 /// The picture, made smaller until no side is longer than `longestSide` pixels; nothing where it cannot be
 /// read.

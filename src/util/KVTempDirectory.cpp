@@ -1,10 +1,10 @@
 #include "util/KVTempDirectory.h"
 
-#include "platform/KVFileHandle.h"
 #include "platform/KVFileManager.h"
 
 #include <QFile>
 
+#include <cstdlib>
 #include <mutex>
 #include <optional>
 
@@ -80,6 +80,13 @@ QUrl KVTempDirectoryURL() {
 
 QString KVTempDirectoryPath() {
     return KVTempDirectoryURL().toLocalFile();
+}
+
+KVFileDescriptor KVNamelessTempFile() {
+    QByteArray name = QFile::encodeName(KVTempDirectoryPath() + "/XXXXXX");
+    KVFileDescriptor file(::mkostemp(name.data(), O_CLOEXEC));
+    if (file.isValid()) ::unlink(name.constData());
+    return file;
 }
 
 void KVCleanTempDirectory() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "kvcore/KVFileDescriptor.h"
+
 #include <QString>
 #include <QUrl>
 
@@ -8,6 +10,10 @@
 /// system's folder. Any thread.
 QUrl KVTempDirectoryURL();
 QString KVTempDirectoryPath();
+
+/// A new file in the folder that has no name and so leaves nothing behind. Invalid, with `errno`, where there
+/// is no room for it.
+KVFileDescriptor KVNamelessTempFile();
 
 /// Empties the folder, ignoring what cannot be removed. Does nothing while another process uses it.
 void KVCleanTempDirectory();

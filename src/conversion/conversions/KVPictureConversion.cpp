@@ -32,7 +32,7 @@ bool KVPictureConversion::performTaskNumber(int) {
     }
 
     const auto converted = required<KVPicturePreset>(preset, "A picture conversion needs a picture preset!")
-                               ->convertPictureFile(file, *folder);
+                               ->convertPictureFile(file, *folder, _stop.get_token());
     setOutputURL(converted ? std::optional(*converted) : std::nullopt);
     if (converted)
         KVMainThread::syncOrNow(

@@ -2,16 +2,22 @@
 
 #include "conversion/conversions/KVConversion.h"
 
+#include <stop_token>
+
 /// Converts one still picture within the program: no child, no progress inside the one task, no pause. A
-/// cancel takes effect only before the task starts.
+/// cancel takes effect only before the task starts; at the end of the program the task ends as well.
 class KVPictureConversion : public KVConversion {
   public:
     using KVConversion::KVConversion;
 
     bool performTaskNumber(int number) override;
+    /// There is no child: ends the work in the program.
+    void killChildren() override { _stop.request_stop(); }
 
   private:
     std::optional<QUrl> _destinationFolder(const KVMediaFile &file) const;
     void _recordError(const std::shared_ptr<KVPreset> &preset, const QString &output,
                       const QString &reason) const;
+
+    std::stop_source _stop;
 };

@@ -9,13 +9,15 @@
 #include "presets/picture/KVPictureSettings.h"
 #include "presets/picture/KVPictureWriter.h"
 #include "util/KVHiddenOutput.h"
-#include "util/KVPictureLibrary.h"
 #include "util/KVThreadCount.h"
+#include "util/picture/KVPictureAttempt.h"
 #include "util/picture/KVPictureSource.h"
 #include "video_info/media_file/KVPictureFile.h"
 
 #include <algorithm>
 #include <atomic>
+#include <stdexcept>
+#include <utility>
 
 namespace {
 
@@ -37,10 +39,9 @@ class RunningPicture {
     static inline std::atomic<int> _count = 0;
 };
 
-/// Why the library could not go on.
-KVError unconvertible(const std::exception &error) {
-    KVPictureLibrary::takeErrorText();
-    const QString detail = QString::fromUtf8(error.what()).simplified();
+constexpr const char *cancelled = "It was cancelled.";
+
+KVError unconvertible(const QString &detail) {
     return {KVPictureErrorDomain,
             0,
             KVLocalizationCenter::localized("The picture cannot be converted: %@", {detail}),
@@ -65,7 +66,8 @@ KVImageFileType KVNSImageBasedPreset::imageFileType() const {
 }
 
 KVResult<QUrl> KVNSImageBasedPreset::convertPictureFile(const std::shared_ptr<KVPictureFile> &file,
-                                                        const QUrl &toURL) const {
+                                                        const QUrl &toURL,
+                                                        const std::stop_token &stop) const {
     const QString baseName =
         KVFileManager::deletingPathExtension(KVFileManager::lastPathComponent(file->url()));
     const auto pathAt = [&](int counter) {
@@ -79,7 +81,7 @@ KVResult<QUrl> KVNSImageBasedPreset::convertPictureFile(const std::shared_ptr<KV
 
     const auto output = KVHiddenOutput::create(toURL.toLocalFile());
     if (!output) return failedToWrite(pathAt(0), output.error());
-    if (const auto encoded = _encode(*source, pathAt(0), **output); !encoded)
+    if (const auto encoded = _encode(*source, pathAt(0), **output, stop); !encoded)
         return tl::unexpected(encoded.error());
     const auto path = (*output)->publish(pathAt);
     if (!path) return failedToWrite(pathAt(0), path.error());
@@ -87,23 +89,43 @@ KVResult<QUrl> KVNSImageBasedPreset::convertPictureFile(const std::shared_ptr<KV
 }
 
 KVResult<void> KVNSImageBasedPreset::_encode(const KVPictureSource &source, const QString &target,
-                                             KVHiddenOutput &output) const {
-    const KVPictureFormat &format = KVPictureWriter::format(imageFileType());
+                                             KVHiddenOutput &output, const std::stop_token &stop) const {
     const KVSize size = scaledSize(source.uprightSize());
-    if (!KVPictureSource::isWithinLimit(size) || std::max(size.width, size.height) > format.maximumSide)
+    const double maximumSide = KVPictureWriter::format(imageFileType()).maximumSide;
+    if (!KVPictureSource::isWithinLimit(size) || std::max(size.width, size.height) > maximumSide)
         return failed("Failed to get TIFF image representation.", KVPictureSource::tooLarge(size));
-    const RunningPicture running;
+
+    bool isFirst = true;
+    const auto attempt = [&] {
+        if (stop.stop_requested()) throw std::runtime_error(cancelled);
+        const bool isOnceMore = !std::exchange(isFirst, false);
+        if (isOnceMore) output.restart();
+        _write(isOnceMore ? source.openedAnew() : source, output, stop);
+    };
+    std::optional<QString> failure;
     try {
-        auto picture = KVPictureRendering::render(source, size, format);
-        picture.set(VIPS_META_CONCURRENCY, RunningPicture::threads());
-        KVPictureWriter::write(picture, imageFileType(), properties(), output);
-        return {};
+        failure = KVPictureAttempt::failure(attempt);
     } catch (const std::exception &error) {
-        const KVError reason = unconvertible(error);
-        if (const int writeError = output.writeError())
-            return failedToWrite(target, KVPOSIXError(target, writeError));
-        return failed("Failed to create data from bitmap image rep.", reason);
+        failure = QString::fromUtf8(error.what());
     }
+    if (!failure) return {};
+    if (stop.stop_requested()) failure = cancelled;
+    if (const int writeError = output.writeError())
+        return failedToWrite(target, KVPOSIXError(target, writeError));
+    return failed("Failed to create data from bitmap image rep.", unconvertible(*failure));
+}
+
+void KVNSImageBasedPreset::_write(const KVPictureSource &source, KVHiddenOutput &output,
+                                  const std::stop_token &stop) const {
+    const RunningPicture running;
+    auto picture = KVPictureRendering::render(source, scaledSize(source.uprightSize()),
+                                              KVPictureWriter::format(imageFileType()), stop);
+    picture.set(VIPS_META_CONCURRENCY, RunningPicture::threads());
+    const std::stop_callback end(stop, [&] {
+        vips_image_set_kill(picture.get_image(), TRUE);
+        output.cancel();
+    });
+    KVPictureWriter::write(picture, imageFileType(), properties(), output);
 }
 
 std::shared_ptr<KVSettingsBase> KVNSImageBasedPreset::settings() {

@@ -13,14 +13,16 @@ class KVNSImageBasedPreset : public KVPicturePreset {
     /// What the encoder is told, by the keys of KVImageFileType.h.
     virtual QVariantMap properties() const { return {}; }
 
-    KVResult<QUrl> convertPictureFile(const std::shared_ptr<KVPictureFile> &file,
-                                      const QUrl &toURL) const override;
+    KVResult<QUrl> convertPictureFile(const std::shared_ptr<KVPictureFile> &file, const QUrl &toURL,
+                                      const std::stop_token &stop) const override;
     std::shared_ptr<KVSettingsBase> settings() override;
 
   protected:
     KVNSImageBasedPreset() = default;
 
   private:
-    KVResult<void> _encode(const KVPictureSource &source, const QString &target,
-                           KVHiddenOutput &output) const;
+    KVResult<void> _encode(const KVPictureSource &source, const QString &target, KVHiddenOutput &output,
+                           const std::stop_token &stop) const;
+    /// Throws the library's errors.
+    void _write(const KVPictureSource &source, KVHiddenOutput &output, const std::stop_token &stop) const;
 };

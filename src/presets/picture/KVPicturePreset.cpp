@@ -2,8 +2,8 @@
 
 #include "kvcore/KVFatalError.h"
 
-KVResult<QUrl> KVPicturePreset::convertPictureFile(const std::shared_ptr<KVPictureFile> &,
-                                                   const QUrl &) const {
+KVResult<QUrl> KVPicturePreset::convertPictureFile(const std::shared_ptr<KVPictureFile> &, const QUrl &,
+                                                   const std::stop_token &) const {
     KVFatalError("convertPictureFile(_:toURL:)");
 }
 

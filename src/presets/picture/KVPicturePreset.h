@@ -7,6 +7,8 @@
 #include "presets/KVSizeRestrictedPreset.h"
 #include "util/KVSizeFitting.h"
 
+#include <stop_token>
+
 class KVPictureFile;
 
 /// Base of the presets that convert still pictures within the program. Decides the size of the result.
@@ -28,9 +30,9 @@ class KVPicturePreset : public KVPresetWithFields<KVPicturePreset, KVPreset>,
     void setScalingPercentage(qint64 percentage) override { _scalingPercentage = percentage; }
 
     /// Converts the file into a new one in the folder `toURL` and answers that, or why there is none; then
-    /// nothing is left behind. Blocks; any thread.
-    virtual KVResult<QUrl> convertPictureFile(const std::shared_ptr<KVPictureFile> &file,
-                                              const QUrl &toURL) const;
+    /// nothing is left behind. Blocks until it is done or, soon, `stop` is requested; any thread.
+    virtual KVResult<QUrl> convertPictureFile(const std::shared_ptr<KVPictureFile> &file, const QUrl &toURL,
+                                              const std::stop_token &stop) const;
 
     /// What becomes of a picture of this size: the percentage first, then the limits.
     KVSize scaledSize(const KVSize &size) const;

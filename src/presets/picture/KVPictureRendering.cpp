@@ -122,7 +122,8 @@ VImage inColoursOf(const KVPictureFormat &format, VImage picture) {
 }
 
 /// The picture with all its pixels at hand, in any order.
-VImage heldAtOnce(const VImage &picture) {
+VImage heldAtOnce(const VImage &picture, const std::stop_token &stop) {
+    const std::stop_callback end(stop, [&] { vips_image_set_kill(picture.get_image(), TRUE); });
     if (VIPS_IMAGE_SIZEOF_IMAGE(picture.get_image()) <= maximumBytesInMemory) return picture.copy_memory();
     QTemporaryFile file(KVTempDirectoryPath() + "/picture-XXXXXX.v");
     if (!file.open()) throw std::runtime_error(file.errorString().toStdString());
@@ -146,11 +147,11 @@ VImage withUprightXMP(VImage picture) {
     return picture;
 }
 
-VImage upright(const VImage &picture) {
+VImage upright(const VImage &picture, const std::stop_token &stop) {
     const int orientation = KVPictureSource::orientation(picture);
     if (orientation == 1) return picture;
     const bool isOnlyMirrored = orientation == 2; // row by row
-    return withUprightXMP((isOnlyMirrored ? picture : heldAtOnce(picture)).autorot());
+    return withUprightXMP((isOnlyMirrored ? picture : heldAtOnce(picture, stop)).autorot());
 }
 
 /// Without what was true of the source's file alone: its preview, its animation, its palette.
@@ -165,17 +166,17 @@ VImage withFittingMetadata(const VImage &picture) {
 } // namespace
 
 VImage KVPictureRendering::render(const KVPictureSource &source, const KVSize &uprightSize,
-                                  const KVPictureFormat &format) {
+                                  const KVPictureFormat &format, const std::stop_token &stop) {
     const bool isTurned = KVPictureSource::orientation(source.image()) >= 5;
     const int width = static_cast<int>(isTurned ? uprightSize.height : uprightSize.width);
     const int height = static_cast<int>(isTurned ? uprightSize.width : uprightSize.height);
     const double factor = std::min(static_cast<double>(source.image().width()) / width,
                                    static_cast<double>(source.image().height()) / height);
 
-    VImage picture = inKnownColours(source.imageToShrink(factor));
+    VImage picture = inKnownColours(source.imageToShrink(factor, stop));
     if (!format.holdsTransparency && picture.has_alpha()) picture = onWhite(picture);
     picture = scaled(picture, width, height);
     picture = inColoursOf(format, picture);
-    picture = upright(picture);
+    picture = upright(picture, stop);
     return withFittingMetadata(picture);
 }

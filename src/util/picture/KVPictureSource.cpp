@@ -5,13 +5,16 @@
 #include "util/KVPictureLibrary.h"
 #include "util/picture/KVBitmapFile.h"
 #include "util/picture/KVIconFile.h"
+#include "util/picture/KVJPEGFile.h"
 #include "util/picture/KVPhotoshopFile.h"
+#include "util/picture/KVPictureAttempt.h"
 #include "util/picture/KVTIFFFile.h"
 
 #include <QFile>
 
 #include <cerrno>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 
 using vips::VImage;
@@ -98,15 +101,16 @@ KVPictureSource::KVPictureSource(const QString &path)
 
 KVResult<KVPictureSource> KVPictureSource::open(const QString &path) {
     KVPictureLibrary::prepare();
+    std::optional<KVPictureSource> source;
     try {
-        const KVPictureSource source(path);
-        const KVSize size = source.uprightSize();
-        if (!isWithinLimit(size)) return tl::unexpected(tooLarge(size));
-        return source;
+        const auto failure = KVPictureAttempt::failure([&] { source = KVPictureSource(path); });
+        if (failure) return tl::unexpected(unreadable(*failure));
     } catch (const std::exception &error) {
-        KVPictureLibrary::takeErrorText();
         return tl::unexpected(unreadable(QString::fromUtf8(error.what()).simplified()));
     }
+    const KVSize size = source->uprightSize();
+    if (!isWithinLimit(size)) return tl::unexpected(tooLarge(size));
+    return *source;
 }
 
 bool KVPictureSource::isWithinLimit(const KVSize &size) {
@@ -132,10 +136,12 @@ int KVPictureSource::numberOfPages() const {
     return _image.get_typeof(VIPS_META_N_PAGES) ? _image.get_int(VIPS_META_N_PAGES) : 1;
 }
 
-VImage KVPictureSource::imageToShrink(double factor) const {
-    if (!_isJPEG || factor < 4) return _image;
-    const int shrink = factor >= 16 ? 8 : factor >= 8 ? 4 : 2;
-    return load(jpegLoader, sourceOf(_path), readingOptions()->set("shrink", shrink));
+VImage KVPictureSource::imageToShrink(double factor, const std::stop_token &stop) const {
+    const bool isTooLargeForMemory = _isJPEG && KVJPEGFile::needsMuchMemory(_image);
+    const int shrink = !_isJPEG ? 1 : factor >= 16 ? 8 : factor >= 8 ? 4 : factor >= 4 ? 2 : 1;
+    if (shrink == 1 && !isTooLargeForMemory) return _image;
+    const VSource source = isTooLargeForMemory ? KVJPEGFile::rowByRow(_path, stop) : sourceOf(_path);
+    return load(jpegLoader, source, readingOptions()->set("shrink", shrink));
 }
 
 int KVPictureSource::orientation(const VImage &image) {

@@ -5,6 +5,8 @@
 
 #include <vips/vips8>
 
+#include <stop_token>
+
 inline const QString KVPictureErrorDomain = QStringLiteral("KVPictureErrorDomain");
 
 /// A picture file that has been opened: its header is known, nothing is decoded. The kind is told by the
@@ -25,6 +27,9 @@ class KVPictureSource {
     /// "... is too large" for the size, in the user's language.
     static KVError tooLarge(const KVSize &size);
 
+    /// The same picture, to be read once more. Throws the library's errors.
+    KVPictureSource openedAnew() const { return KVPictureSource(_path); }
+
     /// Pixels, as the picture is looked at.
     KVSize uprightSize() const;
 
@@ -35,8 +40,9 @@ class KVPictureSource {
     const vips::VImage &image() const { return _image; }
 
     /// The same, already smaller where the reader can make it so at less cost. `factor` is by how much the
-    /// caller will shrink it; it leaves at least half of that to the caller's better filter.
-    vips::VImage imageToShrink(double factor) const;
+    /// caller will shrink it; it leaves at least half of that to the caller's better filter. Throws the
+    /// library's errors, also where `stop` is requested.
+    vips::VImage imageToShrink(double factor, const std::stop_token &stop = {}) const;
 
     /// From 1 to 8: how the stored picture is turned or mirrored.
     static int orientation(const vips::VImage &image);

@@ -5,7 +5,10 @@
 KVPictureFile::KVPictureFile(const QUrl &url)
     : KVMediaFile(url) {
     const auto header = KVPictureLibrary::header(url.toLocalFile());
-    if (!header) return;
+    if (!header) {
+        readingError = header.error();
+        return;
+    }
     height = header->height;
     width = header->width;
 }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "kvcore/KVError.h"
 #include "video_info/media_file/KVMediaFile.h"
+
+#include <optional>
 
 /// A still picture. The size is read without decoding the image.
 class KVPictureFile : public KVMediaFile {
@@ -9,6 +12,7 @@ class KVPictureFile : public KVMediaFile {
 
     double height = 0; ///< Pixels; 0 where the image cannot be read.
     double width = 0;
+    std::optional<KVError> readingError; ///< Why the image cannot be read, in the user's language.
 
     KVMediaFileType mediaFileType() const override { return KVMediaFileType::picture; }
 };

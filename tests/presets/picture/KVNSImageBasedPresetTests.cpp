@@ -204,6 +204,45 @@ TEST_F(KVNSImageBasedPresetTest, RefusesDamagedPicturesAndLeavesNothing) {
               "The picture is too large: 100000 x 100000 pixels, where 500 million pixels are the limit.");
 }
 
+TEST_F(KVNSImageBasedPresetTest, TellsEachFailureItsOwnReason) {
+    const QByteArray jpeg = read(save(noise(), path("whole.jpg"))),
+                     png = read(save(noise(), path("whole.png")));
+    write("cut.jpg", jpeg.first(jpeg.size() * 9 / 10));
+    write("cut.png", png.first(png.size() * 9 / 10));
+    write("empty.png", pngHeader(0, 0));
+    const auto preset = KVPreset::make<KVBMPPreset>();
+    std::map<QString, QString> alone;
+    for (const char *name : {"cut.jpg", "cut.png", "empty.png"})
+        alone[name] = failure(*preset, path(name));
+    EXPECT_EQ(alone["empty.png"], "The picture cannot be read: Image width is zero in IHDR");
+    EXPECT_NE(alone["cut.jpg"], alone["cut.png"]);
+
+    std::vector<std::thread> workers;
+    for (int i = 0; i < 4; i++)
+        for (const auto &[name, reason] : alone)
+            workers.emplace_back([&] {
+                for (int round = 0; round < 10; round++)
+                    EXPECT_EQ(failure(*preset, path(name)), reason);
+            });
+    for (auto &worker : workers)
+        worker.join();
+    EXPECT_EQ(outputNames(), QStringList());
+}
+
+TEST_F(KVNSImageBasedPresetTest, EndsSoonWhereItIsStopped) {
+    KVPNGPreset png;
+    png.hasPercentageScaling = true;
+    png.setScalingPercentage(1900);
+    const QString source = save(noise(), path("noise.png")); // 14 million pixels of noise take a while
+    std::thread ending([this] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(30));
+        stop.request_stop();
+    });
+    EXPECT_EQ(failure(png, source), "The picture cannot be converted: It was cancelled.");
+    ending.join();
+    EXPECT_EQ(outputNames(), QStringList());
+}
+
 TEST_F(KVNSImageBasedPresetTest, RefusesToMakeAPictureBeyondTheLimit) {
     KVPNGPreset png;
     png.hasPercentageScaling = true;

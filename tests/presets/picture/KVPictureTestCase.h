@@ -18,7 +18,7 @@ class KVPictureTestCase : public KVTestCase {
 
     KVResult<QUrl> convert(const KVPicturePreset &preset, const QString &source) const {
         const auto file = std::make_shared<KVPictureFile>(QUrl::fromLocalFile(source));
-        return preset.convertPictureFile(file, url("out"));
+        return preset.convertPictureFile(file, url("out"), stop.get_token());
     }
 
     /// The new file's path.
@@ -39,6 +39,8 @@ class KVPictureTestCase : public KVTestCase {
         EXPECT_FALSE(output) << source.toStdString();
         return output ? QString() : output.error().reason;
     }
+
+    std::stop_source stop;
 
     QStringList outputNames() const {
         return QDir(path("out"))

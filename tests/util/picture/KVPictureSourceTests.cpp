@@ -173,3 +173,22 @@ TEST_F(KVPictureSourceTest, RefusesAPipeInsteadOfWaitingForIt) {
     ASSERT_EQ(::mkfifo(path("pipe.png").toUtf8().constData(), 0600), 0);
     EXPECT_EQ(reason(path("pipe.png")), "The picture cannot be read: This is no regular file.");
 }
+
+TEST_F(KVPictureSourceTest, ReadsLargeProgressivePicturesRowByRow) {
+    // 32 million pixels, most of them empty
+    VImage picture = fields(64, 48).embed(0, 0, 8000, 4000);
+    vips_image_set_blob_copy(picture.get_image(), VIPS_META_XMP_NAME, "<x/>", 4);
+    const QString source = save(picture, path("large.jpg"), VImage::option()->set("interlace", true));
+    const VImage read = KVPictureSource::open(source)->imageToShrink(1);
+    EXPECT_FALSE(read.get_typeof("interlaced"));
+    EXPECT_TRUE(read.get_typeof(VIPS_META_XMP_NAME));
+    EXPECT_EQ((read - load(source)).abs().max(), 0);
+    EXPECT_EQ(KVPictureSource::open(source)->imageToShrink(8).width(), 2000);
+
+    const QByteArray content = KVTestCase::read(source);
+    const auto cut = KVPictureSource::open(write("cut.jpg", content.first(content.size() / 2)));
+    EXPECT_THROW((void)cut->imageToShrink(1), std::runtime_error);
+    std::stop_source stop;
+    stop.request_stop();
+    EXPECT_THROW((void)KVPictureSource::open(source)->imageToShrink(1, stop.get_token()), std::runtime_error);
+}
