@@ -164,7 +164,7 @@ KVResult<bool> KVFileIntake::_addFiles(const QUrl &folder, int depth, Walk &walk
             isAnyAdded |= _addMember(member);
             continue;
         }
-        const auto isAnyAddedInside = _addFiles(member, depth + 1, walk);
+        auto isAnyAddedInside = _addFiles(member, depth + 1, walk);
         if (!isAnyAddedInside) return isAnyAddedInside;
         isAnyAdded |= *isAnyAddedInside;
     }

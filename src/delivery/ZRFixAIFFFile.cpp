@@ -141,7 +141,7 @@ bool copyFrames(SNDFILE *output, SNDFILE *input, int channels, int inputSubforma
 } // namespace
 
 std::optional<QUrl> ZRFixAIFFFile(const QUrl &url) {
-    const auto destination = askForDestination(url);
+    auto destination = askForDestination(url);
     if (!destination) return std::nullopt;
     const QString path = destination->toLocalFile();
 

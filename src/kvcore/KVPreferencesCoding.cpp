@@ -129,7 +129,7 @@ bool isNormalized(const QVariant &value) {
 QVariant fromJSON(const QJsonValue &value) {
     if (value.isArray()) {
         QVariantList list;
-        for (const QJsonValue &entry : value.toArray())
+        for (const auto &entry : value.toArray())
             list.append(fromJSON(entry));
         return list;
     }
@@ -137,7 +137,7 @@ QVariant fromJSON(const QJsonValue &value) {
 
     const QJsonObject object = value.toObject();
     if (object.size() == 1) {
-        const QVariant content = taggedFromJSON(object.begin().key(), object.begin().value());
+        QVariant content = taggedFromJSON(object.begin().key(), object.begin().value());
         if (content.isValid()) return content;
     }
     return dictionaryFromJSON(object);

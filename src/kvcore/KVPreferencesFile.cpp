@@ -138,7 +138,7 @@ QString KVPreferencesFile::replace(const QVariantMap &values) {
         struct stat status = {};
         if (!isWritten || ::fstat(file.get(), &status) != 0 ||
             ::rename(temporary.constData(), QFile::encodeName(target).constData()) != 0) {
-            const QString problem = problemWith(target);
+            QString problem = problemWith(target);
             ::unlink(temporary.constData());
             return problem;
         }

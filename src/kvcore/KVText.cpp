@@ -131,7 +131,7 @@ QString KVText::shellQuoted(const QString &text) {
 namespace {
 
 /// Conversions from double truncate toward zero.
-qint64 wholeNumber(const QVariant &value) {
+qint64 truncatedNumber(const QVariant &value) {
     const int type = value.typeId();
     if (type != QMetaType::Double && type != QMetaType::Float) return value.toLongLong();
     const double number = value.toDouble();
@@ -158,7 +158,7 @@ QString converted(const QRegularExpressionMatch &conversion, const QVariant &arg
         return padded(QString::number(argument.toDouble(), 'f', precision.isNull() ? 6 : precision.toInt()),
                       width);
     }
-    return padded(QString::number(wholeNumber(argument)), width);
+    return padded(QString::number(truncatedNumber(argument)), width);
 }
 
 } // namespace

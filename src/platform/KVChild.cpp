@@ -131,7 +131,7 @@ KVResult<std::shared_ptr<KVChild>> KVChild::start(const KVChildPlan &plan) {
                      ::getpid(),
                      0};
 
-    constexpr size_t stackSize = 64 * 1024;
+    constexpr size_t stackSize = size_t{64} * 1024;
     const auto stack = std::make_unique_for_overwrite<std::byte[]>(stackSize);
     int pidFD = -1;
     int process = -1;

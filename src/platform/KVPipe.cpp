@@ -36,7 +36,7 @@ QByteArray KVPipe::read() const {
     const auto child = _childForReading();
     if (!child || !_waitForBytes(*child)) return {};
 
-    constexpr qsizetype mostBytes = 64 * 1024;
+    constexpr qsizetype mostBytes = qsizetype{64} * 1024;
     QByteArray bytes(mostBytes, Qt::Uninitialized);
     ssize_t count = -1;
     while ((count = ::read(_readEnd.get(), bytes.data(), mostBytes)) < 0 && errno == EINTR) {

@@ -131,7 +131,7 @@ QString KVPreset::description() const {
 
 std::shared_ptr<KVPreset> KVPreset::fromDictionary(const KVPresetClass &presetClass,
                                                    const QVariantMap &dictionary) {
-    const auto preset = presetClass.make();
+    auto preset = presetClass.make();
     if (const auto name = KVStoredValue::text(dictionary.value("ZRPresetName"))) preset->name = *name;
     preset->loadFromDictionary(dictionary);
     return preset;

@@ -48,7 +48,7 @@ class KVPreset : public std::enable_shared_from_this<KVPreset> {
     /// A new instance of a concrete class, with its default name. The only way to make one.
     template <class Preset>
     static std::shared_ptr<Preset> make() {
-        const auto preset = std::make_shared<Preset>();
+        auto preset = std::make_shared<Preset>();
         preset->name = preset->defaultName();
         return preset;
     }

@@ -89,7 +89,7 @@ std::shared_ptr<KVPreset> KVPresetRegistry::presetNamed(const QString &name) {
 std::shared_ptr<KVPreset> KVPresetRegistry::defaultPreset(KVMediaFileType type) {
     const auto lastUsed = KVStoredValue::text(KVPreferences::shared().value(Keys::lastUsedPreset(type)));
     if (lastUsed)
-        if (const auto preset = presetNamed(*lastUsed)) return preset;
+        if (auto preset = presetNamed(*lastUsed)) return preset;
     return presetNamed(standardPresetName(type));
 }
 

@@ -36,7 +36,7 @@ KVConversionQueue::~KVConversionQueue() = default;
 std::shared_ptr<KVConversion>
 KVConversionQueue::createConversion(const std::shared_ptr<KVMediaFile> &file,
                                     const std::shared_ptr<KVPreset> &customPreset, bool addToQueue) {
-    const auto conversion = KVConversion::conversionWithMediaFile(file);
+    auto conversion = KVConversion::conversionWithMediaFile(file);
     conversion->setCustomPreset(customPreset);
     for (const auto &delegate : conversion->delegates().allValues())
         delegate->conversionDidChangePreset(conversion);

@@ -35,6 +35,7 @@ std::shared_ptr<KVConversionQueue> KVConversionQueue::queue(KVMediaFileType type
 
 std::vector<std::shared_ptr<KVConversionQueue>> KVConversionQueue::allQueues() {
     std::vector<std::shared_ptr<KVConversionQueue>> all;
+    all.reserve(std::size(KVMediaFileTypes::allTypes));
     for (const auto type : KVMediaFileTypes::allTypes)
         all.push_back(queue(type));
     return all;

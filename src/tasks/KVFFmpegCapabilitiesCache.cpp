@@ -53,9 +53,9 @@ QJsonArray sorted(const QSet<QString> &names) {
     return QJsonArray::fromStringList(list);
 }
 
-QSet<QString> names(const QJsonValue &array) {
+QSet<QString> nameSet(const QJsonValue &array) {
     QSet<QString> names;
-    for (const QJsonValue &name : array.toArray())
+    for (const auto &name : array.toArray())
         if (name.isString()) names.insert(name.toString());
     return names;
 }
@@ -106,7 +106,7 @@ KVFFmpegCapabilities KVFFmpegCapabilitiesCache::_ask(const Tool &tool) {
     for (QByteArray part = output->availableData(); !part.isEmpty(); part = output->availableData())
         help += part;
     process.waitUntilExit();
-    const auto capabilities = KVFFmpegCapabilities::fromHelp(QString::fromUtf8(help));
+    auto capabilities = KVFFmpegCapabilities::fromHelp(QString::fromUtf8(help));
     KVLog(QStringLiteral("%1 lists %2 options").arg(tool.path).arg(capabilities.options.size()));
     return capabilities;
 }
@@ -118,7 +118,7 @@ std::optional<KVFFmpegCapabilities> KVFFmpegCapabilitiesCache::_read(const Tool 
     // The numbers are kept as texts: nanoseconds do not fit into a JSON number.
     const Tool keptTool{kept["path"].toString(), kept["size"].toString().toLongLong(),
                         kept["modified"].toString().toLongLong()};
-    const KVFFmpegCapabilities capabilities{names(kept["options"]), names(kept["codecOptions"])};
+    KVFFmpegCapabilities capabilities{nameSet(kept["options"]), nameSet(kept["codecOptions"])};
     if (keptTool != tool || capabilities.options.isEmpty() || capabilities.codecOptions.isEmpty())
         return std::nullopt;
     return capabilities;

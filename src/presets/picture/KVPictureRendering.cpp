@@ -15,7 +15,7 @@ using vips::VImage;
 namespace {
 
 /// What has to be held at once is held in memory up to this size, beyond on disc.
-constexpr std::uint64_t maximumBytesInMemory = 64 * 1024 * 1024;
+constexpr std::uint64_t maximumBytesInMemory = std::uint64_t{64} * 1024 * 1024;
 
 bool has16Bits(const VImage &picture) {
     return picture.format() == VIPS_FORMAT_USHORT;

@@ -97,7 +97,7 @@ void readPalette(Header &header, const Bytes &bytes, qint64 headerSize) {
     const qint64 possible = qint64{1} << header.bitsPerPixel;
     const qint64 used = isCore ? possible : bytes.at<quint32>(fileHeaderSize + 32);
     const qint64 count = used > 0 && used < possible ? used : possible;
-    header.palette.fill('\0', 3 * 256); // indexes beyond the palette are black
+    header.palette.fill('\0', qint64{3} * 256); // indexes beyond the palette are black
     for (qint64 entry = 0; entry < count; entry++)
         for (qint64 i = 0; i < 3; i++)
             header.palette[3 * entry + i] =
@@ -122,7 +122,7 @@ void check(const Header &header, qint64 fileSize) {
 
 /// Nothing for a compressed bitmap.
 std::optional<Header> readHeader(QFile &file) {
-    const Bytes bytes(file.peek(fileHeaderSize + profileHeaderSize + 4 * 256));
+    const Bytes bytes(file.peek(fileHeaderSize + profileHeaderSize + qint64{4} * 256));
     const qint64 headerSize = bytes.at<quint32>(fileHeaderSize);
     Header header;
     header.pixelOffset = bytes.at<quint32>(10);
@@ -179,11 +179,11 @@ class Rows {
     bool isReady() const { return _isReady; }
 
   private:
-    void _decodePixel(const uchar *row, int x, uchar *to) const {
+    void _decodePixel(const uchar *row, qint64 x, uchar *to) const {
         const int bits = _header.bitsPerPixel;
         if (bits <= 8) {
-            const int place = x * bits;
-            const int index = row[place / 8] >> (8 - bits - place % 8) & ((1 << bits) - 1);
+            const qint64 place = x * bits;
+            const qint64 index = row[place / 8] >> (8 - bits - place % 8) & ((1 << bits) - 1);
             _copyReversed(reinterpret_cast<const uchar *>(_header.palette.constData()) + 3 * index, to);
         } else if (bits == 24) {
             _copyReversed(row + 3 * x, to);

@@ -48,6 +48,8 @@ qint64 KVMPEG2Preset::maxWidth() const {
 
 /// The part of the raster that the picture fills; the filter pads the rest.
 KVSize KVMPEG2Preset::size(const KVVideoFile &file) const {
+    // Not fitted into any limits, so not what the direct base answers.
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
     if (allowsArbitrarySizes() || !file.selectedVideoTrack) return KVVideoPreset::size(file);
     constexpr double widestOfFourByThree = 1.5990000000000002;
 
