@@ -37,11 +37,10 @@ if [ $# -eq 0 ]; then
     mapfile -t files < <(git ls-files 'src/*.cpp')
     set -- "${files[@]}"
 fi
-# Every preset class has its fields(), so that a batch takes one of them.
-{ grep -c '&fields() {' /dev/null "$@" || true; } | sed 1d | awk -F: -v batches="$batches" '
-    { folder = $1; sub("/[^/]*$", "", folder) }
-    folder != last || count == 12 || fields + $2 > 1 { ++batch; count = fields = 0; last = folder }
-    { ++count; fields += $2; print $1 > sprintf("%s/%03d", batches, batch) }'
+printf '%s\n' "$@" | awk -v batches="$batches" '
+    { folder = $0; sub("/[^/]*$", "", folder) }
+    folder != last || count == 12 { ++batch; count = 0; last = folder }
+    { ++count; print > sprintf("%s/%03d", batches, batch) }'
 export root
 export -f tidy tidy_batch
 printf '%s\n' "$batches"/* | xargs -P "$(nproc)" -I{} bash -c 'tidy_batch {}'
