@@ -8,14 +8,15 @@
 
 namespace {
 
-/// What a tool prints at its end whatever happened, how it shows its progress, and what only follows from an
-/// error that it has told before.
+/// What a tool prints at its end whatever happened, how it shows its progress, what only follows from an
+/// error that it has told before, and the name of a part of the tool whose message came a moment later.
 const KVRegex &emptyPhrase() {
     static const KVRegex expression(QStringLiteral(
         "^(Conversion failed!|Exiting normally.*|(frame|size)=.*|video:.*audio:.*|unknown|Error while \\w+ "
         ".*stream.*|"
         "\\[q\\] command.*|Press \\[q\\].*|Qavg: .*|\\d+ frames left in the queue on closing|"
-        "Error reinitializing filters!|Failed to inject frame .*|Failed to configure input pad .*)$"));
+        "Error reinitializing filters!|Failed to inject frame .*|Failed to configure input pad .*|"
+        "Error marking filters as finished|\\[[^\\]]* @ 0x[0-9a-f]+\\])$"));
     return expression;
 }
 

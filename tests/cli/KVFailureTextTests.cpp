@@ -26,6 +26,12 @@ TEST(KVFailureTextTest, TellsTheCauseAndNotWhatFollowsFromIt) {
          "\nunknown\n\nConversion "
          "failed!\n",
          "/a.avi: Invalid data found"},
+        {"[Parsed_crop_0 @ 0x1f]\nInvalid too big or non positive size\n[Parsed_crop_0 @ 0x1f]\n"
+         "Failed to configure input pad on Parsed_crop_0\nConversion failed!",
+         "Invalid too big or non positive size"},
+        {"Cannot determine format of input stream 0:0 after EOF\nError marking filters as finished\n"
+         "[aac @ 0x3] \nQavg: 1.5\nConversion failed!",
+         "Cannot determine format of input stream 0:0 after EOF"},
         {"", "The conversion failed."},
     };
     for (const Row &row : rows) {

@@ -6,6 +6,8 @@
 #include "presets/settings/KVSettingsWithOptions.h"
 #include "video_info/media_file/KVVideoFile.h"
 
+#include <limits>
+
 namespace {
 
 QString joined(const char *filter, std::initializer_list<qint64> numbers) {
@@ -13,6 +15,13 @@ QString joined(const char *filter, std::initializer_list<qint64> numbers) {
     for (const qint64 number : numbers)
         texts << QString::number(number);
     return QLatin1String(filter) + "=" + texts.join(":");
+}
+
+/// Fields that nobody could have meant stay at the end of the numbers.
+qint64 difference(qint64 from, qint64 what) {
+    qint64 result = 0;
+    if (!__builtin_sub_overflow(from, what, &result)) return result;
+    return what < 0 ? std::numeric_limits<qint64>::max() : std::numeric_limits<qint64>::min();
 }
 
 } // namespace
@@ -37,9 +46,10 @@ QStringList KVCropPreset::_pictureArguments(const KVVideoTrack &track) const {
 
 QString KVCropPreset::_filter(const KVVideoTrack &track) const {
     if (width > track.width && height > track.height)
-        return joined("pad", {width, height, (width - track.width) / 2, (height - track.height) / 2});
-    return joined(
-        "crop", {qMin(width, track.width - xOffset), qMin(height, track.height - yOffset), xOffset, yOffset});
+        return joined(
+            "pad", {width, height, difference(width, track.width) / 2, difference(height, track.height) / 2});
+    return joined("crop", {qMin(width, difference(track.width, xOffset)),
+                           qMin(height, difference(track.height, yOffset)), xOffset, yOffset});
 }
 
 QString KVCropPreset::defaultName() const {
