@@ -7,8 +7,11 @@
 #include "kvcore/KVLocalizationCenter.h"
 #include "platform/KVFileManager.h"
 #include "platform/KVUserQuestions.h"
+#include "presets/video/base/KVSubtitlesFile.h"
 #include "util/KVPreferenceKeys.h"
 #include "video_info/media_file/KVVideoFile.h"
+
+#include <QFile>
 
 #include <iconv.h>
 
@@ -28,6 +31,21 @@ std::optional<QUrl> askForDestination(KVMediaFileType type) {
                                                     {KVMediaFileTypes::localizedName(type)});
     const QList<QUrl> chosen = KVUserQuestion::runModalOnMainThread(panel);
     return chosen.isEmpty() ? std::nullopt : std::optional(chosen.first());
+}
+
+/// Subtitles that nobody can read would be left out without a word.
+std::optional<QString> objectionTo(const QUrl &subtitles, const QString &encoding) {
+    QFile file(subtitles.toLocalFile());
+    if (KVFileManager::isDirectory(subtitles) || !file.open(QIODevice::ReadOnly))
+        return QStringLiteral("The subtitles file %1 cannot be read.").arg(file.fileName());
+    const auto text = KVSubtitlesFile::decoded(file.readAll(), encoding);
+    if (!text)
+        return QStringLiteral("The subtitles file %1 is not in the encoding %2; --subtitles-encoding names "
+                              "another one.")
+            .arg(file.fileName(), encoding);
+    if (QString(*text).remove(QChar::ByteOrderMark).trimmed().isEmpty())
+        return QStringLiteral("The subtitles file %1 is empty.").arg(file.fileName());
+    return std::nullopt;
 }
 
 } // namespace
@@ -83,13 +101,9 @@ std::optional<QString> KVConversionRequest::prepareFirstFile(KVMediaFile &file) 
     if (!subtitles && subtitlesEncoding.isEmpty()) return std::nullopt;
     auto *video = dynamic_cast<KVVideoFile *>(&file);
     if (!video) return QStringLiteral("Only a video can have subtitles.");
-    if (subtitles) {
-        if (KVFileManager::isDirectory(*subtitles) || !KVFileManager::isReadable(*subtitles))
-            return QStringLiteral("The subtitles file %1 cannot be read.").arg(subtitles->toLocalFile());
-        video->subtitlesFileURL = subtitles;
-    }
+    if (subtitles) video->subtitlesFileURL = subtitles;
     if (!subtitlesEncoding.isEmpty()) video->subtitlesFileEncoding = subtitlesEncoding;
-    return std::nullopt;
+    return subtitles ? objectionTo(*subtitles, video->subtitlesFileEncoding) : std::nullopt;
 }
 
 bool KVConversionRequest::settleDestination() const {

@@ -188,4 +188,19 @@ TEST_F(KVArgumentsCommandTest, TellsWhyThereIsNoTask) {
     }
 }
 
+TEST_F(KVArgumentsCommandTest, RefusesSubtitlesThatWouldBeLost) {
+    KVTestMedia::make({"-f", "lavfi", "-i", "color=size=64x48:duration=0.2", path("a.avi")});
+    write("russian.srt", "1\n00:00:00,000 --> 00:00:01,000\n\xCF\xF0\xE8\xE2\xE5\xF2\n");
+    write("empty.srt", "\xEF\xBB\xBF\n");
+    const auto error = [&](const QStringList &words) {
+        return run(QStringList{"arguments", "--json", "--preset", "MP4", "a.avi"} + words)
+            .object()["error"]
+            .toString();
+    };
+    EXPECT_TRUE(error({"--subtitles", "gone.srt"}).contains("gone.srt cannot be read."));
+    EXPECT_TRUE(error({"--subtitles", "russian.srt"}).contains("russian.srt is not in the encoding UTF-8"));
+    EXPECT_EQ(error({"--subtitles", "russian.srt", "--subtitles-encoding", "windows-1251"}), "");
+    EXPECT_TRUE(error({"--subtitles", "empty.srt"}).contains("empty.srt is empty."));
+}
+
 } // namespace
