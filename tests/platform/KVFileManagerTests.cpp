@@ -2,8 +2,6 @@
 #include "platform/KVResources.h"
 #include "support/KVTestCase.h"
 
-#include <QScopeGuard>
-
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -20,7 +18,6 @@ TEST_F(KVFileManagerTest, ListsAFolderInTheOrderOfItsNamesAndTellsWhatItCannotNa
     FILE *file = std::fopen(raw.c_str(), "w");
     ASSERT_NE(file, nullptr);
     std::fclose(file);
-    const auto removed = qScopeGuard([&] { std::remove(raw.c_str()); });
 
     const auto contents = KVFileManager::contentsOfDirectory(url(""));
     ASSERT_TRUE(contents);

@@ -3,12 +3,22 @@
 #include "kvcore/KVMainThread.h"
 
 #include <QFileInfo>
+#include <QTimer>
+
+#include <chrono>
+#include <filesystem>
+#include <system_error>
 
 void PrintTo(const QStringList &list, std::ostream *out) {
     *out << '[';
     for (const QString &entry : list)
         *out << (&entry == &list.first() ? "\"" : ", \"") << entry.toStdString() << '"';
     *out << ']';
+}
+
+KVTestCase::~KVTestCase() {
+    std::error_code ignored; // Qt leaves what has a name that is no text
+    std::filesystem::remove_all(_folder.path().toStdString(), ignored);
 }
 
 QString KVTestCase::path(const QString &name) const {
@@ -37,5 +47,8 @@ QString KVTestCase::writeScript(const QString &name, const QByteArray &body) con
 }
 
 bool KVTestCase::runUntil(const std::function<bool()> &isDone, double seconds) {
+    // What another process does is no event here: look now and then.
+    QTimer tick;
+    tick.start(std::chrono::milliseconds(10));
     return KVMainThread::runUntil(isDone, seconds);
 }

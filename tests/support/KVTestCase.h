@@ -24,6 +24,8 @@ void PrintTo(const QStringList &list, std::ostream *out);
 /// own as well.
 class KVTestCase : public testing::Test {
   protected:
+    ~KVTestCase() override;
+
     /// "<folder of the test>/<name>".
     QString path(const QString &name = {}) const;
     QUrl url(const QString &name) const { return QUrl::fromLocalFile(path(name)); }
