@@ -83,8 +83,11 @@ KVArgumentsCommand::_filesOf(const KVConversionRequest &request) const {
         });
     KVKalvoraAppDelegate intake;
     intake.setObserver(observer);
-    intake.addFilesInBackground(request.inputs);
-    intake.waitUntilLoaded(std::numeric_limits<double>::infinity());
+    // The members of a large folder would come in behind the inputs that follow.
+    for (const QUrl &input : request.inputs) {
+        intake.addFilesInBackground({input});
+        intake.waitUntilLoaded(std::numeric_limits<double>::infinity());
+    }
 
     if (!firstReason.isEmpty()) return tl::unexpected(firstReason);
     if (files.isEmpty()) return tl::unexpected(QStringLiteral("There is nothing to convert."));

@@ -58,7 +58,11 @@ void KVConvertRun::run() {
     for (const QString &name : _request.unreadableInputs)
         _didRefuse({KVIntakeRefusal::Kind::unreadable, name, QStringLiteral("The name is not UTF-8.")});
     _hasFolders = std::ranges::any_of(_request.inputs, &KVFileManager::isDirectory);
-    _intake.addFilesInBackground(_request.inputs);
+    // What is stitched keeps its order: the members of a large folder come in behind the inputs that follow.
+    if (_isStitching)
+        _inputsToCome = _request.inputs;
+    else
+        _intake.addFilesInBackground(_request.inputs);
     KVMainThread::runUntil(
         [this] {
             _advance();
@@ -103,6 +107,8 @@ void KVConvertRun::_didRefuse(const KVIntakeRefusal &refusal) {
 
 /// Starts what can be started. A queue that has run dry is started again when it gets something to do.
 void KVConvertRun::_advance() {
+    if (!_isCancelled && !_inputsToCome.isEmpty() && !_intake.isLoading())
+        _intake.addFilesInBackground({_inputsToCome.takeFirst()});
     if (!_mayStart()) return;
     if (_isStitching && !std::exchange(_isStitched, true)) _stitch();
     if (!std::exchange(_hasNews, false)) return;

@@ -82,7 +82,8 @@ class KVConvertRun : public KVConversionQueueDelegate, public std::enable_shared
     std::vector<KVIntakeRefusal> _refusals; ///< Those that count as failures.
     std::set<Queue> _runningQueues;
     qsizetype _numberOfEnded = 0;
-    bool _hasNews = false; ///< Something may have to be started.
+    QList<QUrl> _inputsToCome; ///< Those that wait until the ones before them are taken in.
+    bool _hasNews = false;     ///< Something may have to be started.
     bool _hasFolders = false;
     bool _isStitched = false;
     bool _isCancelled = false;

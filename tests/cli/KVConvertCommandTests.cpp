@@ -133,6 +133,27 @@ TEST_F(KVConvertCommandTest, StitchesAllIntoOne) {
     EXPECT_EQ(names(), QStringList({"a.mp3", "a.wav", "b.wav"}));
 }
 
+TEST_F(KVConvertCommandTest, StitchesALargeFolderBeforeWhatIsNamedBehindIt) {
+    QDir().mkpath(path("album"));
+    tone("album/1.wav");
+    copies("album/1.wav",
+           {"album/2.wav", "album/3.wav", "album/4.wav", "album/5.wav", "album/6.wav", "last.wav"});
+    QJsonArray wanted;
+    for (int number = 1; number <= 6; ++number)
+        wanted.append(path(QStringLiteral("album/%1.wav").arg(number)));
+    wanted.append(path("last.wav"));
+    const Result result = convert({"--stitch", "--to", ".", "album", "last.wav"});
+    EXPECT_EQ(result.status, 0) << result.errors.toStdString();
+    EXPECT_EQ(result.array()[0]["input"], wanted);
+
+    const QStringList words{"arguments", "--json", "--preset", "MP3", "album", "last.wav"};
+    QJsonArray inputs;
+    const QJsonArray list = run(words).object()["arguments"].toArray();
+    for (qsizetype i = 1; i < list.size(); ++i)
+        if (list[i - 1] == "-i") inputs.append(list[i]);
+    EXPECT_EQ(inputs, wanted);
+}
+
 TEST_F(KVConvertCommandTest, MakesSoundOfVideosWithTheTrackThatIsChosen) {
     KVTestMedia::make({"-f",         "lavfi", "-i",   "testsrc2=size=64x48:duration=0.4",
                        "-f",         "lavfi", "-i",   "sine=duration=0.4",
