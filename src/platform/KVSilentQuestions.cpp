@@ -17,7 +17,7 @@ KVAlertResponse KVSilentQuestions::runAlert(const KVAlert &alert) {
         response.accessoryIndex = alert.accessoryItemThatChangesNothing;
         answer += " (" + alert.accessoryItems.value(alert.accessoryItemThatChangesNothing) + ")";
     }
-    _tell(alert.messageText, answer);
+    if (!alert.isReportedElsewhere) _tell(alert.messageText, answer);
     return response;
 }
 
@@ -27,7 +27,7 @@ QList<QUrl> KVSilentQuestions::runOpenPanel(const KVOpenPanel &panel) {
 }
 
 std::optional<QUrl> KVSilentQuestions::runSavePanel(const KVSavePanel &panel) {
-    _tell(panel.message, noAnswer);
+    _tell(panel.message.isEmpty() ? "Save as" : panel.message, noAnswer);
     return {};
 }
 
@@ -36,7 +36,10 @@ std::optional<QString> KVSilentQuestions::runTextPrompt(const KVTextPrompt &prom
     return {};
 }
 
-/// Some questions end with a colon of their own.
+/// Questions end with a mark of their own; a request to choose ends with a full stop.
 void KVSilentQuestions::_tell(const QString &question, const QString &answer) const {
-    _say((question.endsWith(u':') ? question : question + ':') + ' ' + answer);
+    QString line = question;
+    if (line.endsWith(u'.')) line.chop(1);
+    if (!line.endsWith(u':') && !line.endsWith(u'?')) line += ':';
+    _say(line + ' ' + answer);
 }

@@ -27,10 +27,9 @@ std::optional<int> chosen(const QString &line, const QStringList &entries) {
 }
 
 /// A typed path, relative to the folder.
-QUrl typedURL(const QString &line, const QUrl &folder) {
+QUrl typedURL(const QString &line, const QString &folder) {
     const QString path = line.startsWith("~/") ? QDir::homePath() + line.sliced(1) : line;
-    const QDir base(folder.isLocalFile() ? folder.toLocalFile() : QDir::currentPath());
-    return QUrl::fromLocalFile(QDir::cleanPath(base.absoluteFilePath(path)));
+    return QUrl::fromLocalFile(QDir::cleanPath(QDir(folder).absoluteFilePath(path)));
 }
 
 QString joined(const QString &message, const QString &information) {
@@ -41,7 +40,8 @@ QString joined(const QString &message, const QString &information) {
 
 KVTerminalQuestions::KVTerminalQuestions(std::FILE *input, std::FILE *output)
     : _input(input)
-    , _output(output) {}
+    , _output(output)
+    , _workingFolder(QDir::currentPath()) {}
 
 KVAlertResponse KVTerminalQuestions::runAlert(const KVAlert &alert) {
     _print(joined(alert.messageText, alert.informativeText));
@@ -63,12 +63,13 @@ KVAlertResponse KVTerminalQuestions::runAlert(const KVAlert &alert) {
 
 QList<QUrl> KVTerminalQuestions::runOpenPanel(const KVOpenPanel &panel) {
     _print(panel.message + "\n");
+    const QString folder = panel.directory ? panel.directory->toLocalFile() : _workingFolder;
     QList<QUrl> urls;
     while (true) {
         _print("> ");
         const auto line = _readLine();
         if (!line || line->isEmpty()) return urls;
-        const QUrl url = typedURL(*line, panel.directory.value_or(QUrl()));
+        const QUrl url = typedURL(*line, folder);
         const QFileInfo file(url.toLocalFile());
         if (file.isDir() ? panel.canChooseFolders : file.exists() && panel.canChooseFiles)
             urls.append(url);
@@ -79,13 +80,22 @@ QList<QUrl> KVTerminalQuestions::runOpenPanel(const KVOpenPanel &panel) {
 }
 
 std::optional<QUrl> KVTerminalQuestions::runSavePanel(const KVSavePanel &panel) {
-    const QUrl proposal = typedURL(panel.proposedName, panel.directory);
-    _print(joined(panel.message, proposal.toLocalFile()) + "> ");
-    const auto line = _readLine();
-    if (!line || line->isEmpty()) return {};
-    QUrl url = typedURL(*line, panel.directory);
-    if (QFileInfo(url.toLocalFile()).isDir()) url = typedURL(panel.proposedName, url);
-    return url;
+    const QString folder = panel.directory.isLocalFile() ? panel.directory.toLocalFile() : _workingFolder;
+    const QUrl proposal = typedURL(panel.proposedName, folder);
+    const QString message =
+        panel.message.isEmpty() ? KVLocalizationCenter::localized("Save as:") : panel.message;
+    _print(joined(message, " [" + proposal.toLocalFile() + "]"));
+    while (true) {
+        _print("> ");
+        const auto line = _readLine();
+        if (!line) return {};
+        QUrl url = line->isEmpty() ? proposal : typedURL(*line, folder);
+        if (QFileInfo(url.toLocalFile()).isDir()) url = typedURL(panel.proposedName, url.toLocalFile());
+        const QFileInfo file(url.toLocalFile());
+        if (!file.exists() && !file.isSymLink()) return url;
+        // Whoever asks would write over it.
+        _print(KVLocalizationCenter::localized("There is a file of that name already.") + "\n");
+    }
 }
 
 std::optional<QString> KVTerminalQuestions::runTextPrompt(const KVTextPrompt &prompt) {

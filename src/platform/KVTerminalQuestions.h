@@ -4,11 +4,12 @@
 
 #include <cstdio>
 
-/// Asks on a terminal: prints to `output`, reads a line from `input`. The end of the input is the answer that
-/// changes nothing.
+/// Asks on a terminal: prints to `output`, reads a line from `input`. An empty line takes what is
+/// proposed; the end of the input is the answer that changes nothing.
 class KVTerminalQuestions : public KVUserQuestions {
   public:
-    /// Does not own the streams.
+    /// Does not own the streams. Relative paths mean the folder in which the program is now: it may go to
+    /// another one later.
     KVTerminalQuestions(std::FILE *input, std::FILE *output);
 
     KVAlertResponse runAlert(const KVAlert &alert) override;
@@ -23,4 +24,5 @@ class KVTerminalQuestions : public KVUserQuestions {
 
     std::FILE *_input;
     std::FILE *_output;
+    const QString _workingFolder;
 };

@@ -63,14 +63,29 @@ TEST_F(KVUserQuestionsTest, TakesTypedPathsThatExist) {
     const auto run = [&](KVUserQuestions &terminal) { return terminal.runSavePanel(save); };
     EXPECT_EQ(asking("Other.iso\n", run), url("folder/Other.iso"));
     EXPECT_EQ(asking((path() + "\n").toUtf8(), run), url("Film.iso"));
-    EXPECT_EQ(asking("\n", run), std::nullopt);
+    EXPECT_EQ(asking("\n", run), url("folder/Film.iso"));
     EXPECT_EQ(asking("", run), std::nullopt);
+    write("folder/Film.iso", "mine");
+    EXPECT_EQ(asking("\nfile.mov\nNew.iso\n", run), url("folder/New.iso")) << "a file is never replaced";
+    EXPECT_EQ(asking("\n", run), std::nullopt);
 
     const KVTextPrompt prompt{"Name", "", "Film", {"OK", "Cancel"}};
     const auto ask = [&](KVUserQuestions &terminal) { return terminal.runTextPrompt(prompt); };
     EXPECT_EQ(asking(" Mine \r\n", ask), "Mine");
     EXPECT_EQ(asking("\n", ask), "Film");
     EXPECT_EQ(asking("", ask), std::nullopt);
+}
+
+TEST_F(KVUserQuestionsTest, TakesRelativePathsAsSeenFromWhereTheProgramWasStarted) {
+    QDir().mkpath(path("folder"));
+    const QString before = QDir::currentPath();
+    QDir::setCurrent(path());
+    const auto chosen = asking("folder\n", [](KVUserQuestions &terminal) {
+        QDir::setCurrent("/");
+        return terminal.runOpenPanel({.message = "Where to?"});
+    });
+    QDir::setCurrent(before);
+    EXPECT_EQ(chosen, QList<QUrl>{url("folder")});
 }
 
 TEST_F(KVUserQuestionsTest, ChangesNothingWhereNobodyCanBeAskedAndSaysSo) {
@@ -84,7 +99,7 @@ TEST_F(KVUserQuestionsTest, ChangesNothingWhereNobodyCanBeAskedAndSaysSo) {
     EXPECT_EQ(response.accessoryIndex, 1);
     EXPECT_FALSE(KVUserQuestion::runModalOnMainThread(KVSavePanel{"Save as", {}, "Film.iso", {}}));
     EXPECT_EQ(said.size(), 2);
-    EXPECT_EQ(said.first(), "Overwrite?: Cancel (AAC)");
+    EXPECT_EQ(said.first(), "Overwrite? Cancel (AAC)");
 
     KVUserQuestion::setResponder(nullptr);
     EXPECT_TRUE(KVUserQuestion::runModalOnMainThread(KVOpenPanel()).isEmpty());
