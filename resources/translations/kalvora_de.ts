@@ -204,8 +204,12 @@
     <translation>Nur Dateien können hinzugefügt werden.</translation>
   </message>
   <message>
-    <source>The folder leads back to itself.</source>
-    <translation>Der Ordner führt zu sich selbst zurück.</translation>
+    <source>The folder has been read already.</source>
+    <translation>Der Ordner wurde schon gelesen.</translation>
+  </message>
+  <message>
+    <source>%@. What comes behind it is left out.</source>
+    <translation>%@. Was dahinter kommt, wird ausgelassen.</translation>
   </message>
   <message>
     <source>The name is not UTF-8.</source>
@@ -478,6 +482,14 @@
   <message>
     <source>There is no such file or folder.</source>
     <translation>Diese Datei oder diesen Ordner gibt es nicht.</translation>
+  </message>
+  <message>
+    <source>There is a file of that name already.</source>
+    <translation>Eine Datei dieses Namens gibt es schon.</translation>
+  </message>
+  <message>
+    <source>Save as:</source>
+    <translation>Sichern unter:</translation>
   </message>
   <message>
     <source>Custom</source>

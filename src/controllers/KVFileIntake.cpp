@@ -132,7 +132,12 @@ bool KVFileIntake::_addFolder(const QUrl &url, bool isFolderMember) {
     Walk walk;
     const auto isAnyAdded = _addFiles(url, 0, walk);
     if (isAnyAdded) return *isAnyAdded;
-    _refuseUnreadable(url, isAnyAdded.error(), isFolderMember);
+    KVError error = isAnyAdded.error();
+    // A subfolder that cannot be read ends the walk.
+    if (readingProblem(url) == 0)
+        error.reason =
+            KVLocalizationCenter::localized("%@. What comes behind it is left out.", {error.reason});
+    _refuseUnreadable(url, error, isFolderMember);
     return false;
 }
 
@@ -147,7 +152,7 @@ KVResult<bool> KVFileIntake::_addFiles(const QUrl &folder, int depth, Walk &walk
     using namespace KVPreferenceKeys;
     if (depth != 0 && !KVPreferences::shared().boolean(RecursivelyProcessAllFolders, false)) return false;
     if (const auto identity = identityOfFolder(folder); identity && !walk.insert(*identity).second) {
-        _refuse(KVIntakeRefusal::Kind::alreadyQueued, folder, localized("The folder leads back to itself."),
+        _refuse(KVIntakeRefusal::Kind::alreadyQueued, folder, localized("The folder has been read already."),
                 true);
         return false;
     }
@@ -257,12 +262,15 @@ bool KVFileIntake::_validateAudioFile(const KVAudioFile &file, bool isFolderMemb
     alert.messageText = localized("This audio file seems to be corrupted. Do you wish to fix it?");
     alert.informativeText = localized("The original file will be untouched - a copy will be created.");
     alert.buttons = {localized("Fix..."), localized("Cancel")};
-    _refuse(KVIntakeRefusal::Kind::damaged, file.url(),
-            localized("The sound data of this file is damaged; only a repaired copy can be converted."),
-            isFolderMember);
+    alert.isReportedElsewhere = true;
     // The first button leaves all as it is, the other repairs: this sense is kept on purpose.
-    if (KVUserQuestion::runModalOnMainThread(alert).isFirstButton()) return false;
-    if (const auto copy = ZRFixAIFFFile(file.url())) addFiles({*copy});
+    const bool isRepairWanted = !KVUserQuestion::runModalOnMainThread(alert).isFirstButton();
+    if (const auto copy = isRepairWanted ? ZRFixAIFFFile(file.url()) : std::nullopt)
+        addFiles({*copy});
+    else
+        _refuse(KVIntakeRefusal::Kind::damaged, file.url(),
+                localized("The sound data of this file is damaged; only a repaired copy can be converted."),
+                isFolderMember);
     return false;
 }
 
