@@ -37,6 +37,15 @@ bool hasKey(const KVPreset &preset, const QString &key) {
            changed(preset, key, qint64{1})->dictionaryRepresentation().contains(key);
 }
 
+/// The settings that may be meant; all of them where none is near.
+QString hintForKey(const QString &key, const KVPreset &preset) {
+    QStringList keys = preset.dictionaryRepresentation().keys();
+    keys.removeIf([](const QString &name) { return identityKeys.contains(name); });
+    const QString nearest = KVNearestNames::hint(key, keys);
+    if (!nearest.isEmpty() || keys.isEmpty()) return nearest;
+    return QStringLiteral(" (there are %1)").arg(keys.join(QLatin1String(", ")));
+}
+
 tl::expected<std::shared_ptr<KVPreset>, QString> withChange(const QString &change,
                                                             const std::shared_ptr<KVPreset> &preset) {
     const qsizetype equals = change.indexOf(u'=');
@@ -45,10 +54,8 @@ tl::expected<std::shared_ptr<KVPreset>, QString> withChange(const QString &chang
     if (identityKeys.contains(key))
         return tl::unexpected(QStringLiteral("%1 belongs to the preset and cannot be changed").arg(key));
     if (!hasKey(*preset, key)) {
-        QStringList keys = preset->dictionaryRepresentation().keys();
-        keys.removeIf([](const QString &name) { return identityKeys.contains(name); });
         return tl::unexpected(QStringLiteral("the preset \"%1\" has no setting %2%3")
-                                  .arg(preset->name, key, KVNearestNames::hint(key, keys)));
+                                  .arg(preset->name, key, hintForKey(key, *preset)));
     }
 
     const QString text = change.sliced(equals + 1);

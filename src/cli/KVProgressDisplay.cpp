@@ -93,17 +93,21 @@ QString KVProgressDisplay::_lineOf(const KVConversion &conversion) const {
     if (files.size() > 1) name += QStringLiteral(" + %1").arg(files.size() - 1);
     const double value = conversion.overallValue();
     const QString status = conversion.statusString();
+    const bool isTimeKnown = value != 0;
     return nameColumn(name) + ' ' + bar(value) + ' ' + percent(value) + "  " +
-           (status.isEmpty() ? conversion.estimatedTimeString() : status);
+           (status.isEmpty() && isTimeKnown ? conversion.estimatedTimeString() : status);
 }
 
 QString KVProgressDisplay::_totalLine() const {
     const double value = clamped(KVConversionQueue::totalProgress());
     const std::chrono::duration<double> elapsed = Clock::now() - _start;
+    double secondsLeft = elapsed.count() * (1 - value) / value;
+    // Short files that are done say little about a long one.
+    for (const auto &conversion : _running)
+        secondsLeft = std::max(secondsLeft, conversion->estimatedTime.load());
     // While files are still coming in nobody knows how much there is to do.
-    const QString timeLeft = value > 0 && !_isMoreToCome
-                                 ? KVTime::localizedTimeString(elapsed.count() * (1 - value) / value)
-                                 : QString();
+    const QString timeLeft =
+        value > 0 && !_isMoreToCome ? KVTime::localizedTimeString(secondsLeft) : QString();
     return nameColumn(QStringLiteral("%1 of %2%3 done")
                           .arg(_finished)
                           .arg(_all)
