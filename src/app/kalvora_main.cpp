@@ -1,5 +1,8 @@
+#include "core/doors/KVWindowBusName.h"
 #include "kvcore/KVLocalizationCenter.h"
 #include "main_ui/KVKalvoraApplication.h"
+#include "main_ui/KVScriptingAdaptor.h"
+#include "main_ui/KVSingleApplication.h"
 #include "platform/KVSignalWatcher.h"
 
 #include <QApplication>
@@ -47,7 +50,7 @@ int main(int argc, char **argv) {
 
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Kalvora"));
-    QApplication::setDesktopFileName(KVSingleApplication::serviceName);
+    QApplication::setDesktopFileName(KVWindowBusName::service);
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/kalvora.svg")));
     QApplication::setQuitOnLastWindowClosed(false);
     KVLocalizationCenter::loadSystemLanguage();
@@ -58,6 +61,7 @@ int main(int argc, char **argv) {
 
     const auto kalvora = KVKalvoraApplication::create();
     running = kalvora;
+    new KVScriptingAdaptor(&single, kalvora); // Qt's object tree owns it
     QObject::connect(&single, &KVSingleApplication::activated, &single, [&] { kalvora->bringToFront(); });
     QObject::connect(&single, &KVSingleApplication::filesReceived, &single,
                      [&](const QList<QUrl> &received) { kalvora->openFiles(received); });

@@ -1,6 +1,41 @@
 #include "cli/KVWindowCommand.h"
 
-#include "util/KVMediaFileType.h"
+#include "core/doors/KVScriptingCommands.h"
+#include "core/doors/KVWindowBusName.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusReply>
+#include <QDir>
+#include <QProcess>
+#include <QUrl>
+
+#include <limits>
+
+namespace {
+
+KVAppleScriptQueueType queueCode(KVMediaFileType type) {
+    switch (type) {
+    case KVMediaFileType::audio:
+        return KVAppleScriptQueueType::audio;
+    case KVMediaFileType::video:
+        return KVAppleScriptQueueType::video;
+    case KVMediaFileType::picture:
+        return KVAppleScriptQueueType::picture;
+    case KVMediaFileType::dvd:
+        return KVAppleScriptQueueType::dvd;
+    case KVMediaFileType::none:
+        break;
+    }
+    return KVAppleScriptQueueType::all;
+}
+
+QUrl urlOf(const QString &word) {
+    return QUrl::fromUserInput(word, QDir::currentPath(), QUrl::AssumeLocalFile);
+}
+
+} // namespace
 
 std::vector<std::unique_ptr<KVCommand>> KVWindowCommand::all(KVConsole &console) {
     const QString queues = "[--queue audio|video|picture|dvd|all]";
@@ -44,6 +79,51 @@ KVExitStatus KVWindowCommand::run(const KVParsedWords &words) {
         return usageError(
             QStringLiteral("\"%1\" is no queue; there are audio, video, picture, dvd and all").arg(queue));
 
-    sayFailure(QStringLiteral("no window is running"));
+    return _takenArguments == Arguments::oneOrMore ? _add(words) : _command(words, type);
+}
+
+/// What the window answers to the call; nothing where none is running.
+std::optional<bool> KVWindowCommand::_ask(const QString &operation, const QVariantList &arguments) const {
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) return std::nullopt;
+    auto call = QDBusMessage::createMethodCall(KVWindowBusName::service, KVWindowBusName::objectPath,
+                                               KVWindowBusName::scriptingInterface, operation);
+    call.setAutoStartService(false);
+    call.setArguments(arguments);
+    // It may have to ask its user something first.
+    const QDBusReply<bool> answer = bus.call(call, QDBus::Block, std::numeric_limits<int>::max());
+    if (!answer.isValid()) return std::nullopt;
+    return answer.value();
+}
+
+KVExitStatus KVWindowCommand::_command(const KVParsedWords &words, KVMediaFileType type) {
+    const QVariant queue = static_cast<uint>(queueCode(type));
+    const auto answer = _name == QLatin1String("start") ? _ask("Start", {queue})
+                        : _name == QLatin1String("pause")
+                            ? _ask("Pause", {queue})
+                            : _ask("SelectPreset", {words.arguments().first().text, queue});
+    if (answer == true) return KVExitStatus::success;
+    sayFailure(answer ? objection() : QStringLiteral("no window is running"));
+    return KVExitStatus::failure;
+}
+
+QString KVWindowCommand::objection() const {
+    if (_name == QLatin1String("start")) return QStringLiteral("there is nothing to start");
+    if (_name == QLatin1String("pause")) return QStringLiteral("there is nothing to pause");
+    return QStringLiteral("no queue takes this preset");
+}
+
+KVExitStatus KVWindowCommand::_add(const KVParsedWords &words) {
+    QStringList urls;
+    for (const KVCommandArgument &word : words.arguments())
+        urls.append(urlOf(word.text).toString(QUrl::FullyEncoded));
+    if (const auto answer = _ask("Add", {urls})) {
+        if (*answer) return KVExitStatus::success;
+        sayFailure(QStringLiteral("the window took nothing in"));
+        return KVExitStatus::failure;
+    }
+    const QString window = QCoreApplication::applicationDirPath() + "/kalvora";
+    if (QProcess::startDetached(window, urls)) return KVExitStatus::success;
+    sayFailure(QStringLiteral("the window does not start"));
     return KVExitStatus::failure;
 }

@@ -1,8 +1,12 @@
 #pragma once
 
 #include "cli/KVCommand.h"
+#include "util/KVMediaFileType.h"
+
+#include <QVariantList>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 /// "start", "pause", "select-preset" and "add": commands for a window that runs.
@@ -24,6 +28,12 @@ class KVWindowCommand : public KVCommand {
 
     KVWindowCommand(KVConsole &console, const QString &name, const QString &usage, const QString &summary,
                     Arguments arguments, bool hasQueue);
+
+    std::optional<bool> _ask(const QString &operation, const QVariantList &arguments) const;
+    KVExitStatus _command(const KVParsedWords &words, KVMediaFileType type);
+    KVExitStatus _add(const KVParsedWords &words);
+    /// Why the window's answer is no.
+    QString objection() const;
 
     QString _name;
     QString _usage;

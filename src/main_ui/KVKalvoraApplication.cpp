@@ -6,6 +6,8 @@
 #include "main_ui/main_window/subtitles/KVSubtitleEncodingChooser.h"
 #include "main_ui/questions/KVWindowQuestions.h"
 #include "platform/KVUserQuestions.h"
+#include "util/KVBackgroundQueue.h"
+#include "util/KVPictureLibrary.h"
 #include "video_info/media_file/KVVideoFile.h"
 
 #include <QApplication>
@@ -69,6 +71,8 @@ void KVKalvoraApplication::launch(const QList<QUrl> &urls) {
 
 void KVKalvoraApplication::_start() {
     _controller->applicationDidFinishLaunching();
+    // The first picture need not wait for its library.
+    KVBackgroundQueue::shared().async([](const std::stop_token &) { KVPictureLibrary::prepare(); });
     _hasLaunched = true;
     if (const auto urls = std::exchange(_urlsAtLaunch, {}); !urls.isEmpty()) addFiles(urls);
 }
@@ -89,6 +93,17 @@ void KVKalvoraApplication::bringToFront() {
 
 void KVKalvoraApplication::addFiles(const QList<QUrl> &urls) {
     _controller->addFiles(urls);
+}
+
+bool KVKalvoraApplication::addURLs(const QList<QUrl> &urls) {
+    bool isAnyAdded = false;
+    for (const QUrl &url : urls) {
+        if (url.isLocalFile())
+            isAnyAdded |= _controller->addFiles({url});
+        else
+            _controller->addURLs({url});
+    }
+    return isAnyAdded || _controller->isLoading();
 }
 
 void KVKalvoraApplication::open() {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "controllers/KVApplicationController.h"
-#include "main_ui/KVSingleApplication.h"
 #include "main_ui/main_window/KVMainWindow.h"
 #include "platform/desktop/KVDesktop.h"
 
@@ -29,6 +28,8 @@ class KVKalvoraApplication : public KVMainWindowDelegate,
     /// Files from another start of the program.
     void openFiles(const QList<QUrl> &urls);
     void bringToFront();
+    /// Also what is no file: passed over, with a log line. True if anything was taken in or is about to be.
+    bool addURLs(const QList<QUrl> &urls);
 
     void addFiles(const QList<QUrl> &urls) override;
     void open() override;

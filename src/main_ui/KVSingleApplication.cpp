@@ -1,11 +1,10 @@
 #include "main_ui/KVSingleApplication.h"
 
+#include "core/doors/KVWindowBusName.h"
+
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
-
-const QString KVSingleApplication::serviceName = QStringLiteral("com.brenholt.Kalvora");
-const QString KVSingleApplication::objectPath = QStringLiteral("/com/brenholt/Kalvora");
 
 namespace {
 
@@ -39,10 +38,10 @@ bool KVSingleApplication::handOver(const QList<QUrl> &urls) {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) return false;
     // The object stands before the name is ours, so that nobody asks for what is not there yet.
-    bus.registerObject(objectPath, this, QDBusConnection::ExportAdaptors);
+    bus.registerObject(KVWindowBusName::objectPath, this, QDBusConnection::ExportAdaptors);
     // The other start may end between our two questions; then the name is free after all.
     for (int attempt = 0; attempt < 3; ++attempt) {
-        if (bus.registerService(serviceName)) return false;
+        if (bus.registerService(KVWindowBusName::service)) return false;
         switch (_tellOther(urls)) {
         case Answer::taken:
             return true;
@@ -56,8 +55,9 @@ bool KVSingleApplication::handOver(const QList<QUrl> &urls) {
 }
 
 KVSingleApplication::Answer KVSingleApplication::_tellOther(const QList<QUrl> &urls) {
-    auto message = QDBusMessage::createMethodCall(serviceName, objectPath, "org.freedesktop.Application",
-                                                  urls.isEmpty() ? "Activate" : "Open");
+    auto message =
+        QDBusMessage::createMethodCall(KVWindowBusName::service, KVWindowBusName::objectPath,
+                                       "org.freedesktop.Application", urls.isEmpty() ? "Activate" : "Open");
     message.setAutoStartService(false);
     if (!urls.isEmpty()) message << QStringList(QUrl::toStringList(urls, QUrl::FullyEncoded));
     message << activationData();

@@ -12,9 +12,6 @@ class KVSingleApplication : public QObject {
     Q_OBJECT
 
   public:
-    static const QString serviceName;
-    static const QString objectPath;
-
     explicit KVSingleApplication(QObject *parent = nullptr);
 
     /// True where another start took the files (or, with none, came to the front): this one has nothing left

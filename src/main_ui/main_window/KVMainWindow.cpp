@@ -49,6 +49,7 @@ KVMainWindow::KVMainWindow(KVMainWindowDelegate &delegate, std::shared_ptr<KVCon
         _observations.push_back(center.addObserver<KVConversion>(name, update));
     for (const auto &name : {ConversionQueueDidStart, ConversionQueueDidFinish})
         _observations.push_back(center.addObserver<KVConversionQueue>(name, update));
+    _observations.push_back(center.addObserver<void>(ConversionQueueWasAffectedByAppleScript, update));
     _updateCommands();
 }
 
