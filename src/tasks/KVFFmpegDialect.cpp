@@ -33,8 +33,8 @@ constexpr std::array words{
     Word{"-me_method", "epzs", "dia", "libx264"}, // the same search pattern
 };
 
-/// A value of ours that means that nothing is set; this encoder refuses it, and has its own default without
-/// it.
+/// A value of ours that means that nothing is set; with this encoder (or with none) the tool takes it amiss,
+/// and does the same or has its own default without it.
 struct Unset {
     const char *option;
     const char *value;
@@ -43,6 +43,7 @@ struct Unset {
 
 constexpr std::array unset{
     Unset{"-level", "0", "libx264"},
+    Unset{"-ss", "0", ""}, // even a way of no length passes over the cover picture of a sound file
 };
 
 /// What a tool has to be told beside an option of ours, so that it does what ours means.

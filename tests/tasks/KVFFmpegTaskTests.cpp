@@ -169,8 +169,10 @@ TEST_F(KVFFmpegTaskTest, StillFrameIsTakenFromTheMiddleOrAfterAMinuteAndAHalf) {
     for (const auto &[seconds, offset] : rows) {
         const auto image = KVFFmpegTask::generateRandomImage(StillFrame("/a.mov", seconds));
         ASSERT_TRUE(image);
+        const QString seek =
+            offset > 0 ? QString("-ss %1 ").arg(offset) : QString(); // the tool's way of saying 0
         EXPECT_EQ(QString::fromUtf8(read(tool.path("list"))),
-                  QString("-ss %1 -i /a.mov -frames:v 1 %2\n").arg(offset).arg(image->toLocalFile()));
+                  QString("%1-i /a.mov -frames:v 1 %2\n").arg(seek, image->toLocalFile()));
     }
 }
 

@@ -5,17 +5,12 @@
 #include "platform/KVFileManager.h"
 #include "util/KVBackgroundQueue.h"
 #include "util/KVPictureLibrary.h"
+#include "video_info/media_file/KVThumbnailSize.h"
 #include "video_info/media_file/KVTrackTexts.h"
 
 #include <QScopeGuard>
 
 #include <algorithm>
-
-namespace {
-
-constexpr int longestThumbnailSide = 128; // a row's 64 points on a screen of double density
-
-} // namespace
 
 bool KVAudioFile::isDRMProtected() const {
     return std::ranges::any_of(audioTracks, KVTrackTexts::hasProtectedFormat<KVAudioTrack>) ||
@@ -49,7 +44,7 @@ KVMediaFile::ThumbnailResult KVAudioFile::_loadThumbnail(const std::stop_token &
     if (!frame) return tl::unexpected(frame.error());
     const auto removeFrame = qScopeGuard([&] { static_cast<void>(KVFileManager::removeItem(*frame)); });
 
-    const auto image = KVPictureLibrary::reducedImage(frame->toLocalFile(), longestThumbnailSide);
+    const auto image = KVPictureLibrary::reducedImage(frame->toLocalFile(), KVLongestThumbnailSide);
     if (!image)
         return tl::unexpected(
             KVError{KVMediaFileErrorDomain,

@@ -135,7 +135,9 @@ Result KVMediaFile::mediaFile(const QUrl &url) {
     if (KVFileManager::isSpecialFile(url)) return refusal("This is no regular file.");
     if (isPicture(url, extension)) {
         KVLog("returning a picture file for " + name);
-        return std::make_shared<KVPictureFile>(url);
+        const auto picture = std::make_shared<KVPictureFile>(url);
+        picture->loadThumbnail();
+        return picture;
     }
     if (KVFileManager::isDirectory(url)) return dvdFile(url);
     return probedFile(url, extension);

@@ -1,6 +1,8 @@
 #include "video_info/media_file/KVPictureFile.h"
 
+#include "util/KVBackgroundQueue.h"
 #include "util/KVPictureLibrary.h"
+#include "video_info/media_file/KVThumbnailSize.h"
 
 KVPictureFile::KVPictureFile(const QUrl &url)
     : KVMediaFile(url) {
@@ -11,4 +13,14 @@ KVPictureFile::KVPictureFile(const QUrl &url)
     }
     height = header->height;
     width = header->width;
+}
+
+void KVPictureFile::loadThumbnail(const ThumbnailCompletion &completion) {
+    KVBackgroundQueue::shared().async([path = url().toLocalFile(), completion](const std::stop_token &) {
+        if (const auto image = KVPictureLibrary::reducedImage(path, KVLongestThumbnailSide))
+            completion(*image);
+        else
+            completion(
+                tl::unexpected(KVError{KVMediaFileErrorDomain, 0, KVPictureLibrary::takeErrorText(), {}}));
+    });
 }

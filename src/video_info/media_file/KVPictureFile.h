@@ -15,4 +15,8 @@ class KVPictureFile : public KVMediaFile {
     std::optional<KVError> readingError; ///< Why the image cannot be read, in the user's language.
 
     KVMediaFileType mediaFileType() const override { return KVMediaFileType::picture; }
+
+    using KVMediaFile::loadThumbnail;
+    /// The picture itself, made smaller in the background.
+    void loadThumbnail(const ThumbnailCompletion &completion) override;
 };

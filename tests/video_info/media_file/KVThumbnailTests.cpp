@@ -79,6 +79,21 @@ TEST_F(KVThumbnailTest, StaysAwayUnlessWanted) {
     EXPECT_FALSE(disabled->thumbnail);
 }
 
+TEST_F(KVThumbnailTest, ShowsTheCoverOfASoundFileAndThePictureItself) {
+    KVMediaFile::setMakesThumbnails(true);
+    const QString picture = path("cover.png");
+    KVTestMedia::make({"-f", "lavfi", "-i", "testsrc2=size=400x200", "-frames:v", "1", picture});
+    const QString tone = KVTestMedia::tone(path("a.wav"), 0.1);
+    const QString song = path("a.mp3");
+    KVTestMedia::make(
+        {"-i", tone, "-i", picture, "-map", "0", "-map", "1", "-disposition:v", "attached_pic", song});
+    for (const QString &name : {picture, song}) {
+        const auto file = probe(name);
+        ASSERT_TRUE(runUntil([&] { return file->thumbnail.has_value(); })) << name.toStdString();
+        EXPECT_EQ(file->thumbnail->size(), QSize(128, 64));
+    }
+}
+
 TEST_F(KVThumbnailTest, FailsForASoundFileWithoutAPicture) {
     const auto file = probe(KVTestMedia::tone(path("a.wav"), 0.1));
     QString reason;
