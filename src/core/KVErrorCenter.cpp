@@ -42,6 +42,9 @@ const std::vector<Verdict> &verdicts() {
         {{"No space left on device"},
          "There is no more space left on your hard drive.",
          "Remove unnecessary files and try the conversion again."},
+        {{"The destination folder is gone."},
+         "The destination folder has been moved or removed during the conversion.",
+         "Put it back or choose another one, and try the conversion again."},
         {{"Operation not permitted", "file not found", "No such file or directory"},
          "The file to be converted cannot be found. Please make sure that you haven't moved or renamed the "
          "files or enclosing folders before the conversion started.",

@@ -13,6 +13,7 @@
 
 #include <QDateTime>
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <csignal>
@@ -147,7 +148,10 @@ bool KVAudioConversion::_convert(const KVAudioFileList &files, const KVPresetTas
     _taskOutput.clear();
 
     _terminationStatus = _run(files, *made.task);
-    if (_terminationStatus == 0 && hasLostOutput(_taskOutput, made.outputURL.toLocalFile()))
+    const QString output = made.outputURL.toLocalFile();
+    const bool isFolderGone = !QFileInfo::exists(QFileInfo(output).path());
+    if (isFolderGone) _taskOutput += "The destination folder is gone.\n";
+    if (_terminationStatus == 0 && (isFolderGone || hasLostOutput(_taskOutput, output)))
         _terminationStatus = writeFailedStatus;
     const bool isDone = _terminationStatus == 0;
     if (isDone) {
