@@ -55,6 +55,8 @@ class KVConversionTableRow {
     void cancelConversion() const;
     void removeConversion() const;
     void removeConversionAndReadd() const;
+    /// A name counts until the conversion starts.
+    bool canBeRenamed() const { return _conversion->state == KVConversionState::waitingToStart; }
     void renameConversion() const;
     void changeDVDName() const;
     void selectPreset(const std::shared_ptr<KVPreset> &preset) const;

@@ -43,6 +43,10 @@ std::optional<std::pair<quint64, quint64>> identityOfFolder(const QUrl &folder) 
     return std::pair<quint64, quint64>{status.st_dev, status.st_ino};
 }
 
+void tellThatLoadingChanged() {
+    KVNotificationCenter::defaultCenter().post(FileIntakeDidChangeLoading, std::shared_ptr<void>());
+}
+
 /// The number of the system's error where the item cannot be read, else 0.
 int readingProblem(const QUrl &url) {
     return ::access(QFile::encodeName(url.toLocalFile()).constData(), R_OK) == 0 ? 0 : errno;
@@ -197,12 +201,15 @@ void KVFileIntake::_loadMemberInBackground(const QUrl &member) {
 }
 
 void KVFileIntake::_loadInBackground(std::function<void()> load) {
-    ++*_numberOfBackgroundLoads;
+    if (++*_numberOfBackgroundLoads == 1) KVMainThread::async(tellThatLoadingChanged);
     _fileLoadingQueue.async([number = _numberOfBackgroundLoads, load = std::move(load)] {
         load();
         // Behind all that the observer has handed over to the main thread meanwhile: who waits for the end of
         // the loading has heard of every file.
-        KVMainThread::async([number] { --*number; });
+        KVMainThread::async([number] {
+            --*number;
+            tellThatLoadingChanged();
+        });
     });
 }
 

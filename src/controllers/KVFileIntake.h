@@ -3,6 +3,7 @@
 #include "controllers/KVIntakeObserver.h"
 #include "controllers/KVProbeAhead.h"
 #include "kvcore/KVError.h"
+#include "kvcore/KVNotificationCenter.h"
 #include "kvcore/KVSerialQueue.h"
 
 #include <QList>
@@ -16,6 +17,9 @@
 class KVAudioFile;
 class KVMediaFile;
 class KVVideoFile;
+
+/// Posted on the main thread when the number of files that load in the background has changed.
+inline constexpr KVNotificationName<void> FileIntakeDidChangeLoading{"FileIntakeDidChangeLoading"};
 
 /// The door through which every file enters: decides what becomes a queued conversion, walks folders, refuses
 /// what may not enter and asks the user what needs a choice. Knows no widget.
@@ -46,6 +50,9 @@ class KVFileIntake {
 
     /// True while the loading queue has something to load, or the main thread has still to hear of it.
     bool isLoading() const { return *_numberOfBackgroundLoads > 0; }
+
+    /// How many files still wait for the loading queue or are being looked at.
+    int numberOfLoadingFiles() const { return *_numberOfBackgroundLoads; }
 
     /// Main thread: runs the event loop until nothing is left to load or the time is up; true if nothing is.
     bool waitUntilLoaded(double seconds);

@@ -3,7 +3,7 @@
 #include "kvcore/KVLocalizationCenter.h"
 #include "presets/video/base/KVSubtitlesFile.h"
 
-#include <QSet>
+#include <QHash>
 
 #include <unicode/ucnv.h>
 #include <unicode/ucsdet.h>
@@ -86,29 +86,30 @@ QStringList encodingNames() {
     return names;
 }
 
-QSet<QString> likelyEncodings(const QByteArray &text) {
-    constexpr int32_t leastConfidence = 25; // of 100
+/// How sure detection is, from 0 to 100, by lower-cased name.
+QHash<QString, int> likelihoods(const QByteArray &text) {
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<UCharsetDetector, decltype(&ucsdet_close)> detector(ucsdet_open(&status),
                                                                               &ucsdet_close);
     ucsdet_setText(detector.get(), text.constData(), static_cast<int32_t>(text.size()), &status);
     int32_t count = 0;
     const UCharsetMatch **matches = ucsdet_detectAll(detector.get(), &count, &status);
-    QSet<QString> names;
-    for (int32_t index = 0; U_SUCCESS(status) && index < count; ++index)
-        if (ucsdet_getConfidence(matches[index], &status) >= leastConfidence)
-            names.insert(QString::fromLatin1(ucsdet_getName(matches[index], &status)).toLower());
-    return names;
+    QHash<QString, int> likelihoods;
+    for (int32_t index = 0; U_SUCCESS(status) && index < count; ++index) {
+        const QString name = QString::fromLatin1(ucsdet_getName(matches[index], &status)).toLower();
+        likelihoods[name] = std::max(likelihoods[name], int(ucsdet_getConfidence(matches[index], &status)));
+    }
+    return likelihoods;
 }
 
 } // namespace
 
 QList<KVTextEncoding> KVTextEncodingsThatDecode(const QByteArray &text) {
-    const QSet<QString> likely = likelyEncodings(text);
+    const QHash<QString, int> likely = likelihoods(text);
     QList<KVTextEncoding> encodings;
     for (const QString &name : encodingNames())
         if (KVSubtitlesFile::decoded(text, name))
-            encodings.append({name, localizedNameOf(name), likely.contains(name.toLower())});
+            encodings.append({name, localizedNameOf(name), likely.value(name.toLower())});
     std::ranges::sort(encodings, [](const auto &a, const auto &b) {
         return QString::localeAwareCompare(a.localizedName, b.localizedName) < 0;
     });

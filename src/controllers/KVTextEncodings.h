@@ -10,7 +10,9 @@
 struct KVTextEncoding {
     QString name;          ///< The name by which it is stored and looked up: "windows-1251".
     QString localizedName; ///< For a menu: "Cyrillic (windows-1251)".
-    bool isLikely = false; ///< Detection thinks that this file has it.
+    int likelihood = 0;    ///< From 0 to 100: how sure detection is that this file has it.
+
+    bool isLikely() const { return likelihood >= 25; }
 };
 
 /// The encodings that can decode `text`, sorted by their localised names; none where no encoding can.
