@@ -111,6 +111,14 @@ void KVKalvoraApplication::open() {
         KVOpenPanel{.canChooseFiles = true, .canChooseFolders = true, .allowsMultipleSelection = true}));
 }
 
+void KVKalvoraApplication::openFolder() {
+    addFiles(KVUserQuestion::runModalOnMainThread(KVOpenPanel{}));
+}
+
+int KVKalvoraApplication::numberOfLoadingFiles() const {
+    return _controller->numberOfLoadingFiles();
+}
+
 void KVKalvoraApplication::start() {
     _controller->start();
 }

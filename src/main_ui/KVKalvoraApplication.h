@@ -33,6 +33,8 @@ class KVKalvoraApplication : public KVMainWindowDelegate,
 
     void addFiles(const QList<QUrl> &urls) override;
     void open() override;
+    void openFolder() override;
+    int numberOfLoadingFiles() const override;
     void start() override;
     void pause() override;
     void mergeAll() override;

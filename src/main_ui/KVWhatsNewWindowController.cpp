@@ -1,6 +1,7 @@
 #include "main_ui/KVWhatsNewWindowController.h"
 
 #include "kvcore/KVLocalizationCenter.h"
+#include "main_ui/main_window/KVLook.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -30,6 +31,7 @@ void KVWhatsNewWindowController::runModal(QWidget *parent) {
     notes->setWordWrap(true);
     notes->setMinimumWidth(360);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok);
+    KVLook::setButton(*buttons, QDialogButtonBox::Ok, "OK");
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
 
     auto *layout = new QVBoxLayout(&dialog);

@@ -1,8 +1,15 @@
 #include "main_ui/main_window/KVFooterView.h"
 
 #include "kvcore/KVLocalizationCenter.h"
+#include "main_ui/main_window/KVLook.h"
+#include "main_ui/main_window/KVProgressLine.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
+#include <QPainter>
+#include <QPropertyAnimation>
+#include <QPushButton>
+#include <QStyle>
 
 #include <algorithm>
 #include <cmath>
@@ -11,36 +18,67 @@ namespace {
 
 // Fine enough that a long film still moves the bar.
 constexpr int progressSteps = 1000;
+constexpr int slidingDistance = 40;
+
+/// Gives its one child all of its place, wherever an animation then moves it.
+class SlidingArea : public QWidget {
+  public:
+    explicit SlidingArea(QWidget *content) {
+        content->setParent(this);
+        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    }
+    QSize sizeHint() const override { return _content()->sizeHint(); }
+    QSize minimumSizeHint() const override { return _content()->minimumSizeHint(); }
+
+  protected:
+    void resizeEvent(QResizeEvent *) override { _content()->resize(size()); }
+
+  private:
+    QWidget *_content() const { return static_cast<QWidget *>(children().first()); }
+};
 
 } // namespace
 
 KVFooterView::KVFooterView(QWidget *parent)
     : QWidget(parent)
+    , _addButton(new QPushButton(KVLocalizationCenter::localized("Add Files...")))
     , _startButton(new QPushButton)
-    , _progressBar(new QProgressBar)
-    , _status(new QLabel) {
-    auto *add = new QPushButton(QIcon::fromTheme(QStringLiteral("list-add")),
-                                KVLocalizationCenter::localized("Add Files..."));
-    connect(add, &QPushButton::clicked, this, &KVFooterView::addFilesRequested);
+    , _loading(new QLabel)
+    , _slidingPart(new QWidget)
+    , _progressBar(new KVProgressLine)
+    , _status(new QLabel)
+    , _sliding(new QPropertyAnimation(_slidingPart, "pos", this)) {
+    connect(_addButton, &QPushButton::clicked, this, &KVFooterView::addFilesRequested);
     connect(_startButton, &QPushButton::clicked, this, [this] {
         if (_isWorking)
             Q_EMIT pauseRequested();
         else
             Q_EMIT startRequested();
     });
+    connect(_sliding, &QPropertyAnimation::finished, this,
+            [this] { _slidingPart->setVisible(_showsProgress); });
     _progressBar->setRange(0, progressSteps);
-    _progressBar->setTextVisible(false);
     _progressBar->setAccessibleName(KVLocalizationCenter::localized("Progress of all conversions"));
     _status->setMinimumWidth(_status->fontMetrics().averageCharWidth() * 14);
 
+    auto *inside = new QHBoxLayout(_slidingPart);
+    inside->setContentsMargins(0, 0, 0, 0);
+    inside->setSpacing(10);
+    inside->addWidget(_progressBar, 1);
+    inside->addWidget(_status);
+    _progressArea = new SlidingArea(_slidingPart);
+
     auto *layout = new QHBoxLayout(this);
-    layout->addWidget(add);
-    layout->addWidget(_progressBar, 1);
-    layout->addWidget(_status);
-    layout->addStretch(0);
+    layout->setContentsMargins(10, 9, 10, 8);
+    layout->setSpacing(12);
+    layout->addWidget(_addButton);
+    layout->addWidget(_loading);
+    layout->addWidget(_progressArea, 1);
     layout->addWidget(_startButton);
+    _startButton->setDefault(true);
+    _slidingPart->hide();
+    _loading->hide();
     setIsWorking(false);
-    setShowsProgress(false);
 }
 
 void KVFooterView::setProgress(double progress, const QString &status) {
@@ -50,20 +88,53 @@ void KVFooterView::setProgress(double progress, const QString &status) {
 }
 
 void KVFooterView::setShowsProgress(bool isShown) {
-    // The place stays, so that nothing jumps.
-    QSizePolicy policy = _progressBar->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    _progressBar->setSizePolicy(policy);
-    _progressBar->setVisible(isShown);
-    _status->setVisible(isShown);
+    if (_showsProgress == isShown) return;
+    _showsProgress = isShown;
+    _slide(isShown);
+}
+
+void KVFooterView::_slide(bool isIn) {
+    const int duration = style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this);
+    const QPoint below(0, slidingDistance);
+    _sliding->stop();
+    if (!isVisible() || duration <= 0) {
+        _slidingPart->move(0, 0);
+        _slidingPart->setVisible(isIn);
+        return;
+    }
+    _sliding->setStartValue(isIn ? below : QPoint());
+    _sliding->setEndValue(isIn ? QPoint() : below);
+    _sliding->setDuration(duration);
+    _slidingPart->show();
+    _sliding->start();
 }
 
 void KVFooterView::setIsWorking(bool isWorking) {
+    if (_isWorking == isWorking && !_startButton->text().isEmpty()) return;
     _isWorking = isWorking;
     _startButton->setText(KVLocalizationCenter::localized(isWorking ? "Pause All" : "Start"));
-    _startButton->setDefault(true);
+    _loadIcons();
 }
 
 void KVFooterView::setCanStart(bool canStart) {
     _startButton->setEnabled(canStart);
+}
+
+void KVFooterView::setNumberOfLoadingFiles(int number) {
+    _loading->setVisible(number > 0);
+    if (number > 0) _loading->setText(KVLocalizationCenter::localized("Loading files: %@ left", {number}));
+}
+
+void KVFooterView::_loadIcons() {
+    _addButton->setIcon(KVLook::icon("add", palette()));
+    _startButton->setIcon(KVLook::icon(_isWorking ? "pause" : "start", palette()));
+}
+
+void KVFooterView::paintEvent(QPaintEvent *) {
+    QPainter(this).fillRect(0, 0, width(), 1, KVLook::line(palette()));
+}
+
+void KVFooterView::changeEvent(QEvent *event) {
+    if (event->type() == QEvent::PaletteChange) _loadIcons();
+    QWidget::changeEvent(event);
 }

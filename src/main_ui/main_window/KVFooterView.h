@@ -1,11 +1,14 @@
 #pragma once
 
 #include <QLabel>
-#include <QProgressBar>
-#include <QPushButton>
 #include <QWidget>
 
-/// The window's footer: add files, start or pause everything, progress and time left of all.
+class KVProgressLine;
+class QPropertyAnimation;
+class QPushButton;
+
+/// The window's footer: add files, start or pause everything, progress and time left of all, and how much is
+/// still being loaded.
 class KVFooterView : public QWidget {
     Q_OBJECT
 
@@ -14,18 +17,36 @@ class KVFooterView : public QWidget {
 
     /// `progress` from 0 to 1.
     void setProgress(double progress, const QString &status);
+    /// The bar slides in and out.
     void setShowsProgress(bool isShown);
+    bool showsProgress() const { return _showsProgress; }
     void setIsWorking(bool isWorking);
     void setCanStart(bool canStart);
+    /// 0 while nothing is loading.
+    void setNumberOfLoadingFiles(int number);
+    bool isLoading() const { return !_loading->isHidden(); }
 
   Q_SIGNALS:
     void addFilesRequested();
     void startRequested();
     void pauseRequested();
 
+  protected:
+    void paintEvent(QPaintEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
   private:
+    void _loadIcons();
+    void _slide(bool isIn);
+
+    QPushButton *_addButton;
     QPushButton *_startButton;
-    QProgressBar *_progressBar;
+    QLabel *_loading;
+    QWidget *_progressArea; ///< Keeps its place, so that nothing jumps; what is inside it slides.
+    QWidget *_slidingPart;
+    KVProgressLine *_progressBar;
     QLabel *_status;
+    QPropertyAnimation *_sliding;
     bool _isWorking = false;
+    bool _showsProgress = false;
 };

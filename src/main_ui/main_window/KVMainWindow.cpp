@@ -1,8 +1,11 @@
 #include "main_ui/main_window/KVMainWindow.h"
 
+#include "controllers/KVFileIntake.h"
 #include "kvcore/KVLocalizationCenter.h"
+#include "main_ui/KVAppearance.h"
 #include "main_ui/main_window/KVDropZoneView.h"
 #include "main_ui/main_window/KVFooterView.h"
+#include "main_ui/main_window/KVMainMenu.h"
 #include "main_ui/main_window/history/KVHistoryView.h"
 #include "main_ui/main_window/table_view/KVQueueTableWidget.h"
 #include "queues/KVConversionQueue.h"
@@ -13,7 +16,6 @@
 #include <QDragEnterEvent>
 #include <QKeyEvent>
 #include <QMenu>
-#include <QMenuBar>
 #include <QMimeData>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -22,8 +24,12 @@
 
 namespace {
 
-QString localized(const char *key) {
-    return KVLocalizationCenter::localized(key);
+// Many changes at once are looked at once.
+constexpr int updateDelay = 40; // ms
+
+qsizetype count(const KVConversionQueue &queue, KVConversionState state) {
+    return std::ranges::count_if(queue.conversions(),
+                                 [state](const auto &conversion) { return conversion->state == state; });
 }
 
 } // namespace
@@ -35,21 +41,18 @@ KVMainWindow::KVMainWindow(KVMainWindowDelegate &delegate, std::shared_ptr<KVCon
     , _dropZone(new KVDropZoneView)
     , _footer(new KVFooterView)
     , _content(new QStackedWidget)
-    , _historyDock(new QDockWidget(localized("History"))) {
+    , _historyDock(new QDockWidget(KVLocalizationCenter::localized("History"))) {
     setWindowTitle(QStringLiteral("Kalvora"));
     setAcceptDrops(true);
     resize(680, 520);
+    new KVAppearance(this); // the window owns it
     _buildContent();
-    _buildMenus();
+    _buildHistory();
+    _connectTable();
+    _menu = new KVMainMenu(*this, _delegate);
     qApp->installEventFilter(this);
-
-    const auto update = [this](const auto &) { _updateCommands(); };
-    auto &center = KVNotificationCenter::defaultCenter();
-    for (const auto &name : {ConversionQueueDidAddConversion, ConversionDidStart, ConversionDidFinish})
-        _observations.push_back(center.addObserver<KVConversion>(name, update));
-    for (const auto &name : {ConversionQueueDidStart, ConversionQueueDidFinish})
-        _observations.push_back(center.addObserver<KVConversionQueue>(name, update));
-    _observations.push_back(center.addObserver<void>(ConversionQueueWasAffectedByAppleScript, update));
+    _observe();
+    _showContent(_model->rowCount() == 0);
     _updateCommands();
 }
 
@@ -65,20 +68,8 @@ void KVMainWindow::_buildContent() {
     _table->setQueueModel(_model);
     _content->addWidget(_dropZone);
     _content->addWidget(_table);
-    _content->setCurrentWidget(_model->rowCount() == 0 ? static_cast<QWidget *>(_dropZone) : _table);
-    connect(_model, &KVQueueTableModel::dropZoneVisibilityChanged, this, [this](bool isVisible) {
-        _content->setCurrentWidget(isVisible ? static_cast<QWidget *>(_dropZone) : _table);
-        if (isVisible) hideProgressBar();
-        _updateCommands();
-    });
+    connect(_model, &KVQueueTableModel::dropZoneVisibilityChanged, this, &KVMainWindow::_showContent);
     connect(_dropZone, &KVDropZoneView::addFilesRequested, this, [this] { _delegate.open(); });
-
-    connect(_table, &KVQueueTableWidget::rowMenuRequested, this, &KVMainWindow::_showRowMenu);
-    connect(_table, &KVQueueTableWidget::presetMenuRequested, this, &KVMainWindow::_showPresetMenu);
-    connect(_table, &KVQueueTableWidget::stopButtonPressed, this, [this](const QModelIndex &index) {
-        if (const auto row = _model->tableRow(index)) row->stopButtonAction(_model->isOptionKeyDown());
-    });
-
     connect(_footer, &KVFooterView::addFilesRequested, this, [this] { _delegate.open(); });
     connect(_footer, &KVFooterView::startRequested, this, [this] { _delegate.start(); });
     connect(_footer, &KVFooterView::pauseRequested, this, [this] { _delegate.pause(); });
@@ -90,7 +81,9 @@ void KVMainWindow::_buildContent() {
     layout->addWidget(_content, 1);
     layout->addWidget(_footer);
     setCentralWidget(central);
+}
 
+void KVMainWindow::_buildHistory() {
     auto *history = new KVHistoryView;
     connect(history, &KVHistoryView::openRequested, this,
             [this](const QUrl &url) { _delegate.openFile(url); });
@@ -101,120 +94,99 @@ void KVMainWindow::_buildContent() {
     _historyDock->setFeatures(QDockWidget::NoDockWidgetFeatures);
     addDockWidget(Qt::RightDockWidgetArea, _historyDock);
     _historyDock->hide();
+    connect(_historyDock, &QDockWidget::visibilityChanged, this,
+            [this](bool isVisible) { _menu->setShowsHistory(isVisible); });
 }
 
-void KVMainWindow::_buildMenus() {
-    QMenu *file = menuBar()->addMenu(localized("&File"));
-    file->addAction(localized("&Add Files..."), QKeySequence::Open, this, [this] { _delegate.open(); });
-    file->addSeparator();
-    file->addAction(localized("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this,
-                    [this] { _delegate.terminate(); });
-
-    QMenu *queue = menuBar()->addMenu(localized("&Queue"));
-    _buildQueueMenu(*queue);
-
-    QMenu *view = menuBar()->addMenu(localized("&View"));
-    QAction *history = view->addAction(localized("&History"), QKeySequence(Qt::CTRL | Qt::Key_Y), this,
-                                       [this] { toggleHistory(); });
-    history->setCheckable(true);
-    connect(_historyDock, &QDockWidget::visibilityChanged, history, &QAction::setChecked);
-
-    QMenu *help = menuBar()->addMenu(localized("&Help"));
-    help->addAction(localized("&Release Notes"), this, [this] { _delegate.showReleaseNotes(); });
-    help->addAction(localized("&Debug Log"), this, [this] { _delegate.showDebugPane(); });
+void KVMainWindow::_connectTable() {
+    connect(_table, &KVQueueTableWidget::rowMenuRequested, this,
+            [this](const QModelIndex &index, const QPoint &position) {
+                if (const auto row = _model->tableRow(index)) _showMenu(row->menu(), position);
+            });
+    connect(_table, &KVQueueTableWidget::presetMenuRequested, this,
+            [this](const QModelIndex &index, const QPoint &position) {
+                _showMenu(_presetItems(_model->mediaType(index)), position);
+            });
+    connect(_table, &KVQueueTableWidget::stopButtonPressed, this, [this](const QModelIndex &index) {
+        if (const auto row = _model->tableRow(index)) row->stopButtonAction(_model->isOptionKeyDown());
+    });
 }
 
-void KVMainWindow::_buildQueueMenu(QMenu &menu) {
-    menu.addAction(localized("&Start"), QKeySequence(Qt::CTRL | Qt::Key_Return), this,
-                   [this] { _delegate.start(); });
-    menu.addAction(localized("&Pause"), QKeySequence(Qt::CTRL | Qt::Key_Period), this,
-                   [this] { _delegate.pause(); });
-    menu.addSeparator();
-    menu.addAction(localized("&Merge All"), QKeySequence(Qt::CTRL | Qt::Key_M), this,
-                   [this] { _delegate.mergeAll(); });
-    menu.addAction(localized("Make &DVD"), QKeySequence(Qt::CTRL | Qt::Key_D), this,
-                   [this] { _delegate.makeDVD(); });
-    menu.addSeparator();
-
-    struct Tag {
-        const char *title;
-        int tag;
+void KVMainWindow::_observe() {
+    _commandsUpdate.setSingleShot(true);
+    connect(&_commandsUpdate, &QTimer::timeout, this, &KVMainWindow::_updateCommands);
+    const auto update = [this] {
+        if (!_commandsUpdate.isActive()) _commandsUpdate.start(updateDelay);
     };
-    constexpr std::array tags{Tag{"All", -1}, Tag{"Video", 0}, Tag{"Audio", 1}, Tag{"Picture", 2}};
-    QMenu *finished = menu.addMenu(localized("Clear &Finished"));
-    QMenu *inactive = menu.addMenu(localized("Clear &Inactive"));
-    for (const auto &[title, tag] : tags) {
-        finished->addAction(localized(title), this,
-                            [this, tag = tag] { _delegate.clearFinishedConversionsInQueue(tag); });
-        inactive->addAction(localized(title), this,
-                            [this, tag = tag] { _delegate.clearInactiveConversionsInQueue(tag); });
-    }
+    connect(_model, &QAbstractItemModel::dataChanged, this, update);
+    connect(_model, &QAbstractItemModel::rowsInserted, this, update);
+    connect(_model, &QAbstractItemModel::rowsRemoved, this, update);
+    connect(_model, &QAbstractItemModel::modelReset, this, update);
+    auto &center = KVNotificationCenter::defaultCenter();
+    for (const auto &name : {ConversionQueueDidStart, ConversionQueueDidFinish})
+        _observations.push_back(
+            center.addObserver<KVConversionQueue>(name, [update](const auto &) { update(); }));
+    _observations.push_back(center.addObserver<void>(ConversionQueueWasAffectedByAppleScript,
+                                                     [update](const auto &) { update(); }));
+    _observations.push_back(center.addObserver<void>(FileIntakeDidChangeLoading, [this](const auto &) {
+        _footer->setNumberOfLoadingFiles(_delegate.numberOfLoadingFiles());
+        _showContent(showsDropZone());
+    }));
 }
 
-void KVMainWindow::fill(QMenu &menu, const KVMenu &items) {
-    menu.setToolTipsVisible(true);
-    for (const KVMenuItem &item : items) {
-        if (item.isSeparator) {
-            menu.addSeparator();
-            continue;
-        }
-        // An ampersand in a file's name is no shortcut.
-        const QString title = QString(item.title).replace('&', "&&");
-        if (!item.submenu.empty()) {
-            fill(*menu.addMenu(title), item.submenu);
-            continue;
-        }
-        QAction *action = menu.addAction(title);
-        action->setEnabled(item.isEnabled);
-        action->setToolTip(item.toolTip);
-        action->setCheckable(item.isOn);
-        action->setChecked(item.isOn);
-        if (item.action) QObject::connect(action, &QAction::triggered, action, item.action);
-    }
+void KVMainWindow::_showContent(bool isAwaitingFiles) {
+    const bool hadFocus = _table->hasFocus() || _dropZone->isAncestorOf(focusWidget());
+    _content->setCurrentWidget(isAwaitingFiles ? static_cast<QWidget *>(_dropZone) : _table);
+    // While nothing is queued there is nothing to start, and the drop zone adds files itself.
+    _footer->setVisible(!isAwaitingFiles || _footer->isLoading());
+    if (isAwaitingFiles) hideProgressBar();
+    if (hadFocus) _content->currentWidget()->setFocus();
 }
 
-void KVMainWindow::_showRowMenu(const QModelIndex &index, const QPoint &position) {
-    const auto row = _model->tableRow(index);
-    if (!row) return;
+void KVMainWindow::_showMenu(const KVMenu &items, const QPoint &position) {
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    fill(*menu, row->menu());
+    KVMainMenu::fill(*menu, items);
     menu->popup(position);
 }
 
-void KVMainWindow::_showPresetMenu(const QModelIndex &index, const QPoint &position) {
-    const KVMediaFileType type = _model->mediaType(index);
-    auto *menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
+KVMenu KVMainWindow::_presetItems(KVMediaFileType type) {
     KVMenu items;
     for (const KVPresetMenuItem &entry : _model->presetPopUpButton(type).items()) {
-        if (entry.isSeparator)
+        if (entry.isSeparator) {
             items.push_back(KVMenuItem::separator());
-        else
-            items.push_back(
-                {.title = entry.title,
-                 .action = [this, type,
-                            preset = entry.preset] { _model->presetPopUpButton(type).choosePreset(preset); },
-                 .toolTip = entry.toolTip,
-                 .isOn = entry.isOn});
+            continue;
+        }
+        items.push_back(
+            {.title = entry.title,
+             .action = [this, type,
+                        preset = entry.preset] { _model->presetPopUpButton(type).choosePreset(preset); },
+             .toolTip = entry.toolTip,
+             .isOn = entry.isOn});
     }
-    fill(*menu, items);
-    menu->popup(position);
+    return items;
 }
 
 void KVMainWindow::_updateCommands() {
-    const auto queues = KVConversionQueue::allQueues();
-    const bool isWorking = KVConversionQueue::isAnyQueueWorking();
-    const auto has = [&](KVConversionState state) {
-        return std::ranges::any_of(queues, [state](const auto &queue) {
-            return std::ranges::any_of(
-                queue->conversions(), [state](const auto &conversion) { return conversion->state == state; });
-        });
-    };
-    const bool hasRunning = isWorking && has(KVConversionState::executing);
-    _footer->setIsWorking(hasRunning);
-    _footer->setCanStart(hasRunning || has(KVConversionState::waitingToStart) ||
-                         has(KVConversionState::paused));
+    using enum KVConversionState;
+    qsizetype running = 0;
+    qsizetype startable = 0;
+    KVMainMenu::State state;
+    for (const auto &queue : KVConversionQueue::allQueues()) {
+        const qsizetype waiting = count(*queue, waitingToStart);
+        running += count(*queue, executing);
+        startable += waiting + count(*queue, paused);
+        state.hasFinished |= count(*queue, finished) > 0;
+        state.hasInactive |= waiting > 0;
+        state.canMerge |= waiting > 1;
+        state.canMakeDVD |= waiting > 0 && queue->mediaFileType() == KVMediaFileType::video;
+    }
+    state.canStart = startable > 0;
+    state.canPause = running > 0;
+    state.hasInactive |= state.hasFinished;
+    _menu->setState(state);
+    _footer->setIsWorking(running > 0);
+    _footer->setCanStart(running > 0 || startable > 0);
 }
 
 void KVMainWindow::toggleHistory() {
@@ -263,7 +235,9 @@ void KVMainWindow::dropEvent(QDropEvent *event) {
 bool KVMainWindow::eventFilter(QObject *watched, QEvent *event) {
     if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) {
         const auto *key = static_cast<QKeyEvent *>(event);
-        if (key->key() == Qt::Key_Alt) _model->setIsOptionKeyDown(event->type() == QEvent::KeyPress);
+        // Window managers keep clicks with the Alt key for themselves; then the Shift key does the same.
+        if (key->key() == Qt::Key_Alt || key->key() == Qt::Key_Shift)
+            _model->setIsOptionKeyDown(event->type() == QEvent::KeyPress);
     } else if (event->type() == QEvent::ApplicationDeactivate) {
         _model->setIsOptionKeyDown(false);
     }

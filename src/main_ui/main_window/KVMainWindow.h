@@ -2,41 +2,22 @@
 
 #include "controllers/KVConversionTableRow.h"
 #include "controllers/KVMenuItem.h"
+#include "main_ui/main_window/KVMainWindowDelegate.h"
 
 #include <QMainWindow>
+#include <QTimer>
 
 #include <memory>
 
+class KVAppearance;
 class KVDropZoneView;
 class KVFooterView;
 class KVHistoryView;
+class KVMainMenu;
 class KVQueueTableModel;
 class KVQueueTableWidget;
 class QDockWidget;
-class QMenu;
 class QStackedWidget;
-
-/// What the main window asks of the application.
-class KVMainWindowDelegate {
-  public:
-    virtual ~KVMainWindowDelegate() = default;
-    virtual void addFiles(const QList<QUrl> &urls) = 0;
-    /// The open panel.
-    virtual void open() = 0;
-    virtual void start() = 0;
-    virtual void pause() = 0;
-    virtual void mergeAll() = 0;
-    virtual void makeDVD() = 0;
-    /// Tags: -1 all queues, 0 video, 1 audio, 2 picture.
-    virtual void clearFinishedConversionsInQueue(int tag) = 0;
-    virtual void clearInactiveConversionsInQueue(int tag) = 0;
-    virtual void openFile(const QUrl &url) = 0;
-    virtual void showInFileManager(const QUrl &url) = 0;
-    virtual void showReleaseNotes() = 0;
-    virtual void showDebugPane() = 0;
-    /// Asks to quit; the answer decides whether the application ends.
-    virtual void terminate() = 0;
-};
 
 /// The window: the queue table or the drop zone, the footer, the history beside, the menus. Main thread.
 class KVMainWindow : public QMainWindow {
@@ -58,9 +39,6 @@ class KVMainWindow : public QMainWindow {
     void setProgress(double progress, const QString &status);
     void hideProgressBar();
 
-    /// Fills a menu of Qt's with a menu of ours.
-    static void fill(QMenu &menu, const KVMenu &items);
-
   protected:
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
@@ -70,10 +48,12 @@ class KVMainWindow : public QMainWindow {
 
   private:
     void _buildContent();
-    void _buildMenus();
-    void _buildQueueMenu(QMenu &menu);
-    void _showRowMenu(const QModelIndex &index, const QPoint &position);
-    void _showPresetMenu(const QModelIndex &index, const QPoint &position);
+    void _buildHistory();
+    void _connectTable();
+    void _observe();
+    void _showContent(bool isAwaitingFiles);
+    void _showMenu(const KVMenu &items, const QPoint &position);
+    KVMenu _presetItems(KVMediaFileType type);
     void _updateCommands();
 
     KVMainWindowDelegate &_delegate;
@@ -83,5 +63,7 @@ class KVMainWindow : public QMainWindow {
     KVFooterView *_footer;
     QStackedWidget *_content;
     QDockWidget *_historyDock;
+    KVMainMenu *_menu = nullptr;
+    QTimer _commandsUpdate; ///< Gathers many changes into one update.
     std::vector<KVNotificationCenter::Observation> _observations;
 };

@@ -96,8 +96,11 @@ std::optional<QString> KVWindowQuestions::runTextPrompt(const KVTextPrompt &prom
                             ? prompt.messageText
                             : prompt.messageText + "\n" + prompt.informativeText);
     dialog.setTextValue(prompt.defaultValue);
+    dialog.setMinimumWidth(dialog.fontMetrics().averageCharWidth() * 50); // names of files are long
     if (!prompt.buttons.isEmpty()) dialog.setOkButtonText(prompt.buttons.first());
     if (prompt.buttons.size() > 1) dialog.setCancelButtonText(prompt.buttons.at(1));
+    for (QPushButton *button : dialog.findChildren<QPushButton *>())
+        button->setIcon({});
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
     return dialog.textValue();
 }

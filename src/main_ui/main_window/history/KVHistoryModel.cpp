@@ -28,7 +28,11 @@ QVariant KVHistoryModel::data(const QModelIndex &index, int role) const {
     case Qt::ToolTipRole:
         return item.url.toLocalFile() + "\n" +
                QLocale().toString(item.date.toLocalTime(), QLocale::ShortFormat);
-    case Qt::UserRole:
+    case detailsRole:
+        return QStringLiteral("%1 \u2013 %2")
+            .arg(QLocale().toString(item.date.toLocalTime().date(), QLocale::ShortFormat),
+                 KVFileManager::lastPathComponent(KVFileManager::deletingLastPathComponent(item.url)));
+    case urlRole:
         return item.url;
     default:
         return {};
@@ -36,7 +40,7 @@ QVariant KVHistoryModel::data(const QModelIndex &index, int role) const {
 }
 
 QUrl KVHistoryModel::url(const QModelIndex &index) const {
-    return data(index, Qt::UserRole).toUrl();
+    return data(index, urlRole).toUrl();
 }
 
 void KVHistoryModel::_historyChanged(const KVHistoryChange &change, bool isPrior) {

@@ -9,6 +9,11 @@ class KVHistoryModel : public QAbstractListModel {
     Q_OBJECT
 
   public:
+    enum Role {
+        urlRole = Qt::UserRole,
+        detailsRole, ///< The folder and the day.
+    };
+
     explicit KVHistoryModel(QObject *parent = nullptr);
     ~KVHistoryModel() override;
 

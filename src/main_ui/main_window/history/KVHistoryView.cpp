@@ -1,7 +1,10 @@
 #include "main_ui/main_window/history/KVHistoryView.h"
 
 #include "kvcore/KVLocalizationCenter.h"
+#include "main_ui/main_window/history/KVHistoryItemDelegate.h"
 
+#include <QContextMenuEvent>
+#include <QFileInfo>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
@@ -17,10 +20,13 @@ KVHistoryView::KVHistoryView(QWidget *parent)
     _list->setFrameShape(QFrame::NoFrame);
     _list->setTextElideMode(Qt::ElideMiddle);
     _list->setUniformItemSizes(true);
+    _list->setItemDelegate(new KVHistoryItemDelegate(_list));
     _list->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(_list, &QListView::customContextMenuRequested, this, &KVHistoryView::_showMenu);
     connect(_list, &QListView::activated, this,
             [this](const QModelIndex &index) { Q_EMIT openRequested(_model->url(index)); });
+
+    _list->viewport()->installEventFilter(this);
 
     auto *clear = new QPushButton(localized("Clear History"));
     connect(clear, &QPushButton::clicked, this, [] {
@@ -40,16 +46,27 @@ KVHistoryView::KVHistoryView(QWidget *parent)
     layout->addWidget(title);
     layout->addWidget(_list, 1);
     layout->addWidget(clear, 0, Qt::AlignLeft);
-    setMinimumWidth(200);
+    setMinimumWidth(220);
 }
 
 void KVHistoryView::_showMenu(const QPoint &position) {
     const QModelIndex index = _list->indexAt(position);
     if (!index.isValid()) return;
     const QUrl url = _model->url(index);
+    const bool isThere = QFileInfo::exists(url.toLocalFile());
     QMenu menu;
-    menu.addAction(KVLocalizationCenter::localized("Open"), this, [this, url] { Q_EMIT openRequested(url); });
+    menu.addAction(KVLocalizationCenter::localized("Open"), this, [this, url] { Q_EMIT openRequested(url); })
+        ->setEnabled(isThere);
     menu.addAction(KVLocalizationCenter::localized("Show in Finder"), this,
-                   [this, url] { Q_EMIT revealRequested(url); });
+                   [this, url] { Q_EMIT revealRequested(url); })
+        ->setEnabled(isThere);
     menu.exec(_list->viewport()->mapToGlobal(position));
+}
+
+bool KVHistoryView::eventFilter(QObject *watched, QEvent *event) {
+    const bool isKey = event->type() == QEvent::ContextMenu &&
+                       static_cast<QContextMenuEvent *>(event)->reason() == QContextMenuEvent::Keyboard;
+    if (watched != _list->viewport() || !isKey) return QWidget::eventFilter(watched, event);
+    _showMenu(_list->visualRect(_list->currentIndex()).center());
+    return true;
 }

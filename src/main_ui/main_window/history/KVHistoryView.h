@@ -16,6 +16,9 @@ class KVHistoryView : public QWidget {
     void openRequested(const QUrl &url);
     void revealRequested(const QUrl &url);
 
+  protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
   private:
     void _showMenu(const QPoint &position);
 

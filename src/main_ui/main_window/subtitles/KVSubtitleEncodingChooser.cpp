@@ -2,6 +2,7 @@
 
 #include "controllers/KVTextEncodings.h"
 #include "kvcore/KVLocalizationCenter.h"
+#include "main_ui/main_window/KVLook.h"
 #include "platform/KVFileManager.h"
 #include "presets/video/base/KVSubtitlesFile.h"
 
@@ -12,6 +13,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -27,6 +30,8 @@ KVSubtitleEncodingChooser::KVSubtitleEncodingChooser(const QUrl &subtitles, cons
     , _encodingPopUpButton(new QComboBox)
     , _previewTextView(new QPlainTextEdit)
     , _buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel)) {
+    KVLook::setButton(*_buttons, QDialogButtonBox::Ok, "OK");
+    KVLook::setButton(*_buttons, QDialogButtonBox::Cancel, "Cancel");
     if (QFile file(subtitles.toLocalFile()); file.open(QIODevice::ReadOnly)) _text = file.read(mostBytesRead);
 
     setWindowTitle(KVLocalizationCenter::localized("Subtitle Encoding"));
@@ -37,11 +42,15 @@ KVSubtitleEncodingChooser::KVSubtitleEncodingChooser(const QUrl &subtitles, cons
     _messageTextField->setBuddy(_encodingPopUpButton);
     _encodingPopUpButton->setAccessibleName(KVLocalizationCenter::localized("Text encoding"));
     _previewTextView->setReadOnly(true);
+    _previewTextView->setTabChangesFocus(true);
     _previewTextView->setAccessibleName(KVLocalizationCenter::localized("Preview"));
 
     auto *layout = new QVBoxLayout(this);
+    auto *legend = new QLabel(KVLocalizationCenter::localized("\u2605 likely for this file"));
+    legend->setFont(KVLook::smaller(legend->font()));
     layout->addWidget(_messageTextField);
     layout->addWidget(_encodingPopUpButton);
+    layout->addWidget(legend);
     layout->addWidget(_previewTextView, 1);
     layout->addWidget(_buttons);
     resize(520, 420);
@@ -59,19 +68,26 @@ std::optional<QString> KVSubtitleEncodingChooser::chooseEncoding() {
 }
 
 void KVSubtitleEncodingChooser::_loadEncodingsPopUpMenu(const QString &selected) {
-    for (const KVTextEncoding &encoding : KVTextEncodingsThatDecode(_text)) {
-        const QString title =
-            encoding.isLikely ? encoding.localizedName + "  \u2605" : encoding.localizedName;
-        _encodingPopUpButton->addItem(title, encoding.name);
-        if (encoding.isLikely)
+    const QList<KVTextEncoding> encodings = KVTextEncodingsThatDecode(_text);
+    for (const KVTextEncoding &encoding : encodings) {
+        _encodingPopUpButton->addItem(encoding.isLikely() ? encoding.localizedName + "  \u2605"
+                                                          : encoding.localizedName,
+                                      encoding.name);
+        if (encoding.isLikely())
             _encodingPopUpButton->setItemData(_encodingPopUpButton->count() - 1,
                                               KVLocalizationCenter::localized("Likely for this file"),
                                               Qt::ToolTipRole);
-        if (encoding.name.compare(selected, Qt::CaseInsensitive) == 0)
-            _encodingPopUpButton->setCurrentIndex(_encodingPopUpButton->count() - 1);
     }
+    const auto isSelected = [&](const KVTextEncoding &encoding) {
+        return encoding.name.compare(selected, Qt::CaseInsensitive) == 0;
+    };
+    auto shown = std::ranges::find_if(encodings, isSelected);
+    // The one that the file has had so far does not fit: the likeliest is a better start than the first.
+    if (shown == encodings.end())
+        shown = std::ranges::max_element(encodings, {}, &KVTextEncoding::likelihood);
+    if (shown != encodings.end()) _encodingPopUpButton->setCurrentIndex(int(shown - encodings.begin()));
     // A file that can be read under no encoding leaves nothing but the cancel.
-    _buttons->button(QDialogButtonBox::Ok)->setEnabled(_encodingPopUpButton->count() > 0);
+    _buttons->button(QDialogButtonBox::Ok)->setEnabled(!encodings.isEmpty());
 }
 
 void KVSubtitleEncodingChooser::_encodingChanged() {

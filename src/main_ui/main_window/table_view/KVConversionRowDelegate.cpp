@@ -1,190 +1,224 @@
 #include "main_ui/main_window/table_view/KVConversionRowDelegate.h"
 
 #include "conversion/conversions/KVConversion.h"
+#include "main_ui/main_window/KVLook.h"
 #include "main_ui/main_window/table_view/KVQueueTableModel.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <QImage>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPixmapCache>
+#include <QStyle>
+
+#include <algorithm>
 
 namespace {
 
-constexpr int margin = 8;
-constexpr int thumbnailSide = 40;
-constexpr int progressHeight = 4;
+constexpr int margin = 10;
+constexpr int thumbnailSide = 37;
+constexpr int stackOffset = 4; // of a thumbnail behind another
+constexpr int progressHeight = 5;
+constexpr int lineGap = 2; // between title and status
+constexpr int stateSymbolSide = 18;
 
 using Role = KVQueueTableModel::Role;
 
-QFont smaller(QFont font) {
-    font.setPointSizeF(font.pointSizeF() * 0.88);
-    return font;
+KVConversionState stateOf(const QModelIndex &index) {
+    return KVConversionState(index.data(Role::stateRole).toInt());
 }
 
-QColor secondary(const QPalette &palette) {
-    QColor color = palette.color(QPalette::Text);
-    color.setAlphaF(0.62F);
-    return color;
+QRect mirrored(const QRect &rect, const QRect &row) {
+    return QStyle::visualRect(QApplication::layoutDirection(), row, rect);
 }
 
-int stopWidth(const QFontMetrics &metrics) {
-    return metrics.averageCharWidth() * 12 + 2 * margin;
-}
-
-QIcon stockIcon(KVMediaFileType type) {
-    const auto name = [&] {
-        switch (type) {
-        case KVMediaFileType::picture:
-            return "picture";
-        case KVMediaFileType::audio:
-            return "music";
-        case KVMediaFileType::dvd:
-            return "dvd";
-        default:
-            return "movie";
-        }
-    };
-    return QIcon(QStringLiteral(":/icons/%1.svg").arg(name()));
-}
-
-void paintThumbnail(QPainter &painter, const QRect &rect, const QModelIndex &index) {
-    const QVariant thumbnail = index.data(Role::thumbnailRole);
-    if (!thumbnail.isValid()) {
-        stockIcon(KVMediaFileType(index.data(Role::mediaTypeRole).toInt())).paint(&painter, rect);
-        return;
+QString stockIcon(KVMediaFileType type) {
+    switch (type) {
+    case KVMediaFileType::picture:
+        return QStringLiteral(":/icons/picture.svg");
+    case KVMediaFileType::audio:
+        return QStringLiteral(":/icons/music.svg");
+    case KVMediaFileType::dvd:
+        return QStringLiteral(":/icons/dvd.svg");
+    default:
+        return QStringLiteral(":/icons/movie.svg");
     }
-    const qreal ratio = painter.device()->devicePixelRatioF();
-    QImage image = thumbnail.value<QImage>().scaled(rect.size() * ratio, Qt::KeepAspectRatioByExpanding,
-                                                    Qt::SmoothTransformation);
-    image.setDevicePixelRatio(ratio);
-    QPainterPath shape;
-    shape.addRoundedRect(rect, 4, 4);
-    painter.save();
-    painter.setClipPath(shape);
-    const QSizeF shown = QSizeF(image.size()) / ratio;
-    painter.drawImage(QPointF(rect.center().x() - shown.width() / 2, rect.center().y() - shown.height() / 2),
-                      image);
-    painter.restore();
 }
 
-void paintProgress(QPainter &painter, const QRect &rect, double progress, const QPalette &palette) {
-    painter.setPen(Qt::NoPen);
-    QColor groove = palette.color(QPalette::Text);
-    groove.setAlphaF(0.14F);
-    painter.setBrush(groove);
-    painter.drawRoundedRect(rect, progressHeight / 2.0, progressHeight / 2.0);
-    painter.setBrush(palette.color(QPalette::Highlight));
-    QRectF done = rect;
-    done.setWidth(rect.width() * progress);
-    painter.drawRoundedRect(done, progressHeight / 2.0, progressHeight / 2.0);
+/// The image cut to a rounded square; scaling is done once for each image and size.
+QPixmap thumbnailPixmap(const QImage &image, int side, qreal ratio) {
+    const QString key =
+        QStringLiteral("kalvora-thumbnail-%1-%2-%3").arg(image.cacheKey()).arg(side).arg(ratio);
+    QPixmap pixmap;
+    if (QPixmapCache::find(key, &pixmap)) return pixmap;
+    const int pixels = qRound(side * ratio);
+    const QImage scaled =
+        image.scaled(QSize(pixels, pixels), Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
+    pixmap = QPixmap(pixels, pixels);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QPainterPath shape;
+    shape.addRoundedRect(pixmap.rect(), 5 * ratio, 5 * ratio);
+    painter.setClipPath(shape);
+    painter.drawImage((pixels - scaled.width()) / 2, (pixels - scaled.height()) / 2, scaled);
+    painter.end();
+    pixmap.setDevicePixelRatio(ratio);
+    QPixmapCache::insert(key, pixmap);
+    return pixmap;
+}
+
+/// The first file's picture in front, those of the next files looking out behind it.
+void paintThumbnails(QPainter &painter, const QRect &place, const QModelIndex &index,
+                     const QPalette &palette) {
+    const QVariantList images = index.data(Role::thumbnailsRole).toList();
+    const int behind = int(images.size()) - 1;
+    const int side = thumbnailSide - stackOffset * behind;
+    for (int number = behind; number >= 0; --number) {
+        const QRect rect(place.left() + stackOffset * number, place.top() + stackOffset * (behind - number),
+                         side, side);
+        if (number < behind) {
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(palette.base());
+            painter.drawRoundedRect(QRectF(rect).adjusted(-1.5, -1.5, 1.5, 1.5), 6, 6);
+        }
+        const auto image = images.at(number).value<QImage>();
+        if (image.isNull())
+            QIcon(stockIcon(KVMediaFileType(index.data(Role::mediaTypeRole).toInt()))).paint(&painter, rect);
+        else
+            painter.drawPixmap(rect, thumbnailPixmap(image, side, painter.device()->devicePixelRatioF()));
+    }
 }
 
 void paintFocus(QPainter &painter, const QStyleOptionViewItem &option) {
     if (!option.state.testFlag(QStyle::State_HasFocus)) return;
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(option.palette.color(QPalette::Highlight), 1.5));
-    painter.drawRoundedRect(QRectF(option.rect).adjusted(2, 2, -2, -2), 4, 4);
+    painter.setPen(QPen(option.palette.color(QPalette::Highlight), 2));
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(2, 2, -2, -2), 5, 5);
+}
+
+void paintButton(QPainter &painter, const QStyleOptionViewItem &option, const QRect &rect,
+                 const QString &text, bool opensMenu) {
+    painter.setFont(KVLook::smaller(option.font));
+    KVLook::paintFlatButton(painter, rect, text, option.palette,
+                            {.isHovered = option.state.testFlag(QStyle::State_MouseOver),
+                             .isPressed = option.state.testFlag(QStyle::State_Sunken),
+                             .opensMenu = opensMenu});
 }
 
 void paintGroup(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index) {
     painter.fillRect(option.rect, option.palette.color(QPalette::Window));
-    QFont font = option.font;
+    painter.setPen(KVLook::line(option.palette));
+    painter.drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+    const QRect button = KVConversionRowDelegate::presetRect(option.rect);
+    QFont font = KVLook::smaller(option.font);
     font.setBold(true);
     painter.setFont(font);
-    painter.setPen(secondary(option.palette));
-    painter.drawText(option.rect.adjusted(margin, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
+    painter.setPen(KVLook::secondaryText(option.palette));
+    painter.drawText(option.rect.adjusted(margin, 0, -margin, 0), Qt::AlignVCenter | Qt::AlignLeading,
                      index.data(Role::titleRole).toString());
-
-    QStyleOptionComboBox box;
-    box.rect = KVConversionRowDelegate::presetRect(option.rect);
-    box.palette = option.palette;
-    box.fontMetrics = option.fontMetrics;
-    box.direction = option.direction;
-    box.state = QStyle::State_Enabled;
-    box.currentText = index.data(Role::presetNameRole).toString();
-    painter.setFont(option.font);
-    QStyle *style = option.widget ? option.widget->style() : QApplication::style();
-    style->drawComplexControl(QStyle::CC_ComboBox, &box, &painter, option.widget);
-    style->drawControl(QStyle::CE_ComboBoxLabel, &box, &painter, option.widget);
+    paintButton(painter, option, button, index.data(Role::presetNameRole).toString(), true);
 }
 
-void paintStopButton(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index) {
-    QStyleOptionButton button;
-    button.rect = KVConversionRowDelegate::stopRect(option.rect);
-    button.palette = option.palette;
-    button.fontMetrics = option.fontMetrics;
-    button.text = index.data(Role::stopTitleRole).toString();
-    button.state = QStyle::State_Enabled | QStyle::State_Raised;
-    painter.setFont(smaller(option.font));
-    QStyle *style = option.widget ? option.widget->style() : QApplication::style();
-    style->drawControl(QStyle::CE_PushButton, &button, &painter, option.widget);
-}
-
-void paintConversion(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index) {
-    const auto state = KVConversionState(index.data(Role::stateRole).toInt());
-    const bool isFinished = state == KVConversionState::finished;
-    const bool isRunning = state == KVConversionState::executing || state == KVConversionState::paused;
+/// Title above, status or progress below, both as one block in the middle of the row.
+void paintTexts(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index,
+                const QRect &space) {
     const QPalette &palette = option.palette;
-
-    paintThumbnail(painter, KVConversionRowDelegate::thumbnailRect(option.rect), index);
-    const QRect stop = KVConversionRowDelegate::stopRect(option.rect);
-    const int left = KVConversionRowDelegate::thumbnailRect(option.rect).right() + margin;
-    const int right = isFinished ? option.rect.right() - margin : stop.left() - margin;
-    const QRect text(left, option.rect.top() + 4, right - left, option.rect.height() - 8);
-
+    const KVConversionState state = stateOf(index);
+    const QFont small = KVLook::smaller(option.font);
     const QFontMetrics metrics(option.font);
+    const QFontMetrics smallMetrics(small);
+    const int height = metrics.height() + lineGap + smallMetrics.height();
+    const QRect title(space.left(), space.center().y() - height / 2, space.width(), metrics.height());
+    QRect status(space.left(), title.bottom() + 1 + lineGap, space.width(), smallMetrics.height());
+
+    // Names keep their place beside the picture, in whatever script they are.
+    const Qt::Alignment side = QStyle::visualAlignment(QApplication::layoutDirection(), Qt::AlignLeft);
+    const Qt::Alignment alignment = Qt::AlignVCenter | Qt::AlignAbsolute | side;
     painter.setFont(option.font);
     painter.setPen(palette.color(QPalette::Text));
     painter.drawText(
-        QRect(text.left(), text.top(), text.width(), metrics.height()), Qt::AlignVCenter | Qt::AlignLeft,
-        metrics.elidedText(index.data(Role::titleRole).toString(), Qt::ElideMiddle, text.width()));
+        title, alignment,
+        metrics.elidedText(index.data(Role::titleRole).toString(), Qt::ElideMiddle, title.width()));
 
-    const QFont small = smaller(option.font);
-    const QFontMetrics smallMetrics(small);
-    QRect status(text.left(), text.bottom() - smallMetrics.height() + 1, text.width(), smallMetrics.height());
+    const bool isRunning = state == KVConversionState::executing || state == KVConversionState::paused;
     if (const QVariant progress = index.data(Role::progressRole); isRunning && progress.isValid()) {
-        const QRect bar(text.left(), status.center().y() - progressHeight / 2, text.width() * 3 / 5,
+        const QRect bar(status.left(), status.center().y() - progressHeight / 2, status.width() * 3 / 5,
                         progressHeight);
-        paintProgress(painter, bar, progress.toDouble(), palette);
-        status.setLeft(bar.right() + margin);
+        KVLook::paintProgress(painter, mirrored(bar, status), progress.toDouble(), palette);
+        const QRect rest(bar.right() + margin, status.top(), status.right() - bar.right() - margin,
+                         status.height());
+        status = mirrored(rest, status);
     }
-    const bool hasFailed = isFinished && !index.data(Role::isSuccessfulRole).toBool();
+    const bool hasFailed =
+        state == KVConversionState::finished && !index.data(Role::isSuccessfulRole).toBool();
     painter.setFont(small);
-    painter.setPen(hasFailed ? QColor(0xc6, 0x28, 0x28) : secondary(palette));
+    painter.setPen(hasFailed ? KVLook::failure(palette) : KVLook::secondaryText(palette));
     painter.drawText(
-        status, Qt::AlignVCenter | Qt::AlignLeft,
+        status, alignment,
         smallMetrics.elidedText(index.data(Role::statusRole).toString(), Qt::ElideRight, status.width()));
+}
 
-    if (!isFinished) paintStopButton(painter, option, index);
-    painter.setPen(palette.color(QPalette::AlternateBase));
-    painter.drawLine(left, option.rect.bottom(), option.rect.right(), option.rect.bottom());
+void paintConversion(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index) {
+    const QRect thumbnail = KVConversionRowDelegate::thumbnailRect(option.rect);
+    const QRect stop = KVConversionRowDelegate::stopRect(option.rect);
+    paintThumbnails(painter, thumbnail, index, option.palette);
+
+    QRect space = option.rect.adjusted(2 * margin + thumbnailSide, 0, -(2 * margin + stop.width()), 0);
+    if (stateOf(index) == KVConversionState::finished) {
+        const bool isSuccessful = index.data(Role::isSuccessfulRole).toBool();
+        const QSize size(stateSymbolSide, stateSymbolSide);
+        const QRect place(option.rect.right() - margin - size.width(),
+                          option.rect.center().y() - size.height() / 2, size.width(), size.height());
+        painter.drawPixmap(
+            mirrored(place, option.rect),
+            KVLook::symbol(isSuccessful ? "done" : "failed", size,
+                           isSuccessful ? KVLook::success(option.palette) : KVLook::failure(option.palette),
+                           painter.device()->devicePixelRatioF()));
+        space.setRight(place.left() - margin);
+    } else {
+        paintButton(painter, option, stop, index.data(Role::stopTitleRole).toString(), false);
+    }
+    paintTexts(painter, option, index, mirrored(space, option.rect));
+
+    const QRect line(space.left(), option.rect.bottom(), option.rect.right() - space.left(), 1);
+    painter.fillRect(mirrored(line, option.rect), KVLook::line(option.palette));
 }
 
 } // namespace
 
 QRect KVConversionRowDelegate::thumbnailRect(const QRect &row) {
-    return {row.left() + margin, row.top() + (row.height() - thumbnailSide) / 2, thumbnailSide,
-            thumbnailSide};
+    return mirrored(
+        {row.left() + margin, row.top() + (row.height() - thumbnailSide) / 2, thumbnailSide, thumbnailSide},
+        row);
 }
 
 QRect KVConversionRowDelegate::stopRect(const QRect &row) {
-    const QFontMetrics metrics(QApplication::font());
-    const int width = stopWidth(metrics);
-    const int height = metrics.height() + 10;
-    return {row.right() - margin - width, row.top() + (row.height() - height) / 2, width, height};
+    const QFontMetrics metrics(KVLook::smaller(QApplication::font()));
+    const int width = metrics.averageCharWidth() * 13 + 2 * margin;
+    const int height = metrics.height() + 8;
+    return mirrored(
+        {row.right() - margin - width + 1, row.top() + (row.height() - height) / 2, width, height}, row);
 }
 
 QRect KVConversionRowDelegate::presetRect(const QRect &groupRow) {
-    const int width =
-        std::min(groupRow.width() / 2, QFontMetrics(QApplication::font()).averageCharWidth() * 34);
-    return {groupRow.right() - margin - width, groupRow.top() + 1, width, groupRow.height() - 2};
+    const QFontMetrics metrics(KVLook::smaller(QApplication::font()));
+    const int width = std::min(groupRow.width() / 2, metrics.averageCharWidth() * 30 + 2 * margin);
+    return mirrored({groupRow.right() - margin - width + 1, groupRow.top() + 2, width, groupRow.height() - 5},
+                    groupRow);
+}
+
+QRect KVConversionRowDelegate::buttonRect(const QModelIndex &index, const QRect &row) {
+    if (!index.isValid()) return {};
+    if (index.data(Role::isGroupRole).toBool()) return presetRect(row);
+    return stateOf(index) == KVConversionState::finished ? QRect() : stopRect(row);
 }
 
 void KVConversionRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
                                     const QModelIndex &index) const {
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
+    painter->setLayoutDirection(QApplication::layoutDirection());
     if (index.data(Role::isGroupRole).toBool())
         paintGroup(*painter, option, index);
     else

@@ -2,8 +2,9 @@
 
 #include <QStyledItemDelegate>
 
-/// Paints the rows of the queue table: group rows with their preset pop-up, conversion rows with thumbnail,
-/// title, status, progress and stop button.
+/// Paints the rows of the queue table: group rows with their preset pop-up, conversion rows with thumbnails,
+/// title, status, progress and stop button. In the option, State_MouseOver and State_Sunken speak of the
+/// row's button.
 class KVConversionRowDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
@@ -14,6 +15,8 @@ class KVConversionRowDelegate : public QStyledItemDelegate {
     static QRect thumbnailRect(const QRect &row);
     static QRect stopRect(const QRect &row);
     static QRect presetRect(const QRect &groupRow);
+    /// The button of any row: preset or stop; empty where it has none.
+    static QRect buttonRect(const QModelIndex &index, const QRect &row);
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;

@@ -1,6 +1,22 @@
 #include "main_ui/main_window/table_view/KVQueueTableModel.h"
 
+#include "kvcore/KVLocalizationCenter.h"
+
 #include <algorithm>
+
+namespace {
+
+constexpr int mostThumbnails = 3; // in one row
+
+QVariantList thumbnailsOf(const KVConversion &conversion) {
+    QVariantList thumbnails;
+    for (const auto &file :
+         conversion.mediaFiles().first(std::min<qsizetype>(mostThumbnails, conversion.mediaFiles().size())))
+        thumbnails.append(file->thumbnail.value_or(QImage()));
+    return thumbnails;
+}
+
+} // namespace
 
 /// Follows every conversion of the table; the conversions hold it weakly.
 class KVQueueTableModel::Watcher : public KVConversionDelegate {
@@ -101,11 +117,10 @@ QVariant KVQueueTableModel::data(const QModelIndex &index, int role) const {
         return tableRow.toolTip();
     case accessibleRole:
         return tableRow.accessibleText();
-    case thumbnailRole: {
-        const auto files = row.conversion->mediaFiles();
-        const auto thumbnail = files.isEmpty() ? std::nullopt : files.first()->thumbnail;
-        return thumbnail ? QVariant(*thumbnail) : QVariant();
-    }
+    case Qt::AccessibleDescriptionRole:
+        return KVLocalizationCenter::localized("Preview image. Interact for menu.");
+    case thumbnailsRole:
+        return thumbnailsOf(*row.conversion);
     case statusRole:
         return tableRow.statusText();
     case progressRole: {

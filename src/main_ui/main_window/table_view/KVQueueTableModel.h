@@ -18,10 +18,10 @@ class KVQueueTableModel : public QAbstractListModel, public KVQueueTableView {
   public:
     enum Role {
         titleRole = Qt::DisplayRole,
-        thumbnailRole = Qt::DecorationRole,
         accessibleRole = Qt::AccessibleTextRole,
         mediaTypeRole = Qt::UserRole,
         isGroupRole,
+        thumbnailsRole, ///< A list of images, one for each of the first files; null where there is none.
         statusRole,
         progressRole, ///< Invalid while there is none to show.
         stateRole,

@@ -1,5 +1,7 @@
 #include "main_ui/main_window/table_view/KVQueueTableWidget.h"
 
+#include "kvcore/KVLocalizationCenter.h"
+#include "main_ui/main_window/KVLook.h"
 #include "main_ui/main_window/table_view/KVConversionRowDelegate.h"
 
 #include <QApplication>
@@ -10,6 +12,8 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyle>
+#include <QVariantAnimation>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -17,6 +21,10 @@ namespace {
 
 // The type of a dragged row, which nothing but this table takes.
 const QString queueTableViewDragType = "kZRQueueTableViewDragType";
+// The paths of its files, for whoever knows the type.
+const QString conversionTableRowViewPboardType = "KVConversionTableRowViewPboardType";
+
+constexpr int edgeThatScrolls = 28;
 
 } // namespace
 
@@ -33,7 +41,7 @@ KVQueueTableWidget::KVQueueTableWidget(QWidget *parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setItemDelegate(new KVConversionRowDelegate(this));
-    setAccessibleName(tr("Conversions"));
+    setAccessibleName(KVLocalizationCenter::localized("Conversions"));
 }
 
 void KVQueueTableWidget::setQueueModel(KVQueueTableModel *model) {
@@ -47,6 +55,7 @@ void KVQueueTableWidget::setQueueModel(KVQueueTableModel *model) {
     connect(model, &QAbstractItemModel::rowsRemoved, this, relayout);
     connect(model, &QAbstractItemModel::rowsMoved, this, relayout);
     connect(model, &QAbstractItemModel::modelReset, this, relayout);
+    connect(model, &KVQueueTableModel::conversionFinished, this, &KVQueueTableWidget::_glow);
 }
 
 int KVQueueTableWidget::_heightOf(int row) const {
@@ -136,22 +145,64 @@ void KVQueueTableWidget::updateGeometries() {
     QAbstractItemView::updateGeometries();
 }
 
+void KVQueueTableWidget::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end) {
+    // Who removes row after row with the keyboard goes on with the next one of the group, or with the one
+    // above.
+    const int current = currentIndex().row();
+    if (current >= start && current <= end) {
+        const QModelIndex next = _queueModel->index(end + 1);
+        const bool goesOn = next.isValid() && !_queueModel->isGroup(next);
+        setCurrentIndex(goesOn ? next : _queueModel->index(start - 1));
+    }
+    QAbstractItemView::rowsAboutToBeRemoved(parent, start, end);
+}
+
 void KVQueueTableWidget::paintEvent(QPaintEvent *event) {
     if (!_queueModel) return;
     QPainter painter(viewport());
     QStyleOptionViewItem option;
     initViewItemOption(&option);
-    const QPoint mouse = viewport()->mapFromGlobal(QCursor::pos());
     for (QModelIndex index = indexAt(event->rect().topLeft()); index.isValid();
          index = index.siblingAtRow(index.row() + 1)) {
         option.rect = visualRect(index);
         if (option.rect.top() > event->rect().bottom()) break;
-        option.state.setFlag(QStyle::State_HasFocus, hasFocus() && index == currentIndex());
-        option.state.setFlag(QStyle::State_MouseOver, option.rect.contains(mouse) && underMouse());
-        option.state.setFlag(QStyle::State_Sunken, index == _pressed);
-        itemDelegateForIndex(index)->paint(&painter, option, index);
+        _paintRow(painter, option, index);
     }
     if (_dropTarget.row >= 0) _paintDropTarget(painter);
+}
+
+void KVQueueTableWidget::_paintRow(QPainter &painter, QStyleOptionViewItem &option,
+                                   const QModelIndex &index) const {
+    option.state.setFlag(QStyle::State_HasFocus, hasFocus() && index == currentIndex());
+    option.state.setFlag(QStyle::State_MouseOver, index == _hovered);
+    option.state.setFlag(QStyle::State_Sunken, index == _pressed && index == _hovered);
+    if (const double glow = _glows.value(index); glow > 0) {
+        QColor color = KVLook::success(palette());
+        color.setAlphaF(float(0.3 * glow));
+        painter.fillRect(option.rect, color);
+    }
+    constexpr double opacityOfDraggedRow = 0.4;
+    painter.setOpacity(index.row() == _queueModel->draggedRow ? opacityOfDraggedRow : 1);
+    itemDelegateForIndex(index)->paint(&painter, option, index);
+    painter.setOpacity(1);
+}
+
+void KVQueueTableWidget::_glow(const QModelIndex &index) {
+    const int duration = 2 * style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this);
+    if (duration <= 0 || !isVisible()) return;
+    auto *animation = new QVariantAnimation(this);
+    animation->setStartValue(1.0);
+    animation->setEndValue(0.0);
+    animation->setDuration(duration);
+    connect(animation, &QVariantAnimation::valueChanged, this,
+            [this, row = QPersistentModelIndex(index)](const QVariant &value) {
+                if (!row.isValid()) return;
+                _glows.insert(row, value.toDouble());
+                viewport()->update(visualRect(row));
+            });
+    connect(animation, &QVariantAnimation::finished, this,
+            [this, row = QPersistentModelIndex(index)] { _glows.remove(row); });
+    animation->start(QAbstractAnimation::DeleteWhenStopped);
 }
 
 void KVQueueTableWidget::_paintDropTarget(QPainter &painter) const {
@@ -164,25 +215,68 @@ void KVQueueTableWidget::_paintDropTarget(QPainter &painter) const {
                                 4);
 }
 
+QModelIndex KVQueueTableWidget::_buttonAt(const QPoint &point) const {
+    const QModelIndex index = indexAt(point);
+    const bool isOnButton =
+        index.isValid() && KVConversionRowDelegate::buttonRect(index, visualRect(index)).contains(point);
+    return isOnButton ? index : QModelIndex();
+}
+
 void KVQueueTableWidget::_activate(const QModelIndex &index, const QPoint &point) {
     // What is asked for may remove the row: nothing looks at it afterwards.
-    const QRect rect = visualRect(index);
-    const QRect preset = KVConversionRowDelegate::presetRect(rect);
-    const QRect thumbnail = KVConversionRowDelegate::thumbnailRect(rect);
-    if (_queueModel->isGroup(index)) {
-        if (preset.contains(point))
-            Q_EMIT presetMenuRequested(index, viewport()->mapToGlobal(preset.bottomLeft()));
-    } else if (KVConversionRowDelegate::stopRect(rect).contains(point)) {
-        Q_EMIT stopButtonPressed(index);
-    } else if (thumbnail.contains(point)) {
-        Q_EMIT rowMenuRequested(index, viewport()->mapToGlobal(thumbnail.bottomLeft()));
+    if (_buttonAt(point) == index) {
+        if (_queueModel->isGroup(index))
+            _requestMenu(index);
+        else
+            Q_EMIT stopButtonPressed(index);
+    } else if (!_queueModel->isGroup(index) &&
+               KVConversionRowDelegate::thumbnailRect(visualRect(index)).contains(point)) {
+        _requestMenu(index);
     }
+}
+
+void KVQueueTableWidget::_requestMenu(const QModelIndex &index) {
+    scrollTo(index);
+    const QRect rect = visualRect(index);
+    if (_queueModel->isGroup(index)) {
+        const QRect button = KVConversionRowDelegate::presetRect(rect);
+        Q_EMIT presetMenuRequested(index, viewport()->mapToGlobal(button.bottomLeft() + QPoint(0, 1)));
+    } else {
+        const QRect thumbnail = KVConversionRowDelegate::thumbnailRect(rect);
+        Q_EMIT rowMenuRequested(index, viewport()->mapToGlobal(thumbnail.bottomLeft() + QPoint(0, 1)));
+    }
+}
+
+void KVQueueTableWidget::_setHovered(const QModelIndex &index) {
+    if (index == _hovered) return;
+    const QModelIndex previous = std::exchange(_hovered, QPersistentModelIndex(index));
+    for (const QModelIndex &changed : {previous, index})
+        if (changed.isValid()) viewport()->update(visualRect(changed));
+}
+
+bool KVQueueTableWidget::viewportEvent(QEvent *event) {
+    if (event->type() == QEvent::Leave) _setHovered({});
+    return QAbstractItemView::viewportEvent(event);
 }
 
 void KVQueueTableWidget::mousePressEvent(QMouseEvent *event) {
     QAbstractItemView::mousePressEvent(event);
     _pressed = event->button() == Qt::LeftButton ? indexAt(event->pos()) : QModelIndex();
+    _pressedAt = event->pos();
     viewport()->update();
+}
+
+void KVQueueTableWidget::mouseMoveEvent(QMouseEvent *event) {
+    _setHovered(_buttonAt(event->pos()));
+    const bool isGroupHeld =
+        event->buttons() == Qt::LeftButton && _pressed.isValid() && _queueModel->isGroup(_pressed);
+    const bool isFar = (event->pos() - _pressedAt).manhattanLength() >= QApplication::startDragDistance();
+    if (isGroupHeld && isFar && window()->windowHandle()) {
+        _pressed = QModelIndex();
+        window()->windowHandle()->startSystemMove(); // a group row moves the window like its title bar
+        return;
+    }
+    QAbstractItemView::mouseMoveEvent(event);
 }
 
 void KVQueueTableWidget::mouseReleaseEvent(QMouseEvent *event) {
@@ -196,33 +290,55 @@ void KVQueueTableWidget::mouseReleaseEvent(QMouseEvent *event) {
 
 void KVQueueTableWidget::keyPressEvent(QKeyEvent *event) {
     const QModelIndex index = currentIndex();
-    const bool isMenuKey = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!index.isValid() || (!isMenuKey && event->key() != Qt::Key_Space && event->key() != Qt::Key_Delete)) {
-        QAbstractItemView::keyPressEvent(event);
+    const auto row = _queueModel->tableRow(index);
+    const bool isControl = event->modifiers().testFlag(Qt::ControlModifier);
+    switch (index.isValid() ? event->key() : Qt::Key_unknown) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return isControl ? event->ignore() : _requestMenu(index);
+    case Qt::Key_Space:
+        if (!row) return _requestMenu(index);
+        if (!KVConversionRowDelegate::buttonRect(index, visualRect(index)).isEmpty())
+            Q_EMIT stopButtonPressed(index);
         return;
+    case Qt::Key_Delete:
+        if (row) row->cancelConversion();
+        return;
+    case Qt::Key_F2:
+        if (row && row->canBeRenamed()) row->renameConversion();
+        return;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        if (isControl) return _moveCurrentRow(event->key() == Qt::Key_Up ? -1 : 1);
+        break;
+    default:
+        break;
     }
-    const QRect rect = visualRect(index);
-    const QPoint below = viewport()->mapToGlobal(KVConversionRowDelegate::thumbnailRect(rect).bottomLeft());
-    if (_queueModel->isGroup(index))
-        Q_EMIT presetMenuRequested(
-            index, viewport()->mapToGlobal(KVConversionRowDelegate::presetRect(rect).bottomLeft()));
-    else if (isMenuKey)
-        Q_EMIT rowMenuRequested(index, below);
-    else if (event->key() == Qt::Key_Space)
-        Q_EMIT stopButtonPressed(index);
-    else
-        _queueModel->tableRow(index)->cancelConversion();
+    QAbstractItemView::keyPressEvent(event);
+}
+
+void KVQueueTableWidget::_moveCurrentRow(int direction) {
+    // Downwards it is the next row that goes above this one.
+    const int dragged = direction < 0 ? currentIndex().row() : currentIndex().row() + 1;
+    const auto &controller = _queueModel->controller();
+    if (!controller.canDragRow(dragged)) return;
+    _queueModel->draggedRow = dragged;
+    if (controller.validateDrop(dragged - 1, KVDropOperation::above))
+        _queueModel->controller().acceptDrop(dragged - 1, KVDropOperation::above);
+    _queueModel->draggedRow = -1;
+    scrollTo(currentIndex());
 }
 
 void KVQueueTableWidget::contextMenuEvent(QContextMenuEvent *event) {
     const bool isKey = event->reason() == QContextMenuEvent::Keyboard;
     const QModelIndex index = isKey ? currentIndex() : indexAt(event->pos());
     if (!index.isValid()) return;
-    const QPoint position = isKey ? viewport()->mapToGlobal(visualRect(index).center()) : event->globalPos();
-    if (_queueModel->isGroup(index))
-        Q_EMIT presetMenuRequested(index, position);
+    if (isKey)
+        _requestMenu(index);
+    else if (_queueModel->isGroup(index))
+        Q_EMIT presetMenuRequested(index, event->globalPos());
     else
-        Q_EMIT rowMenuRequested(index, position);
+        Q_EMIT rowMenuRequested(index, event->globalPos());
 }
 
 void KVQueueTableWidget::startDrag(Qt::DropActions) {
@@ -230,11 +346,13 @@ void KVQueueTableWidget::startDrag(Qt::DropActions) {
     if (!index.isValid() || !_queueModel->controller().canDragRow(index.row())) return;
     auto *payload = new QMimeData;
     payload->setData(queueTableViewDragType, QByteArray::number(index.row()));
+    payload->setData(conversionTableRowViewPboardType, index.data(Qt::ToolTipRole).toString().toUtf8());
     auto *drag = new QDrag(this); // Qt deletes it when the drag ends
     drag->setMimeData(payload);
     drag->setPixmap(viewport()->grab(visualRect(index)));
     drag->setHotSpot({20, KVQueueTableViewController::conversionRowHeight / 2});
     _queueModel->draggedRow = index.row();
+    viewport()->update();
     drag->exec(Qt::MoveAction);
     _queueModel->draggedRow = -1;
     _dropTarget = {};
@@ -270,7 +388,14 @@ void KVQueueTableWidget::dragMoveEvent(QDragMoveEvent *event) {
         target.row >= 0 && _queueModel->controller().validateDrop(target.row, target.operation);
     _dropTarget = isValid ? target : DropTarget{};
     event->setAccepted(isValid);
+    _scrollNearEdges(event->position().toPoint().y());
     viewport()->update();
+}
+
+void KVQueueTableWidget::_scrollNearEdges(int y) {
+    QScrollBar *bar = verticalScrollBar();
+    if (y < edgeThatScrolls) bar->setValue(bar->value() - edgeThatScrolls);
+    if (y > viewport()->height() - edgeThatScrolls) bar->setValue(bar->value() + edgeThatScrolls);
 }
 
 void KVQueueTableWidget::dragLeaveEvent(QDragLeaveEvent *) {

@@ -3,6 +3,8 @@
 #include "main_ui/main_window/table_view/KVQueueTableModel.h"
 
 #include <QAbstractItemView>
+#include <QHash>
+#include <QPersistentModelIndex>
 
 /// The queue table: a flat list with two row heights. Row positions follow from arithmetic alone, so that ten
 /// thousand rows cost no more than ten. Rows are not selected; the keyboard moves a current row. Handles the
@@ -32,9 +34,12 @@ class KVQueueTableWidget : public QAbstractItemView {
     void setSelection(const QRect &, QItemSelectionModel::SelectionFlags) override {}
     QRegion visualRegionForSelection(const QItemSelection &) const override { return {}; }
     void updateGeometries() override;
+    void rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end) override;
 
     void paintEvent(QPaintEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
@@ -55,9 +60,20 @@ class KVQueueTableWidget : public QAbstractItemView {
     int _contentHeight() const;
     DropTarget _dropTargetAt(const QPoint &point) const;
     void _paintDropTarget(QPainter &painter) const;
+    void _paintRow(QPainter &painter, QStyleOptionViewItem &option, const QModelIndex &index) const;
     void _activate(const QModelIndex &index, const QPoint &point);
+    void _requestMenu(const QModelIndex &index);
+    void _setHovered(const QModelIndex &index);
+    /// What a drag of the current row by one place would do; `direction` is -1 or 1.
+    void _moveCurrentRow(int direction);
+    void _glow(const QModelIndex &index);
+    void _scrollNearEdges(int y);
+    QModelIndex _buttonAt(const QPoint &point) const;
 
     KVQueueTableModel *_queueModel = nullptr;
     DropTarget _dropTarget;
     QPersistentModelIndex _pressed;
+    QPersistentModelIndex _hovered; ///< The row whose button the mouse is on.
+    QPoint _pressedAt;
+    QHash<QPersistentModelIndex, double> _glows; ///< Of rows that have just finished, from 1 to 0.
 };
