@@ -857,5 +857,125 @@ Output split into parts.</source>
     <translation>
 Ausgabe in Teilen.</translation>
   </message>
+  <message>
+    <source>%li-bit</source>
+    <translation>%li Bit</translation>
+  </message>
+  <message>
+    <source>&amp;Conversion</source>
+    <translation>&amp;Konvertierung</translation>
+  </message>
+  <message>
+    <source>Add F&amp;older...</source>
+    <translation>&amp;Ordner hinzufügen ...</translation>
+  </message>
+  <message>
+    <source>Close</source>
+    <translation>Schließen</translation>
+  </message>
+  <message>
+    <source>Audio and Video: Audio Adjustment</source>
+    <translation>Audio und Video: Anpassung des Tons</translation>
+  </message>
+  <message>
+    <source>Loading files: %@ left</source>
+    <translation>Dateien werden geladen: noch %@</translation>
+  </message>
+  <message>
+    <source>No Action</source>
+    <translation>Keine Aktion</translation>
+  </message>
+  <message>
+    <source>Preset &amp;Settings</source>
+    <translation>&amp;Einstellungen der Vorgaben</translation>
+  </message>
+  <message>
+    <source>Preset Settings</source>
+    <translation>Einstellungen der Vorgabe</translation>
+  </message>
+  <message>
+    <source>Preview image. Interact for menu.</source>
+    <translation>Vorschaubild. Öffnet das Menü.</translation>
+  </message>
+  <message>
+    <source>This is no regular file.</source>
+    <translation>Dies ist keine gewöhnliche Datei.</translation>
+  </message>
+  <message>
+    <source>This preset has no settings.</source>
+    <translation>Diese Vorgabe hat keine Einstellungen.</translation>
+  </message>
+  <message>
+    <source>★ likely for this file</source>
+    <translation>★ wahrscheinlich bei dieser Datei</translation>
+  </message>
+  <message>
+    <source>Audio: AAC</source>
+    <translation>Audio: AAC</translation>
+  </message>
+  <message>
+    <source>Audio: AIFF</source>
+    <translation>Audio: AIFF</translation>
+  </message>
+  <message>
+    <source>Audio: Apple Lossless</source>
+    <translation>Audio: Apple Lossless</translation>
+  </message>
+  <message>
+    <source>Audio: FLAC</source>
+    <translation>Audio: FLAC</translation>
+  </message>
+  <message>
+    <source>Audio: M4A (AAC)</source>
+    <translation>Audio: M4A (AAC)</translation>
+  </message>
+  <message>
+    <source>Audio: MP2</source>
+    <translation>Audio: MP2</translation>
+  </message>
+  <message>
+    <source>Audio: MP3</source>
+    <translation>Audio: MP3</translation>
+  </message>
+  <message>
+    <source>Audio: Ogg Vorbis</source>
+    <translation>Audio: Ogg Vorbis</translation>
+  </message>
+  <message>
+    <source>Audio: WAV</source>
+    <translation>Audio: WAV</translation>
+  </message>
+  <message>
+    <source>Audio: WMA</source>
+    <translation>Audio: WMA</translation>
+  </message>
+  <message>
+    <source>The destination folder has been moved or removed during the conversion.</source>
+    <translation>Der Zielordner wurde während der Konvertierung verschoben oder entfernt.</translation>
+  </message>
+  <message>
+    <source>Put it back or choose another one, and try the conversion again.</source>
+    <translation>Stellen Sie ihn wieder her oder wählen Sie einen anderen, und konvertieren Sie noch einmal.</translation>
+  </message>
+  <message>
+    <source>Kalvora will ask you for a destination for each conversion.</source>
+    <translation>Kalvora fragt bei jeder Konvertierung nach einem Zielordner.</translation>
+  </message>
+  <message>
+    <source>Press cancel in the following open dialog to be asked for destination for each conversion.</source>
+    <translation>Brechen Sie den folgenden Dialog ab, um bei jeder Konvertierung nach dem Zielordner gefragt zu werden.</translation>
+  </message>
+  <message>
+    <source>This is the first time you're running Kalvora. You need to select a folder where to save all converted files.</source>
+    <translation>Sie verwenden Kalvora zum ersten Mal. Wählen Sie einen Ordner, in dem alle konvertierten Dateien gesichert werden.</translation>
+  </message>
+  <message>
+    <source>This can be changed later on in the preferences.</source>
+    <translation>Das lässt sich später in den Einstellungen ändern.</translation>
+  </message>
+  <message>
+    <source>iPhone Ringtone</source>
+    <translation>iPhone Ringtone</translation>
+  </message>
 </context>
 </TS>

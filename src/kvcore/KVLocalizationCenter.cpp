@@ -4,8 +4,21 @@
 #include "kvcore/KVText.h"
 
 #include <QCoreApplication>
+#include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
+
+namespace {
+
+/// The dialogs that the toolkit brings along speak the same language, where its translations are installed.
+void loadToolkitLanguage() {
+    static QTranslator translator;
+    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    if (translator.load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"), folder))
+        QCoreApplication::installTranslator(&translator);
+}
+
+} // namespace
 
 void KVLocalizationCenter::loadSystemLanguage() {
     static QTranslator translator;
@@ -16,6 +29,7 @@ void KVLocalizationCenter::loadSystemLanguage() {
         if (!translator.load(QLocale(), QStringLiteral("kalvora"), QStringLiteral("_"), folder)) continue;
         QCoreApplication::installTranslator(&translator);
         KVLog("Language: " + translator.language());
+        loadToolkitLanguage();
         return;
     }
 }
