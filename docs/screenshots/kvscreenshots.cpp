@@ -1,0 +1,173 @@
+#include "kvcore/KVLocalizationCenter.h"
+#include "kvcore/KVMainThread.h"
+#include "main_ui/KVAppearance.h"
+#include "main_ui/KVKalvoraApplication.h"
+#include "main_ui/main_window/subtitles/KVSubtitleEncodingChooser.h"
+#include "main_ui/main_window/table_view/KVConversionRowDelegate.h"
+#include "main_ui/main_window/table_view/KVQueueTableWidget.h"
+#include "platform/KVScriptedQuestions.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QDir>
+#include <QFile>
+#include <QScreen>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+/// Brings the window into each state and takes a picture of it.
+class Photographer {
+  public:
+    Photographer(QDir media, QDir output)
+        : _media(std::move(media))
+        , _output(std::move(output)) {}
+
+    void run() {
+        KVPreferences::shared().setBoolean(true, KVPreferences::Key{"KVDidSeeReleaseNotes1202"});
+        _application->launch({});
+        KVUserQuestion::setResponder(_questions);
+        _window().move(40, 40);
+        _settle();
+        _take("empty");
+        _loading();
+        _waiting();
+        _running();
+        _finished();
+        _subtitles();
+    }
+
+  private:
+    void _loading() {
+        _application->addFiles({_url("Folder")});
+        _wait([&] { return _model().rowCount() > 7; });
+        _take("loading");
+        _application->controller().waitUntilLoaded(60);
+        _application->clearInactiveConversionsInQueue(-1);
+        _wait([&] { return _window().showsDropZone(); });
+    }
+
+    void _waiting() {
+        for (const char *name : {"Harbour at dawn.mov", "Through the fjords.mkv", "Birthday.mp4",
+                                 "01 Prelude.mp3", "Interview.wav", "Mountain lake.png", "Poster.png"})
+            _application->addFiles({_url(name)});
+        _wait([&] { return _haveThumbnails(); });
+        _settle(1);
+        const QModelIndex row = _row("Through the fjords.mkv");
+        const QPoint thumbnail =
+            KVConversionRowDelegate::thumbnailRect(_window().tableWidget().visualRect(row)).center();
+        QWidget *viewport = _window().tableWidget().viewport();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, thumbnail, viewport->mapToGlobal(thumbnail));
+        QCoreApplication::sendEvent(viewport, &event);
+        _settle();
+        _take("row-menu");
+        if (QWidget *menu = QApplication::activePopupWidget()) menu->close();
+    }
+
+    void _running() {
+        _application->start();
+        const QModelIndex row = _row("Harbour at dawn.mov");
+        _wait([&] {
+            return row.data(KVQueueTableModel::progressRole).toDouble() > 0.35 ||
+                   row.data(KVQueueTableModel::stateRole).toInt() == int(KVConversionState::finished);
+        });
+        _take("running");
+        KVAppearance::setIsDark(true);
+        _settle(0.2);
+        _take("dark");
+        KVAppearance::setIsDark(false);
+        for (const auto &queue : KVConversionQueue::allQueues())
+            for (const auto &conversion : queue->conversions())
+                if (!conversion->isFinished()) queue->cancelConversion(conversion);
+        _wait([&] { return !KVConversionQueue::isAnyQueueWorking(); });
+        _application->clearFinishedConversionsInQueue(-1);
+        _wait([&] { return _window().showsDropZone(); });
+    }
+
+    void _finished() {
+        _window().toggleHistory();
+        QFile::copy(_media.filePath("Poster.png"), _media.filePath("Lost.png"));
+        for (const char *name : {"Birthday.mp4", "01 Prelude.mp3", "Lost.png", "Mountain lake.png"})
+            _application->addFiles({_url(name)});
+        _wait([&] { return _haveThumbnails(); });
+        QFile::remove(_media.filePath("Lost.png"));
+        _application->start();
+        _wait([&] { return _areAllFinished(); });
+        _settle(1);
+        _take("finished");
+        _window().toggleHistory();
+    }
+
+    void _subtitles() {
+        KVSubtitleEncodingChooser chooser(_url("Through the fjords.srt.txt"), "UTF-8", &_window());
+        chooser.show();
+        _settle();
+        _take("subtitles");
+    }
+
+    /// Sound files alone may have no picture.
+    bool _haveThumbnails() {
+        for (const auto &queue : KVConversionQueue::allQueues())
+            for (const auto &conversion : queue->conversions())
+                if (queue->mediaFileType() != KVMediaFileType::audio &&
+                    !conversion->mediaFiles().first()->thumbnail)
+                    return false;
+        return true;
+    }
+
+    static bool _areAllFinished() {
+        for (const auto &queue : KVConversionQueue::allQueues())
+            for (const auto &conversion : queue->conversions())
+                if (!conversion->isFinished()) return false;
+        return !KVConversionQueue::isAnyQueueWorking();
+    }
+
+    KVMainWindow &_window() { return _application->window(); }
+    KVQueueTableModel &_model() { return _window().tableModel(); }
+    QUrl _url(const QString &name) const { return QUrl::fromLocalFile(_media.filePath(name)); }
+
+    QModelIndex _row(const QString &title) {
+        for (int row = 0; row < _model().rowCount(); ++row)
+            if (_model().index(row).data().toString() == title) return _model().index(row);
+        return {};
+    }
+
+    static void _settle(double seconds = 0.5) {
+        KVMainThread::runUntil([] { return false; }, seconds);
+    }
+
+    static void _wait(const std::function<bool()> &isDone) {
+        if (KVMainThread::runUntil(isDone, 120)) return;
+        std::fputs("The window does not come into the state that was to be shown.\n", stderr);
+        std::exit(1);
+    }
+
+    void _take(const QString &name) {
+        _settle(0.2);
+        const QImage picture = _window().screen()->grabWindow(0).toImage().copy(_window().geometry());
+        picture.save(_output.filePath(name + ".png"));
+    }
+
+    QDir _media;
+    QDir _output;
+    std::shared_ptr<KVScriptedQuestions> _questions = std::make_shared<KVScriptedQuestions>();
+    std::shared_ptr<KVKalvoraApplication> _application = KVKalvoraApplication::create();
+};
+
+} // namespace
+
+int main(int argc, char **argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Kalvora"));
+    if (argc != 3) return 2;
+    KVLocalizationCenter::loadSystemLanguage();
+    if (const double scale = qEnvironmentVariable("KALVORA_FONT").toDouble(); scale > 0) {
+        QFont font = QApplication::font();
+        font.setPointSizeF(font.pointSizeF() * scale);
+        QApplication::setFont(font);
+    }
+    Photographer(QDir(argv[1]), QDir(argv[2])).run();
+    return 0;
+}
