@@ -36,7 +36,7 @@ Result probe(const KVCommandArgument &argument, const QUrl &url) {
         if (KVFileManager::isDirectory(videoFolder)) return KVMediaFile::mediaFile(videoFolder);
         return refusal(QStringLiteral("This is a folder."));
     }
-    const Result file = KVFileIntake::readFile(url);
+    Result file = KVFileIntake::readFile(url);
     const auto *picture = file ? dynamic_cast<const KVPictureFile *>(file->get()) : nullptr;
     if (picture && picture->readingError) return refusal(picture->readingError->reason);
     return file;
