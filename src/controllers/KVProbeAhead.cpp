@@ -54,7 +54,7 @@ KVProbeAhead::~KVProbeAhead() {
 }
 
 std::shared_ptr<KVProbeAhead::Ticket> KVProbeAhead::expect(const QUrl &url) {
-    const auto ticket = std::make_shared<Ticket>(url);
+    auto ticket = std::make_shared<Ticket>(url);
     const std::scoped_lock lock(_mutex);
     if (_isStopped) return ticket;
     _tickets.push_back(ticket);
