@@ -331,8 +331,8 @@ void KVConversionTableRow::removeSubtitles() const {
 void KVConversionTableRow::mergeWithConversion(const std::shared_ptr<KVConversion> &other) const {
     if (other == _conversion || other->state != KVConversionState::waitingToStart) return;
     _conversion->setMediaFiles(_conversion->mediaFiles() + other->mediaFiles());
-    _queue()->cancelConversion(other);
     _tellFilesChanged();
+    _queue()->cancelConversion(other);
 }
 
 void KVConversionTableRow::mergeWithAllConversions() const {

@@ -9,8 +9,8 @@ class KVQueueTableView {
   public:
     virtual ~KVQueueTableView() = default;
 
-    virtual void insertRows(int first, int count) = 0;
-    virtual void removeRows(int first, int count) = 0;
+    virtual void insertTableRows(int first, int count) = 0;
+    virtual void removeTableRows(int first, int count) = 0;
     /// `to` is the row's number after the move.
     virtual void moveRow(int from, int to) = 0;
     virtual void reloadData() = 0;

@@ -145,9 +145,9 @@ void KVQueueTableViewController::_queueDidAddConversion(const std::shared_ptr<KV
     }
     const bool hasGroupJustAppeared = numberOfConversions(type) == 1;
     if (hasGroupJustAppeared)
-        _tableView.insertRows(location, length);
+        _tableView.insertTableRows(location, length);
     else
-        _tableView.insertRows(location + length - 1, 1);
+        _tableView.insertTableRows(location + length - 1, 1);
 }
 
 void KVQueueTableViewController::_queueWillRemoveConversion(const std::shared_ptr<KVConversion> &conversion) {
@@ -157,9 +157,9 @@ void KVQueueTableViewController::_queueWillRemoveConversion(const std::shared_pt
     const auto index = queueOf(type)->conversions().indexOf(conversion);
     if (index < 0) return;
     if (length == 2)
-        _tableView.removeRows(location, length);
+        _tableView.removeTableRows(location, length);
     else
-        _tableView.removeRows(location + int(index) + 1, 1);
+        _tableView.removeTableRows(location + int(index) + 1, 1);
 
     // The queue has not changed yet.
     KVMainThread::after(0.01, [this, isAlive = std::weak_ptr<bool>(_isAlive)] {

@@ -13,11 +13,11 @@ class Table : public KVQueueTableView {
     QStringList events;
     int rows = 0;
 
-    void insertRows(int first, int count) override {
+    void insertTableRows(int first, int count) override {
         rows += count;
         events += QStringLiteral("insert %1+%2").arg(first).arg(count);
     }
-    void removeRows(int first, int count) override {
+    void removeTableRows(int first, int count) override {
         rows -= count;
         events += QStringLiteral("remove %1+%2").arg(first).arg(count);
     }

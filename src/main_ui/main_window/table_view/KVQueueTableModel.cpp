@@ -144,14 +144,14 @@ Qt::ItemFlags KVQueueTableModel::flags(const QModelIndex &index) const {
     return isGroup(index) ? always : always | Qt::ItemIsDragEnabled;
 }
 
-void KVQueueTableModel::insertRows(int first, int count) {
+void KVQueueTableModel::insertTableRows(int first, int count) {
     beginInsertRows({}, first, first + count - 1);
     for (int number = first; number < first + count; ++number)
         _rows.insert(number, _row(number));
     endInsertRows();
 }
 
-void KVQueueTableModel::removeRows(int first, int count) {
+void KVQueueTableModel::removeTableRows(int first, int count) {
     beginRemoveRows({}, first, first + count - 1);
     _rows.remove(first, count);
     endRemoveRows();

@@ -51,8 +51,8 @@ class KVQueueTableModel : public QAbstractListModel, public KVQueueTableView {
     QVariant data(const QModelIndex &index, int role) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
-    void insertRows(int first, int count) override;
-    void removeRows(int first, int count) override;
+    void insertTableRows(int first, int count) override;
+    void removeTableRows(int first, int count) override;
     void moveRow(int from, int to) override;
     void reloadData() override;
     void reloadRow(int row) override;
