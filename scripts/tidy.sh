@@ -11,11 +11,12 @@ batches=build/tidy
 rm -rf "$batches"
 mkdir -p "$batches"
 
-# The compiler of the build is GCC: its own warning flags are no business of clang's.
+# The compiler of the build is GCC: its own warning flags are no business of clang's. In a batch a name of one source seems
+# to hide that of another; GCC looks at each alone.
 tidy() { # SOURCE FLAGS-OF
     local flags
     flags=$(grep -F -- "-c $root/$2\"" build/release/compile_commands.json | sed 's/^ *"command": "[^ ]* //; s/ -o .*//; s/\\\([\\"]\)/\1/g')
-    eval "clang-tidy --quiet '$1' -- $flags -Wno-unknown-warning-option" 2>&1 |
+    eval "clang-tidy --quiet '$1' -- $flags -Wno-unknown-warning-option -Wno-shadow" 2>&1 |
         grep -vE 'warnings? (and [0-9]+ errors? )?generated|^Suppressed|^Use -header-filter|^Error while processing'
     return "${PIPESTATUS[0]}"
 }

@@ -41,7 +41,7 @@ bool hasKey(const KVPreset &preset, const QString &key) {
 QString hintForKey(const QString &key, const KVPreset &preset) {
     QStringList keys = preset.dictionaryRepresentation().keys();
     keys.removeIf([](const QString &name) { return identityKeys.contains(name); });
-    const QString nearest = KVNearestNames::hint(key, keys);
+    QString nearest = KVNearestNames::hint(key, keys);
     if (!nearest.isEmpty() || keys.isEmpty()) return nearest;
     return QStringLiteral(" (there are %1)").arg(keys.join(QLatin1String(", ")));
 }

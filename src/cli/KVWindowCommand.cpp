@@ -11,6 +11,8 @@
 #include <QProcess>
 #include <QUrl>
 
+#include <algorithm>
+#include <array>
 #include <limits>
 
 namespace {
@@ -33,6 +35,12 @@ KVAppleScriptQueueType queueCode(KVMediaFileType type) {
 
 QUrl urlOf(const QString &word) {
     return QUrl::fromUserInput(word, QDir::currentPath(), QUrl::AssumeLocalFile);
+}
+
+bool hasDisplay() {
+    constexpr std::array variables{"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+    return std::ranges::any_of(variables,
+                               [](const char *name) { return !qEnvironmentVariableIsEmpty(name); });
 }
 
 } // namespace
@@ -120,6 +128,10 @@ KVExitStatus KVWindowCommand::_add(const KVParsedWords &words) {
     if (const auto answer = _ask("Add", {urls})) {
         if (*answer) return KVExitStatus::success;
         sayFailure(QStringLiteral("the window took nothing in"));
+        return KVExitStatus::failure;
+    }
+    if (!hasDisplay()) {
+        sayFailure(QStringLiteral("no window is running, and there is no display to open one on"));
         return KVExitStatus::failure;
     }
     const QString window = QCoreApplication::applicationDirPath() + "/kalvora";

@@ -153,7 +153,7 @@ void KVDesktop::showTaskbarProgress(std::optional<double> progress) {
 }
 
 QString KVDesktop::countryCode() {
-    const QString country = countryOfTimeZone(QTimeZone::systemTimeZoneId());
+    QString country = countryOfTimeZone(QTimeZone::systemTimeZoneId());
     if (!country.isEmpty()) return country;
     // "en_US": the part behind the underscore.
     return QLocale::system().name().section('_', 1, 1);

@@ -236,7 +236,7 @@ VImage KVBitmapFile::image(const QString &path) {
     if (!header) throw std::runtime_error("The bitmap is compressed.");
     auto rows = std::make_unique<Rows>(path, *header);
 
-    const VImage image(vips_image_new());
+    VImage image(vips_image_new());
     VipsImage *raw = image.get_image();
     vips_image_init_fields(raw, header->width, header->height, header->bands(), VIPS_FORMAT_UCHAR,
                            VIPS_CODING_NONE, VIPS_INTERPRETATION_sRGB, header->pixelsPerMeter / 1000,

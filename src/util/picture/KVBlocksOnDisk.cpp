@@ -10,7 +10,7 @@
 namespace {
 
 /// What has been read and written is given back to the disk after so many bytes.
-constexpr std::size_t bytesInMemory = 32 * 1024 * 1024;
+constexpr std::size_t bytesInMemory = std::size_t{32} * 1024 * 1024;
 
 } // namespace
 

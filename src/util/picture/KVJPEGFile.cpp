@@ -23,7 +23,7 @@ using vips::VSource;
 
 namespace {
 
-constexpr std::uint64_t muchMemory = 128 * 1024 * 1024;
+constexpr std::uint64_t muchMemory = std::uint64_t{128} * 1024 * 1024;
 constexpr std::uint64_t bytesOfCoefficient = 2;
 constexpr int maximumScans = 100; ///< More would keep a processor busy and nothing else.
 

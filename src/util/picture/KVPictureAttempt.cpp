@@ -65,7 +65,7 @@ thread_local QString firstWarning;
 
 /// Why the attempt on this thread has failed; nobody else is at work.
 QString takeReason() {
-    const QString text = KVPictureLibrary::takeErrorText();
+    QString text = KVPictureLibrary::takeErrorText();
     if (!text.isEmpty()) return text;
     return firstWarning.isEmpty() ? QStringLiteral("The file is damaged.") : firstWarning;
 }

@@ -31,7 +31,8 @@ KVProbeText KVProbeText::read(const QString &text, qint64 fileSize) {
 
 void KVProbeText::_readDuration(const QString &value, qint64 fileSize) {
     if (value.startsWith("N/A")) {
-        seconds = static_cast<double>(fileSize / 16000);
+        const qint64 wholeSeconds = fileSize / 16000;
+        seconds = static_cast<double>(wholeSeconds);
         KVLog(QStringLiteral("Guessing seconds - %1").arg(seconds));
         return;
     }

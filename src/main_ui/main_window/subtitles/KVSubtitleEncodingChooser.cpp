@@ -19,7 +19,7 @@
 namespace {
 
 // Subtitles are small; whatever is larger shows its beginning.
-constexpr qint64 mostBytesRead = 4 * 1024 * 1024;
+constexpr qint64 mostBytesRead = qint64{4} * 1024 * 1024;
 
 } // namespace
 
