@@ -38,10 +38,6 @@ bool isOn(const KVPreferences::Key &key) {
     return KVPreferences::shared().boolean(key, false);
 }
 
-QString localized(const char *key) {
-    return KVLocalizationCenter::localized(key);
-}
-
 } // namespace
 
 KVApplicationController::KVApplicationController(Surroundings surroundings)
@@ -85,19 +81,23 @@ void KVApplicationController::_guessLocation() {
 
 void KVApplicationController::_performSandboxTransition() {
     KVUserQuestion::runModalOnMainThread(KVAlert{
-        .messageText = localized("This is the first time you're running Kalvora. You need to select a "
-                                 "folder where to save all converted files."),
-        .informativeText = localized("Press cancel in the following open dialog to be asked for "
-                                     "destination for each conversion."),
-        .buttons = {localized("OK")}});
+        .messageText = KVLocalizationCenter::localized(
+            "This is the first time you're running Kalvora. You need to select a "
+            "folder where to save all converted files."),
+        .informativeText =
+            KVLocalizationCenter::localized("Press cancel in the following open dialog to be asked for "
+                                            "destination for each conversion."),
+        .buttons = {KVLocalizationCenter::localized("OK")}});
     const auto chosen = KVUserQuestion::runModalOnMainThread(KVOpenPanel{});
     if (!chosen.isEmpty()) {
         KVAppScopeBookmarksManager::setURL(chosen.first(), FixedDestinationBookmark);
     } else {
         KVUserQuestion::runModalOnMainThread(
-            KVAlert{.messageText = localized("Kalvora will ask you for a destination for each conversion."),
-                    .informativeText = localized("This can be changed later on in the preferences."),
-                    .buttons = {localized("OK")}});
+            KVAlert{.messageText = KVLocalizationCenter::localized(
+                        "Kalvora will ask you for a destination for each conversion."),
+                    .informativeText =
+                        KVLocalizationCenter::localized("This can be changed later on in the preferences."),
+                    .buttons = {KVLocalizationCenter::localized("OK")}});
         KVAppScopeBookmarksManager::removeURL(FixedDestinationBookmark);
     }
     KVPreferences::shared().setBoolean(true, HasPerformedSandoxTransition);
@@ -111,11 +111,11 @@ void KVApplicationController::_showReleaseNotesOnce() {
 
 KVApplicationController::TerminateReply KVApplicationController::applicationShouldTerminate() {
     if (KVConversionQueue::isAnyQueueWorking()) {
-        const KVAlertResponse response = KVUserQuestion::runModalOnMainThread(
-            KVAlert{.messageText = KVLocalizationCenter::localized("Do you really want to quit %@?",
-                                                                   {QCoreApplication::applicationName()}),
-                    .informativeText = localized("All of the conversions will be cancelled."),
-                    .buttons = {localized("Cancel"), localized("Quit")}});
+        const KVAlertResponse response = KVUserQuestion::runModalOnMainThread(KVAlert{
+            .messageText = KVLocalizationCenter::localized("Do you really want to quit %@?",
+                                                           {QCoreApplication::applicationName()}),
+            .informativeText = KVLocalizationCenter::localized("All of the conversions will be cancelled."),
+            .buttons = {KVLocalizationCenter::localized("Cancel"), KVLocalizationCenter::localized("Quit")}});
         if (response.isFirstButton()) return TerminateReply::cancel;
     }
     applicationWillTerminate();
@@ -186,11 +186,12 @@ void KVApplicationController::_clearConversions(const std::function<bool(const K
 
 void KVApplicationController::askForReview() {
     const KVAlertResponse response = KVUserQuestion::runModalOnMainThread(KVAlert{
-        .messageText =
-            localized("You seem to be enjoying using Kalvora! If you like Kalvora, please, rate it on "
-                      "the AppStore."),
-        .informativeText = localized("This message will not be shown to you again, don't worry."),
-        .buttons = {localized("Rate"), localized("Cancel")},
+        .messageText = KVLocalizationCenter::localized(
+            "You seem to be enjoying using Kalvora! If you like Kalvora, please, rate it on "
+            "the AppStore."),
+        .informativeText =
+            KVLocalizationCenter::localized("This message will not be shown to you again, don't worry."),
+        .buttons = {KVLocalizationCenter::localized("Rate"), KVLocalizationCenter::localized("Cancel")},
         .buttonThatChangesNothing = 1});
     if (response.isFirstButton())
         _surroundings.services.openURL(QUrl(QStringLiteral("appstream://com.brenholt.Kalvora")));
@@ -200,7 +201,8 @@ void KVApplicationController::conversionQueueWillStartConversion(const Queue &,
                                                                  const Conversion &conversion) {
     KVLog("Will start " + KVFileManager::lastPathComponent(conversion->mediaFiles().first()->url()));
     _surroundings.services.setKeepsAwake(true);
-    if (!_surroundings.progressBar.isVisible()) _surroundings.progressBar.slideIn(localized("Starting..."));
+    if (!_surroundings.progressBar.isVisible())
+        _surroundings.progressBar.slideIn(KVLocalizationCenter::localized("Starting..."));
 }
 
 void KVApplicationController::conversionQueueConversionDidUpdateStatus(const Queue &, const Conversion &) {
@@ -260,7 +262,7 @@ void KVApplicationController::_notify(const char *title, const char *oneFile, co
     for (const auto &file : conversion->mediaFiles())
         names.append(KVFileManager::lastPathComponent(file->url()));
     _surroundings.services.postUserNotification(
-        localized(title),
+        KVLocalizationCenter::localized(title),
         KVLocalizationCenter::localized(names.size() > 1 ? severalFiles : oneFile, {names.join(", ")}));
 }
 
@@ -270,7 +272,7 @@ void KVApplicationController::conversionQueueDidFinishAllConversions(const Queue
     KVApplicationServices &services = _surroundings.services;
     services.setKeepsAwake(false);
     services.showTaskbarProgress(std::nullopt);
-    services.postUserNotification(localized("All conversions are done!"), {});
+    services.postUserNotification(KVLocalizationCenter::localized("All conversions are done!"), {});
     if (!isOn(DontPlaySoundOnDone)) services.playFinishedSound();
     if (isOn(PutComputerToSleepOnDone)) services.putComputerToSleep();
     if (isOn(BounceIconInDockOnDone)) services.requestUserAttention();

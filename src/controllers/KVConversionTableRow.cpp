@@ -19,10 +19,6 @@ namespace {
 
 const QStringList subtitleFileExtensions{"srt", "smi", "sami", "ass"};
 
-QString localized(const char *key) {
-    return KVLocalizationCenter::localized(key);
-}
-
 QString fileNames(const KVMediaFileList &files, const QString &separator) {
     QStringList names;
     for (const auto &file : files)
@@ -52,7 +48,7 @@ QString KVConversionTableRow::title() const {
 }
 
 QString KVConversionTableRow::statusText() const {
-    if (_conversion->state == KVConversionState::paused) return localized("Paused");
+    if (_conversion->state == KVConversionState::paused) return KVLocalizationCenter::localized("Paused");
     const QString status = _conversion->statusString();
     return status.isEmpty() ? _conversion->estimatedTimeString() : status;
 }
@@ -65,20 +61,20 @@ QString KVConversionTableRow::toolTip() const {
 }
 
 QString KVConversionTableRow::accessibleText() const {
-    const QString beginning = localized("Conversion") + " " + title() + ". ";
+    const QString beginning = KVLocalizationCenter::localized("Conversion") + " " + title() + ". ";
     switch (_conversion->state.load()) {
     case KVConversionState::finished:
-        return beginning + localized("Finished");
+        return beginning + KVLocalizationCenter::localized("Finished");
     case KVConversionState::paused:
-        return beginning + localized("Paused.");
+        return beginning + KVLocalizationCenter::localized("Paused.");
     case KVConversionState::waitingToStart:
-        return beginning + localized("Waiting to start.");
+        return beginning + KVLocalizationCenter::localized("Waiting to start.");
     case KVConversionState::executing:
         break;
     }
     const auto known = progress();
     return beginning + (known ? QString::number(int(*known * 100)) + "% - " + statusText()
-                              : localized("Unknown progress."));
+                              : KVLocalizationCenter::localized("Unknown progress."));
 }
 
 std::optional<double> KVConversionTableRow::progress() const {
@@ -89,7 +85,7 @@ std::optional<double> KVConversionTableRow::progress() const {
 
 template <void (KVConversionTableRow::*action)() const>
 KVMenuItem KVConversionTableRow::_item(const char *title) const {
-    return {.title = localized(title), .action = [row = *this] { (row.*action)(); }};
+    return {.title = KVLocalizationCenter::localized(title), .action = [row = *this] { (row.*action)(); }};
 }
 
 KVMenu KVConversionTableRow::menu() const {
@@ -139,8 +135,8 @@ KVMenuItem KVConversionTableRow::_presetItem() const {
             return !hasFiles || preset.supportsStitching();
         });
 
-    KVMenuItem item{.title = localized("Preset")};
-    item.submenu.push_back({.title = localized("Default"),
+    KVMenuItem item{.title = KVLocalizationCenter::localized("Preset")};
+    item.submenu.push_back({.title = KVLocalizationCenter::localized("Default"),
                             .action = [row = *this] { row.selectPreset(nullptr); },
                             .isOn = selected == nullptr});
     item.submenu.push_back(KVMenuItem::separator());
@@ -180,7 +176,7 @@ KVMenu KVConversionTableRow::_videoItems() const {
 KVMenu KVConversionTableRow::_mergeItems() const {
     const auto others = _otherWaitingConversions();
     if (others.isEmpty()) return {};
-    KVMenuItem item{.title = localized("Merge With")};
+    KVMenuItem item{.title = KVLocalizationCenter::localized("Merge With")};
     for (const auto &other : others)
         item.submenu.push_back({.title = fileNames(other->mediaFiles(), ", "),
                                 .action = [row = *this, other] { row.mergeWithConversion(other); }});
@@ -192,7 +188,7 @@ KVMenu KVConversionTableRow::_mergeItems() const {
 KVMenu KVConversionTableRow::_removeFileItems() const {
     const KVMediaFileList files = _conversion->mediaFiles();
     if (files.size() < 2) return {};
-    KVMenuItem item{.title = localized("Remove File")};
+    KVMenuItem item{.title = KVLocalizationCenter::localized("Remove File")};
     for (const auto &file : files)
         item.submenu.push_back({.title = KVFileManager::lastPathComponent(file->url()),
                                 .action = [row = *this, file] { row.removeFile(file); }});
@@ -202,15 +198,15 @@ KVMenu KVConversionTableRow::_removeFileItems() const {
 QString KVConversionTableRow::stopButtonTitle(bool isOptionKeyDown) const {
     switch (_conversion->state.load()) {
     case KVConversionState::executing:
-        return localized(isOptionKeyDown ? "Stop" : "Pause");
+        return KVLocalizationCenter::localized(isOptionKeyDown ? "Stop" : "Pause");
     case KVConversionState::paused:
-        return localized(isOptionKeyDown ? "Stop" : "Resume");
+        return KVLocalizationCenter::localized(isOptionKeyDown ? "Stop" : "Resume");
     case KVConversionState::finished:
-        return localized("Stop");
+        return KVLocalizationCenter::localized("Stop");
     case KVConversionState::waitingToStart:
         break;
     }
-    return localized("Cancel");
+    return KVLocalizationCenter::localized("Cancel");
 }
 
 void KVConversionTableRow::stopButtonAction(bool isOptionKeyDown) const {
@@ -244,10 +240,11 @@ void KVConversionTableRow::cancelConversion() const {
         const KVAlertResponse response = KVUserQuestion::runModalOnMainThread(
             KVAlert{.messageText = KVLocalizationCenter::localized(
                         "The conversion of '%@' is still in progress. Do you wish to cancel?", {name}),
-                    .informativeText =
-                        localized("Canceling this conversion will result in losing all progress so far."),
-                    .buttons = {localized("Continue with Conversion"), localized("Cancel Conversion")},
-                    .suppressionTitle = localized("Don't ask again")});
+                    .informativeText = KVLocalizationCenter::localized(
+                        "Canceling this conversion will result in losing all progress so far."),
+                    .buttons = {KVLocalizationCenter::localized("Continue with Conversion"),
+                                KVLocalizationCenter::localized("Cancel Conversion")},
+                    .suppressionTitle = KVLocalizationCenter::localized("Don't ask again")});
         if (response.isFirstButton()) return;
         if (response.isSuppressed)
             KVPreferences::shared().setBoolean(false, RequiresConfirmationOfConversionCancelation);
@@ -272,10 +269,10 @@ void KVConversionTableRow::renameConversion() const {
         return KVFileManager::deletingPathExtension(KVFileManager::lastPathComponent(url));
     };
     const QUrl known = _conversion->outputURL().value_or(_conversion->mediaFiles().first()->url());
-    const auto name = KVUserQuestion::runModalOnMainThread(
-        KVTextPrompt{.messageText = localized("Enter new name:"),
-                     .defaultValue = _conversion->outputFileName().value_or(nameOf(known)),
-                     .buttons = {localized("OK"), localized("Cancel")}});
+    const auto name = KVUserQuestion::runModalOnMainThread(KVTextPrompt{
+        .messageText = KVLocalizationCenter::localized("Enter new name:"),
+        .defaultValue = _conversion->outputFileName().value_or(nameOf(known)),
+        .buttons = {KVLocalizationCenter::localized("OK"), KVLocalizationCenter::localized("Cancel")}});
     if (!name) return;
     _conversion->setOutputFileName(*name);
     _tellFilesChanged();
@@ -284,15 +281,16 @@ void KVConversionTableRow::renameConversion() const {
 void KVConversionTableRow::changeDVDName() const {
     const auto conversion = std::dynamic_pointer_cast<KVVideoConversion>(_conversion);
     if (!conversion) KVFatalError("Changing DVD name on a non-video conversion.");
-    const auto answer =
-        KVUserQuestion::runModalOnMainThread(KVTextPrompt{.messageText = localized("Enter DVD name."),
-                                                          .defaultValue = conversion->dvdName(),
-                                                          .buttons = {localized("OK"), localized("Cancel")}});
+    const auto answer = KVUserQuestion::runModalOnMainThread(KVTextPrompt{
+        .messageText = KVLocalizationCenter::localized("Enter DVD name."),
+        .defaultValue = conversion->dvdName(),
+        .buttons = {KVLocalizationCenter::localized("OK"), KVLocalizationCenter::localized("Cancel")}});
     if (!answer) return;
     const QString name = KVText::trimmingWhitespace(*answer);
     if (name.isEmpty()) {
         KVUserQuestion::runModalOnMainThread(
-            KVAlert{.messageText = localized("The name must not be empty."), .buttons = {localized("OK")}});
+            KVAlert{.messageText = KVLocalizationCenter::localized("The name must not be empty."),
+                    .buttons = {KVLocalizationCenter::localized("OK")}});
         return;
     }
     conversion->setDVDName(name);

@@ -29,10 +29,6 @@ constexpr int maximumNumberOfWaitingFiles = 3;
 /// The mark of an AIFF whose sample data the tool reads wrongly.
 constexpr QLatin1String misreadFormat{"twos / 0x736F7774"};
 
-QString localized(const char *key) {
-    return KVLocalizationCenter::localized(key);
-}
-
 bool isProtectedMusic(const QUrl &url) {
     return KVFileManager::pathExtension(url).toLower() == QLatin1String("m4p");
 }
@@ -78,7 +74,8 @@ void KVFileIntake::addURLs(const QList<QUrl> &urls) {
             continue;
         }
         KVLog(QStringLiteral("Kalvora currently doesn't support non-file URLs (%1).").arg(url.toString()));
-        _refuse({KVIntakeRefusal::Kind::notAFile, url.toString(), localized("Only files can be added.")});
+        _refuse({KVIntakeRefusal::Kind::notAFile, url.toString(),
+                 KVLocalizationCenter::localized("Only files can be added.")});
     }
 }
 
@@ -108,7 +105,7 @@ bool KVFileIntake::addFile(const QUrl &url, bool isFolderMember, const ReadFile 
 bool KVFileIntake::_addFile(const QUrl &url, bool isFolderMember, const ReadFile &read) {
     using Kind = KVIntakeRefusal::Kind;
     const auto refuse = [&](Kind kind, const char *reason) {
-        _refuse(kind, url, localized(reason), isFolderMember);
+        _refuse(kind, url, KVLocalizationCenter::localized(reason), isFolderMember);
         return false;
     };
 
@@ -156,8 +153,8 @@ KVResult<bool> KVFileIntake::_addFiles(const QUrl &folder, int depth, Walk &walk
     using namespace KVPreferenceKeys;
     if (depth != 0 && !KVPreferences::shared().boolean(RecursivelyProcessAllFolders, false)) return false;
     if (const auto identity = identityOfFolder(folder); identity && !walk.insert(*identity).second) {
-        _refuse(KVIntakeRefusal::Kind::alreadyQueued, folder, localized("The folder has been read already."),
-                true);
+        _refuse(KVIntakeRefusal::Kind::alreadyQueued, folder,
+                KVLocalizationCenter::localized("The folder has been read already."), true);
         return false;
     }
 
@@ -165,7 +162,7 @@ KVResult<bool> KVFileIntake::_addFiles(const QUrl &folder, int depth, Walk &walk
     if (!members) return tl::unexpected(members.error());
     for (const QString &name : KVFileManager::undecodableNames(folder))
         _refuse({KVIntakeRefusal::Kind::unreadable, folder.toLocalFile() + '/' + name,
-                 localized("The name is not UTF-8."), true});
+                 KVLocalizationCenter::localized("The name is not UTF-8."), true});
     bool isAnyAdded = false;
     for (const QUrl &member : *members) {
         if (_isCancelled) break;
@@ -251,12 +248,13 @@ bool KVFileIntake::_checkForDRMProtection(const KVMediaFile &file, bool isFolder
     alert.messageText =
         KVLocalizationCenter::localized("Kalvora cannot convert '%@' because it is DRM-encrypted.",
                                         {KVFileManager::lastPathComponent(file.url())});
-    alert.informativeText = localized("Sorry, but Kalvora cannot remove DRM protection.");
-    alert.buttons = {localized("OK")};
+    alert.informativeText =
+        KVLocalizationCenter::localized("Sorry, but Kalvora cannot remove DRM protection.");
+    alert.buttons = {KVLocalizationCenter::localized("OK")};
     alert.isReportedElsewhere = true;
     KVUserQuestion::runModalOnMainThread(alert);
-    _refuse(KVIntakeRefusal::Kind::isProtected, file.url(), localized("The file is DRM-encrypted."),
-            isFolderMember);
+    _refuse(KVIntakeRefusal::Kind::isProtected, file.url(),
+            KVLocalizationCenter::localized("The file is DRM-encrypted."), isFolderMember);
     return true;
 }
 
@@ -266,9 +264,11 @@ bool KVFileIntake::_validateAudioFile(const KVAudioFile &file, bool isFolderMemb
     if (!isMisread) return !_checkForDRMProtection(file, isFolderMember);
 
     KVAlert alert;
-    alert.messageText = localized("This audio file seems to be corrupted. Do you wish to fix it?");
-    alert.informativeText = localized("The original file will be untouched - a copy will be created.");
-    alert.buttons = {localized("Fix..."), localized("Cancel")};
+    alert.messageText =
+        KVLocalizationCenter::localized("This audio file seems to be corrupted. Do you wish to fix it?");
+    alert.informativeText =
+        KVLocalizationCenter::localized("The original file will be untouched - a copy will be created.");
+    alert.buttons = {KVLocalizationCenter::localized("Fix..."), KVLocalizationCenter::localized("Cancel")};
     alert.isReportedElsewhere = true;
     // The first button leaves all as it is, the other repairs: this sense is kept on purpose.
     const bool isRepairWanted = !KVUserQuestion::runModalOnMainThread(alert).isFirstButton();
@@ -276,7 +276,8 @@ bool KVFileIntake::_validateAudioFile(const KVAudioFile &file, bool isFolderMemb
         addFiles({*copy});
     else
         _refuse(KVIntakeRefusal::Kind::damaged, file.url(),
-                localized("The sound data of this file is damaged; only a repaired copy can be converted."),
+                KVLocalizationCenter::localized(
+                    "The sound data of this file is damaged; only a repaired copy can be converted."),
                 isFolderMember);
     return false;
 }
@@ -300,18 +301,18 @@ bool KVFileIntake::_selectAudioTrack(KVAudioFile &file, bool isFolderMember) {
     alert.messageText = KVLocalizationCenter::localized(
         "File '%@' has more than one audio track. Please select the one you wish to convert.",
         {KVFileManager::lastPathComponent(file.url())});
-    alert.buttons = {localized("Select"), localized("Skip File")};
+    alert.buttons = {KVLocalizationCenter::localized("Select"), KVLocalizationCenter::localized("Skip File")};
     for (const KVAudioTrack &track : std::as_const(file.audioTracks))
-        alert.accessoryItems.append(QStringLiteral("%1: %2 (%3) - %4 kbit/s, %5 %6")
-                                        .arg(QString::number(track.trackNumber),
-                                             track.trackName.value_or(QStringLiteral("nil")), track.format,
-                                             QString::number(track.bitrate / 1024),
-                                             QString::number(track.numberOfChannels), localized("channels")));
+        alert.accessoryItems.append(
+            QStringLiteral("%1: %2 (%3) - %4 kbit/s, %5 %6")
+                .arg(QString::number(track.trackNumber), track.trackName.value_or(QStringLiteral("nil")),
+                     track.format, QString::number(track.bitrate / 1024),
+                     QString::number(track.numberOfChannels), KVLocalizationCenter::localized("channels")));
 
     const KVAlertResponse response = KVUserQuestion::runModalOnMainThread(alert);
     if (!response.isFirstButton()) {
-        _refuse(KVIntakeRefusal::Kind::skipped, file.url(), localized("The file was skipped."),
-                isFolderMember);
+        _refuse(KVIntakeRefusal::Kind::skipped, file.url(),
+                KVLocalizationCenter::localized("The file was skipped."), isFolderMember);
         return false;
     }
     const qsizetype index = response.accessoryIndex.value_or(-1);
@@ -348,17 +349,19 @@ KVResult<std::shared_ptr<KVMediaFile>> KVFileIntake::readFile(const QUrl &url) {
 
 QString KVFileIntake::reasonForUnreadableFile(const QUrl &url, const KVError &error) {
     const int problem = readingProblem(url);
-    if (problem == ENOENT || problem == ENOTDIR) return localized("No such file or folder.");
-    if (problem == EACCES) return localized("There is no permission to read it.");
+    if (problem == ENOENT || problem == ENOTDIR)
+        return KVLocalizationCenter::localized("No such file or folder.");
+    if (problem == EACCES) return KVLocalizationCenter::localized("There is no permission to read it.");
     const QFileInfo info(url.toLocalFile());
-    if (info.isFile() && info.size() == 0) return localized("The file is empty.");
+    if (info.isFile() && info.size() == 0) return KVLocalizationCenter::localized("The file is empty.");
     return error.reason;
 }
 
 void KVFileIntake::_refuseUnreadable(const QUrl &url, const KVError &error, bool isFolderMember) const {
     KVLog(QStringLiteral("Could not read file %1 - %2")
               .arg(KVFileManager::lastPathComponent(url), error.reason));
-    const bool isFiltered = error.reason == localized("File type is blacklisted by a file extension filter.");
+    const bool isFiltered = error.reason == KVLocalizationCenter::localized(
+                                                "File type is blacklisted by a file extension filter.");
     _refuse(isFiltered ? KVIntakeRefusal::Kind::filtered : KVIntakeRefusal::Kind::unreadable, url,
             reasonForUnreadableFile(url, error), isFolderMember);
 }

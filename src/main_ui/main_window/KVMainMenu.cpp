@@ -12,30 +12,23 @@
 
 #include <array>
 
-namespace {
-
-QString localized(const char *key) {
-    return KVLocalizationCenter::localized(key);
-}
-
-} // namespace
-
 KVMainMenu::KVMainMenu(KVMainWindow &window, KVMainWindowDelegate &delegate)
     : QObject(&window)
     , _window(window)
     , _delegate(delegate) {
     QMenuBar *bar = window.menuBar();
-    _buildFileMenu(*bar->addMenu(localized("&File")));
-    _buildQueueMenu(*bar->addMenu(localized("&Queue")));
-    QMenu *conversion = bar->addMenu(localized("&Conversion"));
+    _buildFileMenu(*bar->addMenu(KVLocalizationCenter::localized("&File")));
+    _buildQueueMenu(*bar->addMenu(KVLocalizationCenter::localized("&Queue")));
+    QMenu *conversion = bar->addMenu(KVLocalizationCenter::localized("&Conversion"));
     connect(conversion, &QMenu::aboutToShow, this, [this, conversion] { _fillConversionMenu(*conversion); });
-    _buildViewMenu(*bar->addMenu(localized("&View")));
-    _buildHelpMenu(*bar->addMenu(localized("&Help")));
+    _buildViewMenu(*bar->addMenu(KVLocalizationCenter::localized("&View")));
+    _buildHelpMenu(*bar->addMenu(KVLocalizationCenter::localized("&Help")));
 }
 
 QAction *KVMainMenu::_add(QMenu &menu, const char *title, const QKeySequence &keys,
                           void (KVMainWindowDelegate::*command)()) {
-    return menu.addAction(localized(title), keys, this, [this, command] { (_delegate.*command)(); });
+    return menu.addAction(KVLocalizationCenter::localized(title), keys, this,
+                          [this, command] { (_delegate.*command)(); });
 }
 
 void KVMainMenu::_buildFileMenu(QMenu &menu) {
@@ -52,7 +45,7 @@ void KVMainMenu::_buildQueueMenu(QMenu &menu) {
     menu.addSeparator();
     _mergeAll = _add(menu, "&Merge All", QKeySequence(Qt::CTRL | Qt::Key_M), &KVMainWindowDelegate::mergeAll);
     _makeDVD = _add(menu, "Make &DVD", QKeySequence(Qt::CTRL | Qt::Key_D), &KVMainWindowDelegate::makeDVD);
-    QMenu *settings = menu.addMenu(localized("Preset &Settings"));
+    QMenu *settings = menu.addMenu(KVLocalizationCenter::localized("Preset &Settings"));
     connect(settings, &QMenu::aboutToShow, this, [this, settings] { _fillPresetSettingsMenu(*settings); });
     menu.addSeparator();
     _clearFinished =
@@ -66,16 +59,16 @@ QMenu *KVMainMenu::_clearMenu(QMenu &menu, const char *title, void (KVMainWindow
         const char *title;
         int tag;
     };
-    QMenu *submenu = menu.addMenu(localized(title));
+    QMenu *submenu = menu.addMenu(KVLocalizationCenter::localized(title));
     for (const Tag &entry : std::array{Tag{"All", -1}, Tag{"Video", 0}, Tag{"Audio", 1}, Tag{"Picture", 2}})
-        submenu->addAction(localized(entry.title), this,
+        submenu->addAction(KVLocalizationCenter::localized(entry.title), this,
                            [this, clear, tag = entry.tag] { (_delegate.*clear)(tag); });
     return submenu;
 }
 
 void KVMainMenu::_buildViewMenu(QMenu &menu) {
-    _history = menu.addAction(localized("&History"), QKeySequence(Qt::CTRL | Qt::Key_Y), this,
-                              [this] { _window.toggleHistory(); });
+    _history = menu.addAction(KVLocalizationCenter::localized("&History"), QKeySequence(Qt::CTRL | Qt::Key_Y),
+                              this, [this] { _window.toggleHistory(); });
     _history->setCheckable(true);
 }
 
@@ -88,7 +81,8 @@ void KVMainMenu::_fillConversionMenu(QMenu &menu) {
     menu.clear();
     qDeleteAll(menu.findChildren<QMenu *>(Qt::FindDirectChildrenOnly)); // which the clearing leaves behind
     const auto row = _window.tableModel().tableRow(_window.tableWidget().currentIndex());
-    fill(menu, row ? row->menu() : KVMenu{KVMenuItem::disabled(localized("No Action"))});
+    fill(menu,
+         row ? row->menu() : KVMenu{KVMenuItem::disabled(KVLocalizationCenter::localized("No Action"))});
 }
 
 void KVMainMenu::_fillPresetSettingsMenu(QMenu &menu) {

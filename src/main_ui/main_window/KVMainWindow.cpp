@@ -57,6 +57,7 @@ KVMainWindow::KVMainWindow(KVMainWindowDelegate &delegate, std::shared_ptr<KVCon
 }
 
 KVMainWindow::~KVMainWindow() {
+    _historyDock->disconnect(this); // it hides, and says so, when only the base is left
     qApp->removeEventFilter(this);
 }
 

@@ -9,7 +9,7 @@
 namespace {
 
 constexpr int padding = 7;
-constexpr int lineGap = 1;
+constexpr int gapBetweenLines = 1;
 
 } // namespace
 
@@ -28,7 +28,8 @@ void KVHistoryItemDelegate::paint(QPainter *painter, const QStyleOptionViewItem 
     const QFontMetrics smallMetrics(small);
     const QRect name(row.rect.left() + padding, row.rect.top() + padding, row.rect.width() - 2 * padding,
                      metrics.height());
-    const QRect details(name.left(), name.bottom() + 1 + lineGap, name.width(), smallMetrics.height());
+    const QRect details(name.left(), name.bottom() + 1 + gapBetweenLines, name.width(),
+                        smallMetrics.height());
     const Qt::Alignment alignment =
         Qt::AlignVCenter | Qt::AlignAbsolute | QStyle::visualAlignment(row.direction, Qt::AlignLeft);
     painter->save();
@@ -45,7 +46,7 @@ void KVHistoryItemDelegate::paint(QPainter *painter, const QStyleOptionViewItem 
 }
 
 QSize KVHistoryItemDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &) const {
-    const int text =
-        QFontMetrics(option.font).height() + lineGap + QFontMetrics(KVLook::smaller(option.font)).height();
+    const int text = QFontMetrics(option.font).height() + gapBetweenLines +
+                     QFontMetrics(KVLook::smaller(option.font)).height();
     return {160, text + 2 * padding};
 }

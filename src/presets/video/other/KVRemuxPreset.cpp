@@ -10,20 +10,20 @@
 
 namespace {
 
-struct Container {
+struct RemuxContainer {
     const char *label;
     const char *format;
     const char *pathExtension;
 };
 
-constexpr std::array containers{
-    Container{"AVI", "avi", "avi"},
-    Container{"FLV", "flv", "flv"},
-    Container{"M4V", "m4v", "m4v"},
-    Container{"MKV", "matroska", "mkv"},
-    Container{"MOV", "mov", "mov"},
-    Container{"MP4", "mp4", "mp4"},
-    Container{"MP4 (iPod, iPhone & AppleTV)", "ipod", "m4v"},
+constexpr std::array remuxContainers{
+    RemuxContainer{"AVI", "avi", "avi"},
+    RemuxContainer{"FLV", "flv", "flv"},
+    RemuxContainer{"M4V", "m4v", "m4v"},
+    RemuxContainer{"MKV", "matroska", "mkv"},
+    RemuxContainer{"MOV", "mov", "mov"},
+    RemuxContainer{"MP4", "mp4", "mp4"},
+    RemuxContainer{"MP4 (iPod, iPhone & AppleTV)", "ipod", "m4v"},
 };
 
 } // namespace
@@ -59,9 +59,11 @@ QString KVRemuxPreset::localizedFormatDescription() const {
 }
 
 std::optional<QString> KVRemuxPreset::pathExtension() const {
-    const auto container = std::ranges::find_if(
-        containers, [&](const Container &candidate) { return format == QLatin1String(candidate.format); });
-    return container == containers.end() ? std::nullopt : std::optional(QString(container->pathExtension));
+    const auto container = std::ranges::find_if(remuxContainers, [&](const RemuxContainer &candidate) {
+        return format == QLatin1String(candidate.format);
+    });
+    return container == remuxContainers.end() ? std::nullopt
+                                              : std::optional(QString(container->pathExtension));
 }
 
 bool KVRemuxPreset::supportsSubtitleMuxing() const {
@@ -87,7 +89,7 @@ std::shared_ptr<KVSettingsBase> KVRemuxPreset::settings() {
 std::shared_ptr<KVOptionBase<KVRemuxPreset>> KVRemuxPreset::_formatOption() {
     using Formats = KVMultipleValueOption<KVRemuxPreset, QString>;
     Formats::Values values;
-    for (const Container &container : containers)
+    for (const RemuxContainer &container : remuxContainers)
         values.push_back({KVLocalizationCenter::localized(container.label), container.format});
     return std::make_shared<Formats>(KVLocalizationCenter::localized("File Format:"),
                                      _shared<KVRemuxPreset>(), &KVRemuxPreset::format, values);
