@@ -10,31 +10,29 @@
 
 #include <QDBusConnectionInterface>
 #include <QDir>
-#include <QProcess>
-
-#include <csignal>
 
 class KVSessionBusTest : public KVTestCase {
   protected:
     void SetUp() override {
+        QDir::setCurrent(path());
         KVPreferences::shared().setBoolean(true, KVPreferences::Key{"KVDidSeeReleaseNotes1202"});
     }
 
-    /// Starts one of our programs in the test's folder.
-    std::unique_ptr<QProcess> startProgram(const QString &name, const QStringList &arguments = {}) {
-        auto program = std::make_unique<QProcess>();
-        program->setWorkingDirectory(path());
-        program->setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        program->start(QStringLiteral(KV_BUILD_DIRECTORY "/bin/") + name, arguments);
+    /// Starts one of our programs.
+    static std::unique_ptr<KVProcess> startProgram(const QString &name, const QStringList &arguments = {}) {
+        auto program = std::make_unique<KVProcess>();
+        program->setLaunchPath(QStringLiteral(KV_BUILD_DIRECTORY "/bin/") + name);
+        program->setArguments(arguments);
+        EXPECT_TRUE(program->launch());
         return program;
     }
 
-    static int exitStatus(QProcess &program) {
-        EXPECT_TRUE(runUntil([&] { return program.state() == QProcess::NotRunning; }, 60));
-        return program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1;
+    static int exitStatus(const KVProcess &program) {
+        EXPECT_TRUE(runUntil([&] { return !program.isRunning(); }, 60));
+        return program.terminationStatus();
     }
 
-    int command(const QStringList &words) { return exitStatus(*startProgram("kalvoractl", words)); }
+    static int command(const QStringList &words) { return exitStatus(*startProgram("kalvoractl", words)); }
 
     /// Like `runUntil`, for what happens in other processes.
     static bool waitFor(const std::function<bool()> &isDone) {
@@ -55,7 +53,7 @@ class KVSessionBusTest : public KVTestCase {
     }
 
     /// A window that has come up.
-    std::unique_ptr<QProcess> startWindow() {
+    static std::unique_ptr<KVProcess> startWindow() {
         auto window = startProgram("kalvora");
         const auto hasName = [] {
             return QDBusConnection::sessionBus().interface()->isServiceRegistered(KVWindowBusName::service);
@@ -66,7 +64,7 @@ class KVSessionBusTest : public KVTestCase {
 
     QStringList files() const { return QDir(path()).entryList(QDir::Files); }
 
-    KVTestSessionBus bus;
+    KVTestSessionBus bus{path()};
 };
 
 TEST_F(KVSessionBusTest, ASecondStartHandsItsFilesOverAndEnds) {
@@ -129,7 +127,7 @@ TEST_F(KVSessionBusTest, ScriptsDriveTheRunningWindow) {
     EXPECT_EQ(command({"start", "--queue", "video"}), 1);
     EXPECT_EQ(command({"start", "--queue", "audio"}), 0);
     EXPECT_TRUE(waitFor([&] { return QFile::exists(path("a.flac")); }));
-    ::kill(static_cast<pid_t>(window->processId()), SIGTERM);
+    window->interrupt();
     EXPECT_EQ(exitStatus(*window), 0);
 }
 
@@ -140,7 +138,7 @@ TEST_F(KVSessionBusTest, EndingTheWindowInTheMiddleLeavesNothingBehind) {
     EXPECT_EQ(command({"start"}), 0);
     EXPECT_TRUE(waitFor([&] { return files().size() > 1 && numberOfChildren() > 0; }));
     EXPECT_EQ(command({"pause"}), 0); // a stopped child ends as well
-    ::kill(static_cast<pid_t>(window->processId()), SIGTERM);
+    window->interrupt();
     EXPECT_EQ(exitStatus(*window), 0);
     EXPECT_EQ(numberOfChildren(), 0);
     EXPECT_EQ(files(), QStringList{"long.wav"});

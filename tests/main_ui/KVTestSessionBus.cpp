@@ -1,18 +1,20 @@
 #include "main_ui/KVTestSessionBus.h"
 
+#include <QFile>
+#include <QStandardPaths>
+
 #include <gtest/gtest.h>
 
-KVTestSessionBus::KVTestSessionBus() {
-    _daemon.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    _daemon.start("dbus-daemon", {"--session", "--nofork", "--print-address=1"});
-    while (!_daemon.canReadLine())
-        if (!_daemon.waitForReadyRead(30000)) break;
-    _address = QString::fromUtf8(_daemon.readLine()).trimmed();
-    EXPECT_FALSE(_address.isEmpty());
-    qputenv("DBUS_SESSION_BUS_ADDRESS", _address.toUtf8());
-}
+#include <chrono>
+#include <thread>
 
-KVTestSessionBus::~KVTestSessionBus() {
-    _daemon.kill();
-    _daemon.waitForFinished();
+KVTestSessionBus::KVTestSessionBus(const QString &folder)
+    : _address("unix:path=" + folder + "/.bus") {
+    _daemon.setLaunchPath(QStandardPaths::findExecutable("dbus-daemon"));
+    _daemon.setArguments({"--session", "--nofork", "--address=" + _address});
+    EXPECT_TRUE(_daemon.launch());
+    while (_daemon.isRunning() && !QFile::exists(folder + "/.bus"))
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    EXPECT_TRUE(_daemon.isRunning());
+    qputenv("DBUS_SESSION_BUS_ADDRESS", _address.toUtf8());
 }

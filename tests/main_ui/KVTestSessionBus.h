@@ -1,20 +1,17 @@
 #pragma once
 
-#include <QProcess>
-#include <QString>
+#include "platform/KVProcess.h"
 
 /// A session bus of the test's own, and from then on the one that this process and its children speak to. To
 /// be made before the first use of a session bus.
 class KVTestSessionBus {
   public:
-    KVTestSessionBus();
-    ~KVTestSessionBus();
-    KVTestSessionBus(const KVTestSessionBus &) = delete;
-    KVTestSessionBus &operator=(const KVTestSessionBus &) = delete;
+    /// `folder` holds the bus's socket and outlives it.
+    explicit KVTestSessionBus(const QString &folder);
 
     QString address() const { return _address; }
 
   private:
-    QProcess _daemon;
-    QString _address;
+    const QString _address;
+    KVProcess _daemon;
 };
