@@ -115,8 +115,14 @@ TEST_F(KVSessionBusTest, NothingBreaksWhereTheServicesAreMissing) {
     runUntil([] { return false; }, 0.1);
 }
 
+TEST_F(KVSessionBusTest, CommandsFailWhereNoWindowRunsOrCanOpen) {
+    for (const char *display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        qunsetenv(display);
+    EXPECT_EQ(command({"start"}), 1);
+    EXPECT_EQ(command({"add", KVTestMedia::tone(path("a.wav"), 0.3)}), 1);
+}
+
 TEST_F(KVSessionBusTest, ScriptsDriveTheRunningWindow) {
-    EXPECT_EQ(command({"start"}), 1); // no window is running
     KVTestMedia::tone(path("a.wav"), 0.3);
     const auto window = startWindow();
     EXPECT_EQ(command({"start"}), 1); // there is nothing to start
