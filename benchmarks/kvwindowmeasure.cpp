@@ -34,6 +34,7 @@ namespace {
 constexpr double longestWait = 600;
 constexpr int runs = 201;
 constexpr int firstFiles = 4;
+constexpr double secondsForThumbnails = 5;
 
 /// The longest time for which the main thread looked at no event.
 class LongestGap {
@@ -162,6 +163,7 @@ int measureConversions(KVKalvoraApplication &application, const QList<QUrl> &url
     const auto queue = KVConversionQueue::queue(KVMediaFileType::audio);
     const auto conversions = queue->conversions();
     if (conversions.size() != urls.size()) return 1;
+    KVMainThread::runUntil([] { return false; }, secondsForThumbnails);
 
     const double ownBefore = processorSeconds(RUSAGE_SELF);
     const double childrenBefore = processorSeconds(RUSAGE_CHILDREN);

@@ -9,6 +9,7 @@
 #include "platform/KVFileManager.h"
 #include "platform/KVUserQuestions.h"
 #include "queues/KVConversionQueue.h"
+#include "util/KVBackgroundQueue.h"
 #include "util/KVPreferenceKeys.h"
 #include "util/KVThreadCount.h"
 #include "video_info/media_file/KVVideoFile.h"
@@ -58,6 +59,7 @@ KVFileIntake::~KVFileIntake() {
     cancelLoading();
     // A file that is being looked at may wait for the main thread: let it in before the queue is joined.
     waitUntilLoaded(60);
+    KVBackgroundQueue::shared().setIsHeld(false);
 }
 
 bool KVFileIntake::addFiles(const QList<QUrl> &urls) {
@@ -198,13 +200,16 @@ void KVFileIntake::_loadMemberInBackground(const QUrl &member) {
 }
 
 void KVFileIntake::_loadInBackground(std::function<void()> load) {
-    if (++*_numberOfBackgroundLoads == 1) KVMainThread::async(tellThatLoadingChanged);
+    if (++*_numberOfBackgroundLoads == 1) {
+        KVBackgroundQueue::shared().setIsHeld(true); // thumbnails come later
+        KVMainThread::async(tellThatLoadingChanged);
+    }
     _fileLoadingQueue.async([number = _numberOfBackgroundLoads, load = std::move(load)] {
         load();
         // Behind all that the observer has handed over to the main thread meanwhile: who waits for the end of
         // the loading has heard of every file.
         KVMainThread::async([number] {
-            --*number;
+            if (--*number == 0) KVBackgroundQueue::shared().setIsHeld(false);
             tellThatLoadingChanged();
         });
     });

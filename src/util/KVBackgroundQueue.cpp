@@ -2,15 +2,6 @@
 
 #include <QCoreApplication>
 
-#include <sys/resource.h>
-#include <unistd.h>
-
-namespace {
-
-constexpr int lowestPriority = 19;
-
-} // namespace
-
 KVBackgroundQueue &KVBackgroundQueue::shared() {
     static KVBackgroundQueue queue(2);
     // Before the process-wide objects go that the work may use.
@@ -31,6 +22,12 @@ void KVBackgroundQueue::async(Work work) {
     _changed.notify_one();
 }
 
+void KVBackgroundQueue::setIsHeld(bool isHeld) {
+    const std::scoped_lock lock(_mutex);
+    _isHeld = isHeld;
+    _changed.notify_all();
+}
+
 void KVBackgroundQueue::finish() {
     std::deque<Work> dropped;
     std::vector<std::jthread> threads;
@@ -47,13 +44,10 @@ void KVBackgroundQueue::finish() {
 }
 
 void KVBackgroundQueue::_run(const std::stop_token &stop) {
-    // Children inherit it: what somebody waits for goes first.
-    ::setpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()), lowestPriority);
-
     std::unique_lock lock(_mutex);
     for (;;) {
         ++_idleThreads;
-        const bool hasWork = _changed.wait(lock, stop, [this] { return !_waiting.empty(); });
+        const bool hasWork = _changed.wait(lock, stop, [this] { return !_isHeld && !_waiting.empty(); });
         --_idleThreads;
         if (!hasWork || stop.stop_requested()) return;
         Work work = std::move(_waiting.front());

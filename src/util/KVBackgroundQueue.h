@@ -27,6 +27,9 @@ class KVBackgroundQueue {
     /// Hands over `work`; nothing happens after `finish`.
     void async(Work work);
 
+    /// While held, nothing begins that has not begun: what somebody waits for has the processors to itself.
+    void setIsHeld(bool isHeld);
+
     /// Drops what waits, asks what runs to stop, and waits for it. Not from a piece of work.
     void finish();
 
@@ -39,5 +42,6 @@ class KVBackgroundQueue {
     std::deque<Work> _waiting;
     std::vector<std::jthread> _threads;
     std::size_t _idleThreads = 0;
+    bool _isHeld = false;
     bool _isFinished = false;
 };

@@ -41,4 +41,19 @@ TEST(KVBackgroundQueueTest, FinishesWithoutWaitingForWhatIsNoLongerWanted) {
     EXPECT_EQ(begun, 1);
 }
 
+TEST(KVBackgroundQueueTest, BeginsNothingWhileItIsHeld) {
+    std::atomic<int> begun = 0;
+    std::latch left(1);
+    KVBackgroundQueue queue(1);
+    queue.setIsHeld(true);
+    queue.async([&](const std::stop_token &) {
+        ++begun;
+        left.count_down();
+    });
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    EXPECT_EQ(begun, 0);
+    queue.setIsHeld(false);
+    left.wait();
+}
+
 } // namespace
