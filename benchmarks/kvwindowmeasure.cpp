@@ -119,7 +119,7 @@ std::shared_ptr<KVAudioFile> fileNumber(int number) {
                                   QColor((x * x + y * number) % 256, (x * y + number) % 256, (x ^ y) % 256));
     const auto file =
         std::make_shared<KVAudioFile>(QUrl::fromLocalFile(QStringLiteral("/music/%1.wav").arg(number)));
-    file->thumbnail = picture;
+    file->thumbnail = KVMediaFile::compressedThumbnail(picture);
     return file;
 }
 

@@ -17,6 +17,8 @@
 #include "video_info/media_file/KVProbeText.h"
 #include "video_info/media_file/KVVideoFile.h"
 
+#include <QBuffer>
+
 #include <algorithm>
 #include <array>
 #include <atomic>
@@ -171,13 +173,20 @@ void KVMediaFile::loadThumbnail() {
     loadThumbnail([weakSelf = weak_from_this()](const ThumbnailResult &result) {
         if (!result) return KVLog("No thumbnail - " + result.error().reason);
         // Not waited for: the main thread may be waiting for this thread to end.
-        KVMainThread::async([weakSelf, image = *result] {
+        KVMainThread::async([weakSelf, data = compressedThumbnail(*result)] {
             const auto self = weakSelf.lock();
             if (!self) return;
-            self->thumbnail = image;
+            self->thumbnail = data;
             KVNotificationCenter::defaultCenter().post(KVMediaFileDidLoadThumbnail, self);
         });
     });
+}
+
+QByteArray KVMediaFile::compressedThumbnail(const QImage &image) {
+    constexpr int quality = 85;
+    QBuffer buffer;
+    image.save(&buffer, "JPG", quality);
+    return buffer.data();
 }
 
 void KVMediaFile::loadThumbnail(const ThumbnailCompletion &) {

@@ -57,7 +57,10 @@ class KVMediaFile : public KVStillFrameSource, public std::enable_shared_from_th
     QString stillFramePath() const override;
     std::optional<double> stillFrameVideoSeconds() const override { return std::nullopt; }
 
-    std::optional<QImage> thumbnail;
+    /// What `loadThumbnail` has made, a JPEG picture: a queue of thousands keeps them compressed. Empty where
+    /// there is none.
+    QByteArray thumbnail;
+    static QByteArray compressedThumbnail(const QImage &image);
 
   private:
     QUrl _url;

@@ -45,15 +45,18 @@ QString stockIcon(KVMediaFileType type) {
     }
 }
 
-/// The image cut to a rounded square; scaling is done once for each image and size.
-QPixmap thumbnailPixmap(const QImage &image, int side, qreal ratio) {
-    const QString key =
-        QStringLiteral("kalvora-thumbnail-%1-%2-%3").arg(image.cacheKey()).arg(side).arg(ratio);
+/// The picture cut to a rounded square; decoding and scaling are done once for each picture and size.
+QPixmap thumbnailPixmap(const QByteArray &data, int side, qreal ratio) {
+    const QString key = QStringLiteral("kalvora-thumbnail-%1-%2-%3-%4")
+                            .arg(qHash(data))
+                            .arg(data.size())
+                            .arg(side)
+                            .arg(ratio);
     QPixmap pixmap;
     if (QPixmapCache::find(key, &pixmap)) return pixmap;
     const int pixels = qRound(side * ratio);
-    const QImage scaled =
-        image.scaled(QSize(pixels, pixels), Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
+    const QImage scaled = QImage::fromData(data).scaled(QSize(pixels, pixels), Qt::KeepAspectRatioByExpanding,
+                                                        Qt::SmoothTransformation);
     pixmap = QPixmap(pixels, pixels);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
@@ -71,8 +74,8 @@ QPixmap thumbnailPixmap(const QImage &image, int side, qreal ratio) {
 /// The first file's picture in front, those of the next files looking out behind it.
 void paintThumbnails(QPainter &painter, const QRect &place, const QModelIndex &index,
                      const QPalette &palette) {
-    const QVariantList images = index.data(Role::thumbnailsRole).toList();
-    const int behind = int(images.size()) - 1;
+    const QVariantList pictures = index.data(Role::thumbnailsRole).toList();
+    const int behind = int(pictures.size()) - 1;
     const int side = thumbnailSide - stackOffset * behind;
     for (int number = behind; number >= 0; --number) {
         const QRect rect(place.left() + stackOffset * number, place.top() + stackOffset * (behind - number),
@@ -82,11 +85,11 @@ void paintThumbnails(QPainter &painter, const QRect &place, const QModelIndex &i
             painter.setBrush(palette.base());
             painter.drawRoundedRect(QRectF(rect).adjusted(-1.5, -1.5, 1.5, 1.5), 6, 6);
         }
-        const auto image = images.at(number).value<QImage>();
-        if (image.isNull())
+        const QByteArray data = pictures.at(number).toByteArray();
+        if (data.isEmpty())
             QIcon(stockIcon(KVMediaFileType(index.data(Role::mediaTypeRole).toInt()))).paint(&painter, rect);
         else
-            painter.drawPixmap(rect, thumbnailPixmap(image, side, painter.device()->devicePixelRatioF()));
+            painter.drawPixmap(rect, thumbnailPixmap(data, side, painter.device()->devicePixelRatioF()));
     }
 }
 

@@ -12,7 +12,7 @@ QVariantList thumbnailsOf(const KVConversion &conversion) {
     QVariantList thumbnails;
     for (const auto &file :
          conversion.mediaFiles().first(std::min<qsizetype>(mostThumbnails, conversion.mediaFiles().size())))
-        thumbnails.append(file->thumbnail.value_or(QImage()));
+        thumbnails.append(file->thumbnail);
     return thumbnails;
 }
 

@@ -21,7 +21,7 @@ class KVQueueTableModel : public QAbstractListModel, public KVQueueTableView {
         accessibleRole = Qt::AccessibleTextRole,
         mediaTypeRole = Qt::UserRole,
         isGroupRole,
-        thumbnailsRole, ///< A list of images, one for each of the first files; null where there is none.
+        thumbnailsRole, ///< A list of compressed pictures, one for each of the first files; some are empty.
         statusRole,
         progressRole, ///< Invalid while there is none to show.
         stateRole,
