@@ -269,12 +269,14 @@ void KVConversionTableRow::renameConversion() const {
         return KVFileManager::deletingPathExtension(KVFileManager::lastPathComponent(url));
     };
     const QUrl known = _conversion->outputURL().value_or(_conversion->mediaFiles().first()->url());
-    const auto name = KVUserQuestion::runModalOnMainThread(KVTextPrompt{
+    auto name = KVUserQuestion::runModalOnMainThread(KVTextPrompt{
         .messageText = KVLocalizationCenter::localized("Enter new name:"),
         .defaultValue = _conversion->outputFileName().value_or(nameOf(known)),
         .buttons = {KVLocalizationCenter::localized("OK"), KVLocalizationCenter::localized("Cancel")}});
     if (!name) return;
-    _conversion->setOutputFileName(*name);
+    // A name is no path; without one the file is named after its source again.
+    name->replace('/', '-');
+    _conversion->setOutputFileName(name->isEmpty() ? std::nullopt : name);
     _tellFilesChanged();
 }
 

@@ -169,6 +169,19 @@ TEST_F(KVConversionTableRowTest, ADiscKeepsItsNameWhereTheNewOneIsEmpty) {
     EXPECT_EQ(conversion->dvdName(), "Film");
 }
 
+TEST_F(KVConversionTableRowTest, ANewNameStaysInTheFolderAndAnEmptyOneIsNone) {
+    const auto conversion = video("a.mkv");
+    questions->textPromptResponses = {"../Loud/Quiet", std::nullopt, ""};
+    row(conversion).renameConversion();
+    EXPECT_EQ(questions->textPrompts.back().defaultValue, "a");
+    EXPECT_EQ(row(conversion).title(), "..-Loud-Quiet");
+    row(conversion).renameConversion();
+    EXPECT_EQ(row(conversion).title(), "..-Loud-Quiet");
+    row(conversion).renameConversion();
+    EXPECT_EQ(conversion->outputFileName(), std::nullopt);
+    EXPECT_EQ(row(conversion).title(), "a.mkv");
+}
+
 TEST_F(KVConversionTableRowTest, AFinishedConversionCanRunAgain) {
     const auto conversion = video("a.mkv");
     conversion->state = KVConversionState::finished;
