@@ -107,6 +107,7 @@ bool KVQueueTableViewController::validateDrop(int row, KVDropOperation operation
     if (row < 0 || std::ranges::any_of(groupOrder, isLocation)) return false;
 
     const int draggedRow = _tableView.draggedRow;
+    if (draggedRow < 0) return false; // it has been removed meanwhile
     const KVMediaFileType type = mediaType(row);
     KVLog(QStringLiteral("Trying to drop row %1 (%2) to row %3 (%4)")
               .arg(draggedRow)
@@ -145,9 +146,9 @@ void KVQueueTableViewController::_queueDidAddConversion(const std::shared_ptr<KV
     }
     const bool hasGroupJustAppeared = numberOfConversions(type) == 1;
     if (hasGroupJustAppeared)
-        _tableView.insertTableRows(location, length);
+        _insertRows(location, length);
     else
-        _tableView.insertTableRows(location + length - 1, 1);
+        _insertRows(location + length - 1, 1);
 }
 
 void KVQueueTableViewController::_queueWillRemoveConversion(const std::shared_ptr<KVConversion> &conversion) {
@@ -157,9 +158,9 @@ void KVQueueTableViewController::_queueWillRemoveConversion(const std::shared_pt
     const auto index = queueOf(type)->conversions().indexOf(conversion);
     if (index < 0) return;
     if (length == 2)
-        _tableView.removeTableRows(location, length);
+        _removeRows(location, length);
     else
-        _tableView.removeTableRows(location + int(index) + 1, 1);
+        _removeRows(location + int(index) + 1, 1);
 
     // The queue has not changed yet.
     KVMainThread::after(0.01, [this, isAlive = std::weak_ptr<bool>(_isAlive)] {
@@ -174,6 +175,17 @@ void KVQueueTableViewController::_queueDidFinishConversion(const std::shared_ptr
     _tableView.animateFinishedConversion(finishedRow);
     if (KVPreferences::shared().boolean(KVPreferenceKeys::ClearFinishedItemsRightAway, false))
         queueOf(typeOf(conversion))->cancelConversion(conversion);
+}
+
+void KVQueueTableViewController::_insertRows(int first, int count) {
+    if (_tableView.draggedRow >= first) _tableView.draggedRow += count;
+    _tableView.insertTableRows(first, count);
+}
+
+void KVQueueTableViewController::_removeRows(int first, int count) {
+    int &dragged = _tableView.draggedRow;
+    if (dragged >= first) dragged = dragged < first + count ? -1 : dragged - count;
+    _tableView.removeTableRows(first, count);
 }
 
 void KVQueueTableViewController::_reorder(int row) {

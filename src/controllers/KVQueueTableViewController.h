@@ -54,6 +54,9 @@ class KVQueueTableViewController {
     void _queueDidAddConversion(const std::shared_ptr<KVConversion> &conversion);
     void _queueWillRemoveConversion(const std::shared_ptr<KVConversion> &conversion);
     void _queueDidFinishConversion(const std::shared_ptr<KVConversion> &conversion);
+    /// Rows that come and go above the dragged one change its number.
+    void _insertRows(int first, int count);
+    void _removeRows(int first, int count);
     void _reorder(int row);
     void _merge(int row);
 

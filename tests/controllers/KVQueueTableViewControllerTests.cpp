@@ -156,6 +156,23 @@ TEST_F(KVQueueTableViewControllerTest, ReorderingMovesTheRowAndTheConversionAlik
     EXPECT_EQ(namesInQueue(KVMediaFileType::audio), (QStringList{"d.wav", "b.wav", "c.wav", "a.wav"}));
 }
 
+TEST_F(KVQueueTableViewControllerTest, ADragKeepsItsRowWhileOthersComeAndGo) {
+    add(KVMediaFileType::audio, "a.wav");
+    const auto dragged = add(KVMediaFileType::audio, "b.wav");
+    table.draggedRow = 2;
+    const auto video = add(KVMediaFileType::video, "v.mov"); // a group and a row above
+    EXPECT_EQ(controller.conversion(table.draggedRow), dragged);
+    add(KVMediaFileType::audio, "c.wav");
+    EXPECT_EQ(controller.conversion(table.draggedRow), dragged);
+    KVConversionQueue::queue(KVMediaFileType::video)->cancelConversion(video);
+    EXPECT_EQ(controller.conversion(table.draggedRow), dragged);
+    EXPECT_TRUE(controller.validateDrop(1, above));
+
+    KVConversionQueue::queue(KVMediaFileType::audio)->cancelConversion(dragged);
+    EXPECT_EQ(table.draggedRow, -1);
+    EXPECT_FALSE(controller.validateDrop(1, above));
+}
+
 TEST_F(KVQueueTableViewControllerTest, MergingGathersTheFilesInOrder) {
     const auto a = add(KVMediaFileType::audio, "a.wav");
     add(KVMediaFileType::audio, "b.wav");

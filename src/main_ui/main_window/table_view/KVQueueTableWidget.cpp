@@ -288,6 +288,17 @@ void KVQueueTableWidget::mouseReleaseEvent(QMouseEvent *event) {
         _activate(pressed, event->pos());
 }
 
+void KVQueueTableWidget::focusInEvent(QFocusEvent *event) {
+    // Who has not come with the keyboard has not chosen a row yet.
+    const bool hasChosenRow = currentIndex().isValid() || event->reason() == Qt::TabFocusReason ||
+                              event->reason() == Qt::BacktabFocusReason ||
+                              event->reason() == Qt::ShortcutFocusReason;
+    if (hasChosenRow)
+        QAbstractItemView::focusInEvent(event);
+    else
+        QAbstractScrollArea::focusInEvent(event);
+}
+
 void KVQueueTableWidget::keyPressEvent(QKeyEvent *event) {
     const QModelIndex index = currentIndex();
     const auto row = _queueModel->tableRow(index);
@@ -404,11 +415,12 @@ void KVQueueTableWidget::dragLeaveEvent(QDragLeaveEvent *) {
 }
 
 void KVQueueTableWidget::dropEvent(QDropEvent *event) {
-    const DropTarget target = std::exchange(_dropTarget, {});
+    _dropTarget = {};
     viewport()->update();
-    if (!event->mimeData()->hasFormat(queueTableViewDragType) || target.row < 0) {
-        event->ignore();
-        return;
-    }
-    event->setAccepted(_queueModel->controller().acceptDrop(target.row, target.operation));
+    // Rows may have come and gone since the last movement of the mouse.
+    const DropTarget target = _dropTargetAt(event->position().toPoint());
+    auto &controller = _queueModel->controller();
+    const bool isValid = event->mimeData()->hasFormat(queueTableViewDragType) &&
+                         controller.validateDrop(target.row, target.operation);
+    event->setAccepted(isValid && controller.acceptDrop(target.row, target.operation));
 }
