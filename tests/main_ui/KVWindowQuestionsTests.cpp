@@ -4,6 +4,8 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -52,6 +54,21 @@ TEST_F(KVWindowQuestionsTest, EscapeTakesTheAnswerThatChangesNothing) {
     other.buttonThatChangesNothing = 1;
     whenAsked<QMessageBox>([](QMessageBox &box) { QTest::keyClick(&box, Qt::Key_Escape); });
     EXPECT_FALSE(questions.runAlert(other).isFirstButton());
+}
+
+TEST_F(KVWindowQuestionsTest, APanelBeginsAtHomeAndThenWhereTheLastOneEnded) {
+    QDir(path()).mkdir("films");
+    const auto panel = [this](const QString &begin, const QString &chosen) {
+        whenAsked<QFileDialog>([=](QFileDialog &dialog) {
+            EXPECT_EQ(dialog.directory().path(), begin);
+            dialog.selectFile(chosen);
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+        return questions.runOpenPanel({.canChooseFiles = true});
+    };
+    write("films/a.mov", "x");
+    EXPECT_EQ(panel(QDir::homePath(), path("films/a.mov")), QList<QUrl>{url("films/a.mov")});
+    EXPECT_EQ(panel(path("films"), path("films/a.mov")), QList<QUrl>{url("films/a.mov")});
 }
 
 TEST_F(KVWindowQuestionsTest, ATextPromptAnswersWithTheTextOrNothing) {

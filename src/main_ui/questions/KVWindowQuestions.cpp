@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QGridLayout>
 #include <QInputDialog>
@@ -26,7 +27,8 @@ QString nameFilter(const QStringList &extensions) {
 } // namespace
 
 KVWindowQuestions::KVWindowQuestions(QWidget *window)
-    : _window(window) {}
+    : _window(window)
+    , _folder(QUrl::fromLocalFile(QDir::homePath())) {}
 
 KVAlertResponse KVWindowQuestions::runAlert(const KVAlert &alert) {
     QMessageBox box(_window);
@@ -71,9 +73,11 @@ QList<QUrl> KVWindowQuestions::runOpenPanel(const KVOpenPanel &panel) {
                        : panel.allowsMultipleSelection ? QFileDialog::ExistingFiles
                                                        : QFileDialog::ExistingFile);
     dialog.setOption(QFileDialog::ShowDirsOnly, onlyFolders);
-    if (panel.directory) dialog.setDirectoryUrl(*panel.directory);
+    dialog.setDirectoryUrl(panel.directory.value_or(_folder));
     if (!panel.allowedExtensions.isEmpty()) dialog.setNameFilter(nameFilter(panel.allowedExtensions));
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedUrls() : QList<QUrl>();
+    if (dialog.exec() != QDialog::Accepted) return {};
+    _folder = dialog.directoryUrl();
+    return dialog.selectedUrls();
 }
 
 std::optional<QUrl> KVWindowQuestions::runSavePanel(const KVSavePanel &panel) {
@@ -91,12 +95,12 @@ std::optional<QUrl> KVWindowQuestions::runSavePanel(const KVSavePanel &panel) {
 
 std::optional<QString> KVWindowQuestions::runTextPrompt(const KVTextPrompt &prompt) {
     QInputDialog dialog(_window);
-    dialog.setWindowTitle(prompt.messageText);
     dialog.setLabelText(prompt.informativeText.isEmpty()
                             ? prompt.messageText
                             : prompt.messageText + "\n" + prompt.informativeText);
     dialog.setTextValue(prompt.defaultValue);
-    dialog.setMinimumWidth(dialog.fontMetrics().averageCharWidth() * 50); // names of files are long
+    if (auto *field = dialog.findChild<QLineEdit *>()) // names of files are long
+        field->setMinimumWidth(field->fontMetrics().averageCharWidth() * 50);
     if (!prompt.buttons.isEmpty()) dialog.setOkButtonText(prompt.buttons.first());
     if (prompt.buttons.size() > 1) dialog.setCancelButtonText(prompt.buttons.at(1));
     for (QPushButton *button : dialog.findChildren<QPushButton *>())

@@ -18,4 +18,5 @@ class KVWindowQuestions : public KVUserQuestions {
 
   private:
     QPointer<QWidget> _window;
+    QUrl _folder; ///< Where a panel begins that is given none: where the last one ended.
 };
