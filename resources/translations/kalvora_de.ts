@@ -882,6 +882,10 @@ Ausgabe in Teilen.</translation>
     <translation>Dateien werden geladen: noch %@</translation>
   </message>
   <message>
+    <source>'%@' has been moved or deleted.</source>
+    <translation>„%@“ wurde verschoben oder gelöscht.</translation>
+  </message>
+  <message>
     <source>No Action</source>
     <translation>Keine Aktion</translation>
   </message>

@@ -123,6 +123,12 @@ KVApplicationController::TerminateReply KVApplicationController::applicationShou
 }
 
 void KVApplicationController::start() {
+    // A paused row that was started by itself belongs to no run that its queue could resume.
+    for (const auto &queue : KVConversionQueue::allQueues()) {
+        if (queue->isWorking()) continue;
+        for (const auto &conversion : queue->conversions())
+            if (conversion->state == KVConversionState::paused) conversion->resume();
+    }
     KVConversionQueue::startAllQueues();
 }
 

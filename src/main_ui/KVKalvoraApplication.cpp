@@ -1,10 +1,13 @@
 #include "main_ui/KVKalvoraApplication.h"
 
+#include "kvcore/KVLocalizationCenter.h"
 #include "kvcore/KVMainThread.h"
 #include "main_ui/KVDebugPane.h"
 #include "main_ui/KVWhatsNewWindowController.h"
+#include "main_ui/main_window/KVFooterView.h"
 #include "main_ui/main_window/subtitles/KVSubtitleEncodingChooser.h"
 #include "main_ui/questions/KVWindowQuestions.h"
+#include "platform/KVFileManager.h"
 #include "platform/KVUserQuestions.h"
 #include "util/KVBackgroundQueue.h"
 #include "util/KVPictureLibrary.h"
@@ -12,6 +15,7 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QFileInfo>
 
 // The icons stand in a static library, from which the linker takes only what is asked for by name.
 static void loadIcons() {
@@ -144,7 +148,14 @@ void KVKalvoraApplication::clearInactiveConversionsInQueue(int tag) {
 }
 
 void KVKalvoraApplication::openFile(const QUrl &url) {
-    QDesktopServices::openUrl(url);
+    if (QFileInfo::exists(url.toLocalFile())) {
+        QDesktopServices::openUrl(url);
+        return;
+    }
+    KVUserQuestion::runModalOnMainThread(
+        KVAlert{.messageText = KVLocalizationCenter::localized("'%@' has been moved or deleted.",
+                                                               {KVFileManager::lastPathComponent(url)}),
+                .buttons = {KVLocalizationCenter::localized("OK")}});
 }
 
 void KVKalvoraApplication::showInFileManager(const QUrl &url) {
@@ -211,14 +222,16 @@ bool KVKalvoraApplication::isSandboxed() const {
     return KVDesktop::isSandboxed();
 }
 
+bool KVKalvoraApplication::isVisible() const {
+    return _window->footerView().showsProgress();
+}
+
 void KVKalvoraApplication::slideIn(const QString &statusString) {
-    _isProgressVisible = true;
     _window->setProgress(0, statusString);
     _window->showProgressBar();
 }
 
 void KVKalvoraApplication::slideOut() {
-    _isProgressVisible = false;
     _window->hideProgressBar();
 }
 

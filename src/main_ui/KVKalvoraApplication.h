@@ -57,7 +57,7 @@ class KVKalvoraApplication : public KVMainWindowDelegate,
     QString countryCode() const override;
     bool isSandboxed() const override;
 
-    bool isVisible() const override { return _isProgressVisible; }
+    bool isVisible() const override;
     void slideIn(const QString &statusString) override;
     void slideOut() override;
     void setProgress(double progressValue, const QString &statusString) override;
@@ -73,6 +73,5 @@ class KVKalvoraApplication : public KVMainWindowDelegate,
     std::shared_ptr<KVApplicationController> _controller;
     QList<QUrl> _urlsAtLaunch;
     bool _hasLaunched = false;
-    bool _isProgressVisible = false;
     bool _isTerminating = false;
 };

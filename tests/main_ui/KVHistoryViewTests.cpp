@@ -42,6 +42,9 @@ TEST_F(KVHistoryViewTest, ListsWhatWasMadeAndOpensShowsAndForgetsIt) {
     EXPECT_EQ(keyboardMenu(), (QStringList{"Open", "Show in Finder"}));
     QFile::remove(path(newest));
     EXPECT_EQ(keyboardMenu(), (QStringList{"(Open)", "(Show in Finder)"}));
+    QTest::keyClick(&list(), Qt::Key_Return);
+    ASSERT_EQ(questions->alerts.size(), 1U);
+    EXPECT_EQ(questions->alerts.front().messageText, "'" + newest + "' has been moved or deleted.");
 
     QObject::disconnect(&history(), &KVHistoryView::openRequested, nullptr,
                         nullptr); // no desktop opens anything here

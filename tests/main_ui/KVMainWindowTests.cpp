@@ -101,6 +101,29 @@ TEST_F(KVMainWindowTest, ARunningRowIsPausedResumedAndCancelledByItsButton) {
     EXPECT_EQ(QDir(path()).entryList(QDir::Files), QStringList{"long.wav"});
 }
 
+TEST_F(KVMainWindowTest, ARowThatIsStartedByItselfFollowsTheFooterToo) {
+    KVFooterView &footer = window().footerView();
+    const auto startByItself = [this](const QString &name) {
+        model().tableRow(rowOf(name))->startConversion();
+        return waitForProgress(name);
+    };
+    drop({longTone("long.wav")});
+    ASSERT_TRUE(waitForRows(2) && startByItself("long.wav"));
+    EXPECT_TRUE(footer.showsProgress());
+    application->pause();
+    EXPECT_EQ(stateOf("long.wav"), KVConversionState::paused);
+    application->start();
+    EXPECT_EQ(stateOf("long.wav"), KVConversionState::executing);
+
+    // The progress goes with the last row and comes again with the next work.
+    model().tableRow(rowOf("long.wav"))->removeConversion();
+    ASSERT_TRUE(runUntil([&] { return window().showsDropZone(); }));
+    EXPECT_FALSE(footer.showsProgress());
+    drop({longTone("next.wav")});
+    ASSERT_TRUE(waitForRows(2) && startByItself("next.wav"));
+    EXPECT_TRUE(footer.showsProgress());
+}
+
 TEST_F(KVMainWindowTest, QuittingInTheMiddleAsksAndLeavesNothingBehind) {
     drop({longTone("long.wav")});
     ASSERT_TRUE(waitForRows(2));
