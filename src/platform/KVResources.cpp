@@ -10,11 +10,10 @@ namespace {
 std::mutex mutex;
 QString replacement; // under the mutex
 
-QString installedDirectory() {
+QString installedPath(const std::string &place) {
     std::error_code ignored;
     const auto executable = std::filesystem::read_symlink("/proc/self/exe", ignored);
-    const auto prefix = executable.parent_path().parent_path();
-    return QString::fromStdString((prefix / "share/kalvora/resources").string());
+    return QString::fromStdString((executable.parent_path().parent_path() / place).string());
 }
 
 } // namespace
@@ -29,8 +28,12 @@ std::optional<QString> KVResources::path(const QString &name, const QString &typ
 QString KVResources::directory() {
     const std::scoped_lock lock(mutex);
     if (!replacement.isEmpty()) return replacement;
-    static const QString installed = installedDirectory();
+    static const QString installed = installedPath("share/kalvora/resources");
     return installed;
+}
+
+QString KVResources::modulePath(const QString &name) {
+    return installedPath("lib/kalvora/lib" + name.toStdString() + ".so");
 }
 
 void KVResources::setDirectory(const QString &directory) {

@@ -14,6 +14,10 @@ std::optional<QString> path(const QString &name, const QString &type = {});
 
 QString directory();
 
+/// A shared library of the program's own that is loaded when it is needed:
+/// "<prefix>/lib/kalvora/lib<name>.so".
+QString modulePath(const QString &name);
+
 /// For tests and for a build tree that is laid out otherwise: look here instead. Empty restores the default.
 void setDirectory(const QString &directory);
 

@@ -2,86 +2,56 @@
 
 #include "kvcore/KVFatalError.h"
 #include "kvcore/KVLog.h"
-#include "util/picture/KVPictureAttempt.h"
-#include "util/picture/KVPictureSource.h"
+#include "platform/KVResources.h"
 
-#include <vips/vips8>
+#include <QFile>
 
-#include <algorithm>
-#include <memory>
-#include <mutex>
-#include <utility>
+#include <dlfcn.h>
 
 namespace {
 
-void writeToLog(const gchar *, GLogLevelFlags, const gchar *message, gpointer) {
-    const QString text = QString::fromUtf8(message);
-    KVLog("Image library: " + text);
-    KVPictureAttempt::noteWarning(text);
+KVPictureModule &loadedModule() {
+    // A program that was linked with the module's sources, as the tests are, has its door already.
+    void *door = ::dlsym(RTLD_DEFAULT, KVPictureModule::doorName);
+    if (!door) {
+        const QByteArray path = QFile::encodeName(KVResources::modulePath("kvpictures"));
+        if (void *library = ::dlopen(path.constData(), RTLD_NOW | RTLD_LOCAL))
+            door = ::dlsym(library, KVPictureModule::doorName);
+    }
+    if (!door) KVFatalError("The image library does not load: " + QString::fromLocal8Bit(::dlerror()));
+    return *reinterpret_cast<KVPictureModule::Door *>(door)();
 }
 
-void start() {
-    if (VIPS_INIT("kalvora") != 0)
-        KVFatalError("The image library does not start: " + KVPictureLibrary::takeErrorText());
-    // Every file is read once: a cache would only hold memory.
-    vips_cache_set_max(0);
-    g_log_set_handler("VIPS", static_cast<GLogLevelFlags>(G_LOG_LEVEL_MASK | G_LOG_FLAG_RECURSION),
-                      writeToLog, nullptr);
+KVPictureModule &module() {
+    static KVPictureModule &module = loadedModule();
+    return module;
 }
 
-/// The opened picture, or a log line.
-KVResult<KVPictureSource> sourceAt(const QString &path) {
-    auto source = KVPictureSource::open(path);
-    if (!source) KVLog("Could not read picture " + path + " - " + source.error().reason);
-    return source;
-}
-
-/// The opened picture in little.
-vips::VImage reduced(const KVPictureSource &source, int longestSide) {
-    const KVSize size = source.uprightSize();
-    const auto picture = source.imageToShrink(std::max(size.width, size.height) / longestSide);
-    return picture.thumbnail_image(
-        longestSide, vips::VImage::option()->set("height", longestSide)->set("size", VIPS_SIZE_DOWN));
-}
-
-QImage imageOf(vips::VImage picture) {
-    picture = picture.colourspace(VIPS_INTERPRETATION_sRGB);
-    if (picture.has_alpha()) picture = picture.flatten();
-    picture = picture.cast(VIPS_FORMAT_UCHAR);
-    std::size_t size = 0;
-    const std::unique_ptr<void, decltype(&g_free)> pixels(picture.write_to_memory(&size), g_free);
-    const QImage view(static_cast<const uchar *>(pixels.get()), picture.width(), picture.height(),
-                      qsizetype{3} * picture.width(), QImage::Format_RGB888);
-    return view.copy();
+template <class Value>
+KVResult<Value> logged(const QString &path, KVResult<Value> result) {
+    if (!result) KVLog("Could not read picture " + path + " - " + result.error().reason);
+    return result;
 }
 
 } // namespace
 
 void KVPictureLibrary::prepare() {
-    static std::once_flag once;
-    std::call_once(once, start);
+    module().prepare();
 }
 
-QString KVPictureLibrary::takeErrorText() {
-    const std::unique_ptr<char, decltype(&g_free)> text(vips_error_buffer_copy(), g_free);
-    return QString::fromUtf8(text.get()).simplified();
+KVResult<std::unique_ptr<KVOpenedPicture>> KVPictureLibrary::open(const QString &path) {
+    return module().open(path);
 }
 
 KVResult<KVPictureLibrary::Header> KVPictureLibrary::header(const QString &path) {
-    const auto source = sourceAt(path);
-    if (!source) return tl::unexpected(source.error());
-    const KVSize size = source->uprightSize();
-    return Header{static_cast<int>(size.width), static_cast<int>(size.height), source->numberOfPages()};
+    const auto picture = logged(path, open(path));
+    if (!picture) return tl::unexpected(picture.error());
+    const KVSize size = (*picture)->uprightSize();
+    return Header{static_cast<int>(size.width), static_cast<int>(size.height), (*picture)->numberOfPages()};
 }
 
-std::optional<QImage> KVPictureLibrary::reducedImage(const QString &path, int longestSide) {
-    const auto source = sourceAt(path);
-    if (!source) return std::nullopt;
-    QImage image;
-    const auto failure = KVPictureAttempt::failure([&, isFirst = true]() mutable {
-        image = imageOf(reduced(std::exchange(isFirst, false) ? *source : source->openedAnew(), longestSide));
-    });
-    if (!failure) return image;
-    KVLog("Could not read picture " + path + " - " + *failure);
-    return std::nullopt;
+KVResult<QImage> KVPictureLibrary::reducedImage(const QString &path, int longestSide) {
+    const auto picture = logged(path, open(path));
+    if (!picture) return tl::unexpected(picture.error());
+    return logged(path, (*picture)->reducedImage(longestSide));
 }

@@ -1,22 +1,16 @@
 #pragma once
 
-#include "kvcore/KVError.h"
+#include "util/KVOpenedPicture.h"
 
-#include <QImage>
-#include <QString>
-
-#include <optional>
-
-/// The one door to the image library: makes it ready at the first use (about 50 ms, once) and answers simple
-/// questions about pictures. Any thread.
+/// The one door to the image library. That brings eighty other libraries, and no start has to wait for them:
+/// they are loaded at the first use. Any thread.
 namespace KVPictureLibrary {
 
-/// Has to be called before anything else of the library is used directly. The library keeps no images between
-/// calls, and its warnings go to the log.
+/// Loads the library and makes it ready (about 100 ms, once), so that the first picture need not wait.
 void prepare();
 
-/// What the library has to say about the latest failure, without line ends; forgotten with this call.
-QString takeErrorText();
+/// The reason of an error is in the user's language.
+KVResult<std::unique_ptr<KVOpenedPicture>> open(const QString &path);
 
 /// What stands in a picture's header.
 struct Header {
@@ -25,11 +19,10 @@ struct Header {
     int numberOfPages = 1; ///< Frames of an animation, pages of a document.
 };
 
-/// Reads the header without decoding the picture. The reason of an error is in the user's language.
+/// Reads the header without decoding the picture. Failures also go to the log.
 KVResult<Header> header(const QString &path);
 
-/// The picture, made smaller until no side is longer than `longestSide` pixels; nothing where it cannot be
-/// read.
-std::optional<QImage> reducedImage(const QString &path, int longestSide);
+/// The picture, made smaller until no side is longer than `longestSide` pixels. Failures also go to the log.
+KVResult<QImage> reducedImage(const QString &path, int longestSide);
 
 } // namespace KVPictureLibrary

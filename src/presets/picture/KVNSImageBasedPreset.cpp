@@ -5,39 +5,12 @@
 #include "kvcore/KVLog.h"
 #include "kvcore/KVText.h"
 #include "platform/KVFileManager.h"
-#include "presets/picture/KVPictureRendering.h"
 #include "presets/picture/KVPictureSettings.h"
-#include "presets/picture/KVPictureWriter.h"
 #include "util/KVHiddenOutput.h"
-#include "util/KVThreadCount.h"
-#include "util/picture/KVPictureAttempt.h"
-#include "util/picture/KVPictureSource.h"
+#include "util/KVPictureLibrary.h"
 #include "video_info/media_file/KVPictureFile.h"
 
-#include <algorithm>
-#include <atomic>
-#include <stdexcept>
-#include <utility>
-
 namespace {
-
-/// Counts the pictures that are being converted side by side, so that together they keep the processors that
-/// the program may use busy and no more.
-class RunningPicture {
-  public:
-    RunningPicture() { ++_count; }
-    ~RunningPicture() { --_count; }
-    RunningPicture(const RunningPicture &) = delete;
-    RunningPicture &operator=(const RunningPicture &) = delete;
-
-    static int threads() {
-        const int processors = KVThreadCount(KVProcessInfo::activeProcessorCount(), 1);
-        return std::max(processors / std::max(_count.load(), 1), 1);
-    }
-
-  private:
-    static inline std::atomic<int> _count = 0;
-};
 
 constexpr const char *cancelled = "It was cancelled.";
 
@@ -76,56 +49,30 @@ KVResult<QUrl> KVNSImageBasedPreset::convertPictureFile(const std::shared_ptr<KV
         return KVFileManager::appendingPathComponent(toURL, fileName + '.' + extension).toLocalFile();
     };
 
-    const auto source = KVPictureSource::open(file->url().toLocalFile());
-    if (!source) return failed("Failed to read image from " + file->url().toString(), source.error());
+    const auto picture = KVPictureLibrary::open(file->url().toLocalFile());
+    if (!picture) return failed("Failed to read image from " + file->url().toString(), picture.error());
 
     const auto output = KVHiddenOutput::create(toURL.toLocalFile());
     if (!output) return failedToWrite(pathAt(0), output.error());
-    if (const auto encoded = _encode(*source, pathAt(0), **output, stop); !encoded)
+    if (const auto encoded = _encode(**picture, pathAt(0), **output, stop); !encoded)
         return tl::unexpected(encoded.error());
     const auto path = (*output)->publish(pathAt);
     if (!path) return failedToWrite(pathAt(0), path.error());
     return QUrl::fromLocalFile(*path);
 }
 
-KVResult<void> KVNSImageBasedPreset::_encode(const KVPictureSource &source, const QString &target,
+KVResult<void> KVNSImageBasedPreset::_encode(const KVOpenedPicture &picture, const QString &target,
                                              KVHiddenOutput &output, const std::stop_token &stop) const {
-    const KVSize size = scaledSize(source.uprightSize());
-    const double maximumSide = KVPictureWriter::format(imageFileType()).maximumSide;
-    if (!KVPictureSource::isWithinLimit(size) || std::max(size.width, size.height) > maximumSide)
-        return failed("Failed to get TIFF image representation.", KVPictureSource::tooLarge(size));
+    const KVSize size = scaledSize(picture.uprightSize());
+    if (const auto objection = picture.objectionTo(size, imageFileType()))
+        return failed("Failed to get TIFF image representation.", *objection);
 
-    bool isFirst = true;
-    const auto attempt = [&] {
-        if (stop.stop_requested()) throw std::runtime_error(cancelled);
-        const bool isOnceMore = !std::exchange(isFirst, false);
-        if (isOnceMore) output.restart();
-        _write(isOnceMore ? source.openedAnew() : source, output, stop);
-    };
-    std::optional<QString> failure;
-    try {
-        failure = KVPictureAttempt::failure(attempt);
-    } catch (const std::exception &error) {
-        failure = QString::fromUtf8(error.what());
-    }
+    auto failure = picture.write(size, imageFileType(), properties(), output, stop);
     if (!failure) return {};
     if (stop.stop_requested()) failure = cancelled;
     if (const int writeError = output.writeError())
         return failedToWrite(target, KVPOSIXError(target, writeError));
     return failed("Failed to create data from bitmap image rep.", unconvertible(*failure));
-}
-
-void KVNSImageBasedPreset::_write(const KVPictureSource &source, KVHiddenOutput &output,
-                                  const std::stop_token &stop) const {
-    const RunningPicture running;
-    auto picture = KVPictureRendering::render(source, scaledSize(source.uprightSize()),
-                                              KVPictureWriter::format(imageFileType()), stop);
-    picture.set(VIPS_META_CONCURRENCY, RunningPicture::threads());
-    const std::stop_callback end(stop, [&] {
-        vips_image_set_kill(picture.get_image(), TRUE);
-        output.cancel();
-    });
-    KVPictureWriter::write(picture, imageFileType(), properties(), output);
 }
 
 std::shared_ptr<KVSettingsBase> KVNSImageBasedPreset::settings() {

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "presets/picture/KVImageFileType.h"
 #include "presets/picture/KVPicturePreset.h"
+#include "util/picture/KVImageFileType.h"
 
 class KVHiddenOutput;
-class KVPictureSource;
+class KVOpenedPicture;
 
 /// Base of the presets that read a picture, scale it and write it as one kind of file.
 class KVNSImageBasedPreset : public KVPicturePreset {
@@ -21,8 +21,6 @@ class KVNSImageBasedPreset : public KVPicturePreset {
     KVNSImageBasedPreset() = default;
 
   private:
-    KVResult<void> _encode(const KVPictureSource &source, const QString &target, KVHiddenOutput &output,
+    KVResult<void> _encode(const KVOpenedPicture &picture, const QString &target, KVHiddenOutput &output,
                            const std::stop_token &stop) const;
-    /// Throws the library's errors.
-    void _write(const KVPictureSource &source, KVHiddenOutput &output, const std::stop_token &stop) const;
 };

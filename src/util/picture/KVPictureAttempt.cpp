@@ -1,6 +1,6 @@
 #include "util/picture/KVPictureAttempt.h"
 
-#include "util/KVPictureLibrary.h"
+#include "util/picture/KVVipsLibrary.h"
 
 #include <vips/vips8>
 
@@ -32,7 +32,7 @@ class Attempts {
             ++_failures;
             ++_unanswered;
         } else if (_running == 0 && _unanswered == 0) {
-            KVPictureLibrary::takeErrorText(); // of what went well in the end
+            KVVipsLibrary::takeErrorText(); // of what went well in the end
         }
         _changed.notify_all();
     }
@@ -65,7 +65,7 @@ thread_local QString firstWarning;
 
 /// Why the attempt on this thread has failed; nobody else is at work.
 QString takeReason() {
-    QString text = KVPictureLibrary::takeErrorText();
+    QString text = KVVipsLibrary::takeErrorText();
     if (!text.isEmpty()) return text;
     return firstWarning.isEmpty() ? QStringLiteral("The file is damaged.") : firstWarning;
 }
@@ -114,7 +114,7 @@ std::optional<QString> KVPictureAttempt::failure(const std::function<void()> &at
     if (!before) return std::nullopt;
     const AloneTurn turn;
     if (turn.failures == *before + 1) return takeReason();
-    KVPictureLibrary::takeErrorText();
+    KVVipsLibrary::takeErrorText();
     firstWarning.clear();
     try {
         attempt();

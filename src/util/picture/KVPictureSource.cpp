@@ -2,13 +2,13 @@
 
 #include "kvcore/KVLocalizationCenter.h"
 #include "platform/KVFileManager.h"
-#include "util/KVPictureLibrary.h"
 #include "util/picture/KVBitmapFile.h"
 #include "util/picture/KVIconFile.h"
 #include "util/picture/KVJPEGFile.h"
 #include "util/picture/KVPhotoshopFile.h"
 #include "util/picture/KVPictureAttempt.h"
 #include "util/picture/KVTIFFFile.h"
+#include "util/picture/KVVipsLibrary.h"
 
 #include <QFile>
 
@@ -66,13 +66,6 @@ VImage imageOfDocument(const QByteArray &content) {
     return imageOfOtherKind(content);
 }
 
-KVError unreadable(const QString &detail) {
-    return {KVPictureErrorDomain,
-            0,
-            KVLocalizationCenter::localized("The picture cannot be read: %@", {detail}),
-            {}};
-}
-
 } // namespace
 
 KVPictureSource::KVPictureSource(const QString &path)
@@ -100,7 +93,7 @@ KVPictureSource::KVPictureSource(const QString &path)
 }
 
 KVResult<KVPictureSource> KVPictureSource::open(const QString &path) {
-    KVPictureLibrary::prepare();
+    KVVipsLibrary::prepare();
     std::optional<KVPictureSource> source;
     try {
         const auto failure = KVPictureAttempt::failure([&] { source = KVPictureSource(path); });
@@ -115,6 +108,13 @@ KVResult<KVPictureSource> KVPictureSource::open(const QString &path) {
 
 bool KVPictureSource::isWithinLimit(const KVSize &size) {
     return size.width * size.height <= static_cast<double>(maximumPixels);
+}
+
+KVError KVPictureSource::unreadable(const QString &detail) {
+    return {KVPictureErrorDomain,
+            0,
+            KVLocalizationCenter::localized("The picture cannot be read: %@", {detail}),
+            {}};
 }
 
 KVError KVPictureSource::tooLarge(const KVSize &size) {

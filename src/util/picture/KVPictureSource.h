@@ -1,13 +1,10 @@
 #pragma once
 
-#include "kvcore/KVError.h"
-#include "util/KVSizeFitting.h"
+#include "util/KVOpenedPicture.h"
 
 #include <vips/vips8>
 
 #include <stop_token>
-
-inline const QString KVPictureErrorDomain = QStringLiteral("KVPictureErrorDomain");
 
 /// A picture file that has been opened: its header is known, nothing is decoded. The kind is told by the
 /// content, never by the name. Of several frames or pages it is the first.
@@ -24,6 +21,8 @@ class KVPictureSource {
 
     /// True where a picture of this size may be read or made.
     static bool isWithinLimit(const KVSize &size);
+    /// "... cannot be read" for that reason, in the user's language.
+    static KVError unreadable(const QString &detail);
     /// "... is too large" for the size, in the user's language.
     static KVError tooLarge(const KVSize &size);
 

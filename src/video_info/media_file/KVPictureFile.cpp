@@ -17,10 +17,6 @@ KVPictureFile::KVPictureFile(const QUrl &url)
 
 void KVPictureFile::loadThumbnail(const ThumbnailCompletion &completion) {
     KVBackgroundQueue::shared().async([path = url().toLocalFile(), completion](const std::stop_token &) {
-        if (const auto image = KVPictureLibrary::reducedImage(path, KVLongestThumbnailSide))
-            completion(*image);
-        else
-            completion(
-                tl::unexpected(KVError{KVMediaFileErrorDomain, 0, KVPictureLibrary::takeErrorText(), {}}));
+        completion(KVPictureLibrary::reducedImage(path, KVLongestThumbnailSide));
     });
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "presets/picture/KVImageFileType.h"
-#include "presets/picture/KVPictureFormat.h"
+#include "util/picture/KVImageFileType.h"
+#include "util/picture/KVPictureFormat.h"
 
 #include <QVariantMap>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "presets/picture/KVPictureFormat.h"
 #include "util/KVSizeFitting.h"
+#include "util/picture/KVPictureFormat.h"
 
 #include <vips/vips8>
 

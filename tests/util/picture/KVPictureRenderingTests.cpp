@@ -1,4 +1,4 @@
-#include "presets/picture/KVPictureRendering.h"
+#include "util/picture/KVPictureRendering.h"
 
 #include "presets/picture/KVPictureTestCase.h"
 

@@ -1,4 +1,4 @@
-#include "presets/picture/KVBitmapWriter.h"
+#include "util/picture/KVBitmapWriter.h"
 
 #include "util/KVHiddenOutput.h"
 

@@ -1,4 +1,4 @@
-#include "presets/picture/KVPictureRendering.h"
+#include "util/picture/KVPictureRendering.h"
 
 #include "util/KVTempDirectory.h"
 #include "util/picture/KVPictureSource.h"

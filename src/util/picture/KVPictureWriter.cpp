@@ -1,7 +1,7 @@
-#include "presets/picture/KVPictureWriter.h"
+#include "util/picture/KVPictureWriter.h"
 
-#include "presets/picture/KVBitmapWriter.h"
 #include "util/KVHiddenOutput.h"
+#include "util/picture/KVBitmapWriter.h"
 
 #include <array>
 #include <cmath>

@@ -1,0 +1,107 @@
+#include "util/picture/KVVipsPicture.h"
+
+#include "util/KVHiddenOutput.h"
+#include "util/KVThreadCount.h"
+#include "util/picture/KVPictureAttempt.h"
+#include "util/picture/KVPictureRendering.h"
+#include "util/picture/KVPictureWriter.h"
+
+#include <algorithm>
+#include <atomic>
+#include <stdexcept>
+#include <utility>
+
+namespace {
+
+/// Counts the pictures that are being converted side by side, so that together they keep the processors that
+/// the program may use busy and no more.
+class RunningPicture {
+  public:
+    RunningPicture() { ++_count; }
+    ~RunningPicture() { --_count; }
+    RunningPicture(const RunningPicture &) = delete;
+    RunningPicture &operator=(const RunningPicture &) = delete;
+
+    static int threads() {
+        const int processors = KVThreadCount(KVProcessInfo::activeProcessorCount(), 1);
+        return std::max(processors / std::max(_count.load(), 1), 1);
+    }
+
+  private:
+    static inline std::atomic<int> _count = 0;
+};
+
+/// The picture in little.
+vips::VImage reduced(const KVPictureSource &source, int longestSide) {
+    const KVSize size = source.uprightSize();
+    const auto picture = source.imageToShrink(std::max(size.width, size.height) / longestSide);
+    return picture.thumbnail_image(
+        longestSide, vips::VImage::option()->set("height", longestSide)->set("size", VIPS_SIZE_DOWN));
+}
+
+QImage imageOf(vips::VImage picture) {
+    picture = picture.colourspace(VIPS_INTERPRETATION_sRGB);
+    if (picture.has_alpha()) picture = picture.flatten();
+    picture = picture.cast(VIPS_FORMAT_UCHAR);
+    std::size_t size = 0;
+    const std::unique_ptr<void, decltype(&g_free)> pixels(picture.write_to_memory(&size), g_free);
+    const QImage view(static_cast<const uchar *>(pixels.get()), picture.width(), picture.height(),
+                      qsizetype{3} * picture.width(), QImage::Format_RGB888);
+    return view.copy();
+}
+
+/// Calls `attempt` with the source, and where it has to start anew, with the source opened anew and true.
+/// Answers the reason of what it throws.
+template <class Attempt>
+std::optional<QString> failure(const KVPictureSource &source, const Attempt &attempt) {
+    try {
+        return KVPictureAttempt::failure([&, isFirst = true]() mutable {
+            if (std::exchange(isFirst, false))
+                attempt(source, false);
+            else
+                attempt(source.openedAnew(), true);
+        });
+    } catch (const std::exception &error) {
+        return QString::fromUtf8(error.what());
+    }
+}
+
+} // namespace
+
+KVResult<std::unique_ptr<KVOpenedPicture>> KVVipsPicture::open(const QString &path) {
+    auto source = KVPictureSource::open(path);
+    if (!source) return tl::unexpected(source.error());
+    return std::make_unique<KVVipsPicture>(std::move(*source));
+}
+
+KVResult<QImage> KVVipsPicture::reducedImage(int longestSide) const {
+    QImage image;
+    const auto failed = failure(
+        _source, [&](const KVPictureSource &source, bool) { image = imageOf(reduced(source, longestSide)); });
+    if (failed) return tl::unexpected(KVPictureSource::unreadable(*failed));
+    return image;
+}
+
+std::optional<KVError> KVVipsPicture::objectionTo(const KVSize &size, KVImageFileType type) const {
+    const double maximumSide = KVPictureWriter::format(type).maximumSide;
+    if (KVPictureSource::isWithinLimit(size) && std::max(size.width, size.height) <= maximumSide)
+        return std::nullopt;
+    return KVPictureSource::tooLarge(size);
+}
+
+std::optional<QString> KVVipsPicture::write(const KVSize &size, KVImageFileType type,
+                                            const QVariantMap &properties, KVHiddenOutput &output,
+                                            const std::stop_token &stop) const {
+    return failure(_source, [&](const KVPictureSource &source, bool isOnceMore) {
+        if (stop.stop_requested()) throw std::runtime_error("It was cancelled.");
+        if (isOnceMore) output.restart();
+        const RunningPicture running;
+        auto picture = KVPictureRendering::render(source, size, KVPictureWriter::format(type), stop);
+        picture.set(VIPS_META_CONCURRENCY, RunningPicture::threads());
+        const std::stop_callback end(stop, [&] {
+            vips_image_set_kill(picture.get_image(), TRUE);
+            output.cancel();
+        });
+        KVPictureWriter::write(picture, type, properties, output);
+    });
+}
