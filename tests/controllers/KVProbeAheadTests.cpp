@@ -24,6 +24,14 @@ bool waitFor(const std::function<bool()> &isDone) {
 class KVProbeAheadTest : public KVTestCase {
   protected:
     QUrl file(const QString &name) { return QUrl::fromLocalFile(write(name, "content")); }
+    KVProbeAhead::Probe countingProbe() {
+        return [this](const QUrl &url) {
+            ++probes;
+            return picture(url);
+        };
+    }
+
+    std::atomic<int> probes = 0;
 };
 
 TEST_F(KVProbeAheadTest, LooksAtSeveralFilesAtOnceAndAnswersInTurn) {
@@ -43,13 +51,7 @@ TEST_F(KVProbeAheadTest, LooksAtSeveralFilesAtOnceAndAnswersInTurn) {
 }
 
 TEST_F(KVProbeAheadTest, StaysAFewFilesAhead) {
-    std::atomic<int> probes = 0;
-    KVProbeAhead ahead(
-        [&](const QUrl &url) {
-            ++probes;
-            return picture(url);
-        },
-        1);
+    KVProbeAhead ahead(countingProbe(), 1);
     std::vector<std::shared_ptr<KVProbeAhead::Ticket>> tickets;
     for (int number = 0; number < 100; ++number)
         tickets.push_back(ahead.expect(file(QString::number(number))));
@@ -64,13 +66,7 @@ TEST_F(KVProbeAheadTest, StaysAFewFilesAhead) {
 }
 
 TEST_F(KVProbeAheadTest, AFileThatChangedMeanwhileIsLookedAtAgain) {
-    std::atomic<int> probes = 0;
-    KVProbeAhead ahead(
-        [&](const QUrl &url) {
-            ++probes;
-            return picture(url);
-        },
-        1);
+    KVProbeAhead ahead(countingProbe(), 1);
     const auto written = ahead.expect(file("written"));
     const auto removed = ahead.expect(file("removed"));
     const auto kept = ahead.expect(file("kept"));
@@ -85,13 +81,7 @@ TEST_F(KVProbeAheadTest, AFileThatChangedMeanwhileIsLookedAtAgain) {
 }
 
 TEST_F(KVProbeAheadTest, BeginsNothingAfterItIsStopped) {
-    std::atomic<int> probes = 0;
-    KVProbeAhead ahead(
-        [&](const QUrl &url) {
-            ++probes;
-            return picture(url);
-        },
-        2);
+    KVProbeAhead ahead(countingProbe(), 2);
     ahead.stop();
     const auto ticket = ahead.expect(file("late"));
     std::this_thread::sleep_for(std::chrono::milliseconds(20));

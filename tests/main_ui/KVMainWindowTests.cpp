@@ -18,6 +18,14 @@ class KVMainWindowTest : public KVWindowTestCase {
         return KVConversionRowDelegate::stopRect(table().visualRect(rowOf(title))).center();
     }
 
+    QUrl folderOfTones(int count) {
+        QDir(path()).mkdir("in");
+        tone("in/00.wav");
+        for (int i = 1; i < count; ++i)
+            QFile::copy(path("in/00.wav"), path(QStringLiteral("in/%1.wav").arg(i, 2, 10, QChar('0'))));
+        return url("in");
+    }
+
     /// Opens a menu of the menu bar and answers what it offers, disabled commands in brackets.
     QStringList menu(const QString &title) {
         QStringList commands;
@@ -143,24 +151,8 @@ TEST_F(KVMainWindowTest, QuittingInTheMiddleAsksAndLeavesNothingBehind) {
     EXPECT_EQ(QDir(path()).entryList(QDir::Files), QStringList{"long.wav"});
 }
 
-TEST_F(KVMainWindowTest, FailuresAreShownInTheRowAndTold) {
-    drop({tone("a.wav"), tone("b.wav")});
-    ASSERT_TRUE(waitForRows(3));
-    QFile::remove(path("a.wav"));
-    application->start();
-    ASSERT_TRUE(runUntil([&] { return !questions->alerts.empty(); }));
-    EXPECT_EQ(statusOf("a.wav"), "Error converting.");
-    EXPECT_TRUE(statusOf("b.wav").startsWith("Done"));
-    EXPECT_TRUE(
-        questions->alerts.front().messageText.startsWith("The file to be converted cannot be found."));
-}
-
 TEST_F(KVMainWindowTest, AFolderShowsItsFirstFilesAtOnceAndTheOthersBehind) {
-    QDir(path()).mkdir("in");
-    tone("in/00.wav");
-    for (int i = 1; i < 10; ++i)
-        QFile::copy(path("in/00.wav"), path(QStringLiteral("in/%1.wav").arg(i, 2, 10, QChar('0'))));
-    application->addFiles({url("in")});
+    application->addFiles({folderOfTones(10)});
     EXPECT_EQ(model().rowCount(), 5); // the group and four files, before control comes back
     EXPECT_TRUE(waitForRows(11));
 }
@@ -193,11 +185,7 @@ TEST_F(KVMainWindowTest, VideosBecomeADisc) {
 }
 
 TEST_F(KVMainWindowTest, TheFooterSaysWhatIsStillLoading) {
-    QDir(path()).mkdir("in");
-    tone("in/00.wav");
-    for (int i = 1; i < 12; ++i)
-        QFile::copy(path("in/00.wav"), path(QStringLiteral("in/%1.wav").arg(i, 2, 10, QChar('0'))));
-    application->addFiles({url("in")});
+    application->addFiles({folderOfTones(12)});
     const auto text = [&] {
         for (const QLabel *label : window().footerView().findChildren<QLabel *>())
             if (label->isVisible() && label->text().startsWith("Loading")) return label->text();
