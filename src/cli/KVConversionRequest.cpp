@@ -86,6 +86,7 @@ tl::expected<KVConversionRequest, QString> KVConversionRequest::make(const KVPar
             request.inputs.append(KVInputPath::url(argument.text));
         else
             request.unreadableInputs.append(argument.text);
+        if (request.unreadableInputs.isEmpty()) request.firstInput = request.inputs.first();
     }
 
     const auto name = words.value("preset");

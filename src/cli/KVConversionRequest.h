@@ -19,8 +19,9 @@ struct KVConversionRequest {
     std::optional<QUrl> subtitles;
     QString subtitlesEncoding; ///< Empty where none is given.
     std::optional<qint64> audioTrack;
-    QList<QUrl> inputs;           ///< Files and folders.
-    QStringList unreadableInputs; ///< Words that are no UTF-8, in a form that can be shown.
+    QList<QUrl> inputs;             ///< Files and folders.
+    std::optional<QUrl> firstInput; ///< Nothing where the first word is no UTF-8.
+    QStringList unreadableInputs;   ///< Words that are no UTF-8, in a form that can be shown.
 
     static QList<KVCommandOption> options();
 

@@ -3,6 +3,7 @@
 #include "cli/KVConversionRequest.h"
 #include "cli/KVConvertRun.h"
 #include "cli/KVOwnFiles.h"
+#include "core/KVHistoryCenter.h"
 #include "platform/KVSignalWatcher.h"
 #include "tasks/KVHardwareAcceleration.h"
 #include "util/KVPreferenceKeys.h"
@@ -63,6 +64,7 @@ KVExitStatus KVConvertCommand::_convert(const KVConversionRequest &request, cons
     if (words.isSet("json")) writeJSON(run->report());
     if (!run->haveWorkersEnded()) {
         _console.flushResults();
+        KVHistoryCenter::shared().saveWhatIsUnsaved();
         signals.endSuddenly();
     }
     if (const auto signal = signals.signal()) return static_cast<KVExitStatus>(128 + *signal);

@@ -24,12 +24,11 @@ std::optional<qint64> KVRequestIntake::intakeChosenAudioTrack(const KVAudioFile 
 std::optional<KVIntakeObserver::Objection>
 KVRequestIntake::intakeWillQueue(const std::shared_ptr<KVMediaFile> &file) {
     using Kind = KVIntakeRefusal::Kind;
-    if (!KVPresetChoice::canConvert(*_request.preset, file->mediaFileType()))
+    if (!_canConvert(*file))
         return Objection{Kind::otherType,
                          QStringLiteral("The preset \"%1\" does not convert files of the type %2.")
                              .arg(_request.preset->name, KVMediaFileTypes::caseName(file->mediaFileType()))};
     if (!_isFirst(*file)) return std::nullopt;
-    _hasPreparedFirst = true;
     const auto reason = _request.prepareFirstFile(*file);
     return reason ? std::optional(Objection{Kind::unsuitable, *reason}) : std::nullopt;
 }
@@ -42,7 +41,13 @@ void KVRequestIntake::intakeDidRefuse(const KVIntakeRefusal &refusal) {
     KVMainThread::async([handle = _didRefuse, refusal] { handle(refusal); });
 }
 
-bool KVRequestIntake::_isFirst(const KVMediaFile &file) const {
-    const QUrl first = _request.inputs.value(0);
-    return !_hasPreparedFirst && (file.url() == first || first.isParentOf(file.url()));
+bool KVRequestIntake::_isFirst(const KVMediaFile &file) {
+    const auto &first = _request.firstInput;
+    const bool isMet = first && (file.url() == *first || first->isParentOf(file.url()));
+    if (!_first && isMet && _canConvert(file)) _first = file.url();
+    return _first == file.url();
+}
+
+bool KVRequestIntake::_canConvert(const KVMediaFile &file) const {
+    return KVPresetChoice::canConvert(*_request.preset, file.mediaFileType());
 }

@@ -24,11 +24,12 @@ class KVRequestIntake : public KVIntakeObserver {
     void intakeDidRefuse(const KVIntakeRefusal &refusal) override;
 
   private:
-    /// True for the first input; of a folder that is the first file.
-    bool _isFirst(const KVMediaFile &file) const;
+    /// True for the first input; of a folder that is the first file that the preset converts.
+    bool _isFirst(const KVMediaFile &file);
+    bool _canConvert(const KVMediaFile &file) const;
 
     const KVConversionRequest &_request;
     const QueuedHandler _didQueue;
     const RefusedHandler _didRefuse;
-    bool _hasPreparedFirst = false; ///< The loading thread's own.
+    std::optional<QUrl> _first; ///< Once it has been met. The loading thread's own.
 };

@@ -123,8 +123,13 @@ QString KVWindowCommand::objection() const {
 
 KVExitStatus KVWindowCommand::_add(const KVParsedWords &words) {
     QStringList urls;
-    for (const KVCommandArgument &word : words.arguments())
+    for (const KVCommandArgument &word : words.arguments()) {
+        if (!word.isReadable) {
+            sayFailure(QStringLiteral("%1: The name is not UTF-8.").arg(word.text));
+            return KVExitStatus::failure;
+        }
         urls.append(urlOf(word.text).toString(QUrl::FullyEncoded));
+    }
     if (const auto answer = _ask("Add", {urls})) {
         if (*answer) return KVExitStatus::success;
         sayFailure(QStringLiteral("the window took nothing in"));

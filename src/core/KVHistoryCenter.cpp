@@ -6,8 +6,9 @@
 #include "platform/KVFileManager.h"
 #include "util/KVPreferenceKeys.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
-#include <cstdlib>
 
 namespace {
 
@@ -88,7 +89,8 @@ size_t qHash(const KVHistoryItem &item, size_t seed) {
 KVHistoryCenter &KVHistoryCenter::shared() {
     // Never destroyed: a worker that is still alive when the process exits may add a file.
     static KVHistoryCenter &center = *new KVHistoryCenter;
-    static const bool isRegistered = std::atexit([] { center._saveWhatIsUnsaved(); }) == 0;
+    // With the application object: behind it, dates can no longer be written.
+    static const bool isRegistered = (qAddPostRoutine([] { center.saveWhatIsUnsaved(); }), true);
     static_cast<void>(isRegistered);
     return center;
 }
@@ -104,7 +106,7 @@ KVHistoryCenter::KVHistoryCenter()
 }
 
 KVHistoryCenter::~KVHistoryCenter() {
-    _saveWhatIsUnsaved();
+    saveWhatIsUnsaved();
 }
 
 QList<KVHistoryItem> KVHistoryCenter::historyItems() const {
@@ -130,11 +132,11 @@ void KVHistoryCenter::_saveSoon() {
     if (now >= _nextSave) return save();
     const std::chrono::duration<double> rest = _nextSave - now;
     KVMainThread::after(rest.count(), [this, life = std::weak_ptr(_life)] {
-        if (!life.expired()) _saveWhatIsUnsaved();
+        if (!life.expired()) saveWhatIsUnsaved();
     });
 }
 
-void KVHistoryCenter::_saveWhatIsUnsaved() {
+void KVHistoryCenter::saveWhatIsUnsaved() {
     const std::scoped_lock lock(_lock);
     if (_isUnsaved) save();
 }

@@ -41,7 +41,8 @@ struct KVHistoryChange {
 /// observers run there.
 class KVHistoryCenter {
   public:
-    /// Made on first use from what is stored; an exit of the program saves what is not saved yet.
+    /// Made on first use from what is stored. What is not saved yet is saved when the application object
+    /// goes.
     static KVHistoryCenter &shared();
     KVHistoryCenter();
     ~KVHistoryCenter();
@@ -56,6 +57,8 @@ class KVHistoryCenter {
     void clear();
     /// Writes the list. Entries that another process stored since we last looked stay.
     void save();
+    /// For who ends the program in another way than by its `main`.
+    void saveWhatIsUnsaved();
 
     /// Called before (`isPrior`) and after every change.
     void setObserver(std::function<void(const KVHistoryChange &change, bool isPrior)> observer);
@@ -64,7 +67,6 @@ class KVHistoryCenter {
     using Clock = std::chrono::steady_clock;
 
     void _saveSoon();
-    void _saveWhatIsUnsaved();
     QVariantList _listToStore(const QVariantList &stored);
     QList<KVHistoryItem> _itemsOfOthers(const QVariantList &stored) const;
     void _announce(const KVHistoryChange &change, bool isPrior) const;

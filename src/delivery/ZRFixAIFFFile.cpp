@@ -70,7 +70,7 @@ struct Closer {
 using SoundFile = std::unique_ptr<SNDFILE, Closer>;
 
 QString hexadecimal(int format) {
-    return QStringLiteral("0x%1").arg(static_cast<uint>(format), 8, 16, QLatin1Char('0')).toUpper();
+    return "0x" + QString::number(static_cast<uint>(format), 16).toUpper().rightJustified(8, '0');
 }
 
 SoundFile open(const QString &path, int mode, SF_INFO &info) {

@@ -101,13 +101,16 @@ TEST_F(KVConvertCommandTest, TakesFoldersAndNotWhatItWritesThere) {
     EXPECT_EQ(result.status, 0) << result.errors.toStdString();
     EXPECT_EQ(result.array().size(), 2);
     EXPECT_EQ(names("in/sub"), QStringList("c.wav"));
+    QJsonArray made = result.array();
 
     // Outputs go where folders are still to be read.
     result = run({"convert", "--preset", "AAC", "--json", "--recursive", "--to", "in/sub", "in/a.wav", "in"});
     EXPECT_EQ(result.status, 0) << result.errors.toStdString();
     EXPECT_EQ(result.array().size(), 5) << "three sounds and the two of the run before";
-    const QString history = run({"preferences", "get", "ZRHistoryCenterItems"}).output;
     for (const QJsonValue entry : result.array())
+        made.append(entry);
+    const QString history = run({"preferences", "get", "ZRHistoryCenterItems"}).output;
+    for (const QJsonValue entry : made) // of both runs
         EXPECT_TRUE(history.contains(QFileInfo(entry["output"].toString()).fileName()));
     EXPECT_EQ(run({"preferences", "get", "ZRRecursivelyProcessAllFolders"}).status, 1) << "for one run only";
     EXPECT_EQ(run({"preferences", "get", "KVSaveToSourceFolder"}).status, 1);
@@ -168,6 +171,11 @@ TEST_F(KVConvertCommandTest, MakesSoundOfVideosWithTheTrackThatIsChosen) {
     EXPECT_EQ(first.status, 0);
     EXPECT_TRUE(first.errors.contains("more than one audio track")) << first.errors.toStdString();
     EXPECT_EQ(convert({"v.mkv", "--audio-track", "0"}).array()[0]["error"], "The file has no audio track 0.");
+    ASSERT_TRUE(QDir(path()).mkdir("in"));
+    copies("v.mkv", {"in/1.mkv", "in/2.mkv"});
+    const Result ofFolder = convert({"in", "--audio-track", "9", "--no-questions"});
+    EXPECT_EQ(ofFolder.array().size(), 2);
+    EXPECT_EQ(ofFolder.errors.count("has no audio track 9"), 1) << "only the first file is meant";
 }
 
 TEST_F(KVConvertCommandTest, SaysWhyAPresetRefusesAFile) {
