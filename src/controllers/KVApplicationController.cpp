@@ -282,6 +282,10 @@ void KVApplicationController::conversionQueueDidFinishAllConversions(const Queue
     if (!isOn(DontPlaySoundOnDone)) services.playFinishedSound();
     if (isOn(PutComputerToSleepOnDone)) services.putComputerToSleep();
     if (isOn(BounceIconInDockOnDone)) services.requestUserAttention();
-    if (isOn(QuitKalvoraAfterFinishingConversion)) _surroundings.terminate();
+    // Later: the queue's thread, for whose end quitting waits, waits for us here.
+    if (isOn(QuitKalvoraAfterFinishingConversion))
+        KVMainThread::async([this, self = weak_from_this()] {
+            if (const auto alive = self.lock()) _surroundings.terminate();
+        });
     if (!KVConversionQueue::isAnyQueueWorking()) _surroundings.progressBar.slideOut();
 }
