@@ -4,7 +4,10 @@
 #include "video_info/media_file/KVVideoFile.h"
 
 #include <QApplication>
+#include <QDrag>
 #include <QMenu>
+#include <QMimeData>
+#include <QMouseEvent>
 #include <QTest>
 
 class KVQueueTableWidgetTest : public KVWindowTestCase {
@@ -45,6 +48,28 @@ TEST_F(KVQueueTableWidgetTest, ARowDroppedOnAnotherMergesAndBetweenOthersMoves) 
     EXPECT_TRUE(dragRow(rowOf("b.wav"), rowOf("a.wav"), 0.5));
     EXPECT_EQ(titles().mid(1, 2), (QStringList{"a.wav & b.wav", "c.wav"}));
     EXPECT_EQ(rowOf("a.wav & b.wav").data(KVQueueTableModel::thumbnailsRole).toList().size(), 2);
+}
+
+TEST_F(KVQueueTableWidgetTest, TheMouseTakesARowAlongOnceItHasMovedFarEnough) {
+    add(KVMediaFileType::audio, {"a.wav", "b.wav"});
+    QWidget *viewport = table().viewport();
+    // What is dragged after the mouse has gone so far with its button down; the drag itself ends at once
+    // here.
+    const auto dragged = [&](const QModelIndex &row, int distance) -> QByteArray {
+        const QPoint start = table().visualRect(row).center();
+        QTest::mousePress(viewport, Qt::LeftButton, {}, start);
+        QMouseEvent move(QEvent::MouseMove, start - QPoint(0, distance), QCursor::pos(), Qt::NoButton,
+                         Qt::LeftButton, {});
+        QCoreApplication::sendEvent(viewport, &move);
+        const std::unique_ptr<QDrag> drag(table().findChild<QDrag *>());
+        QTest::mouseRelease(viewport, Qt::LeftButton, {}, start);
+        return drag ? drag->mimeData()->data("kZRQueueTableViewDragType") : QByteArray();
+    };
+    const int farEnough = QApplication::startDragDistance();
+    EXPECT_EQ(dragged(rowOf("b.wav"), farEnough - 1), QByteArray());
+    EXPECT_EQ(dragged(rowOf("b.wav"), farEnough), "2");
+    EXPECT_EQ(dragged(rowOf("Audio"), farEnough), QByteArray()); // moves the window
+    EXPECT_EQ(model().draggedRow, -1);
 }
 
 TEST_F(KVQueueTableWidgetTest, EveryActionIsReachedWithTheKeyboard) {

@@ -32,7 +32,6 @@ KVQueueTableWidget::KVQueueTableWidget(QWidget *parent)
     : QAbstractItemView(parent) {
     setSelectionMode(QAbstractItemView::NoSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setDragEnabled(true);
     setAcceptDrops(true);
     setDropIndicatorShown(false); // we draw our own
     setAutoScroll(true);
@@ -268,15 +267,14 @@ void KVQueueTableWidget::mousePressEvent(QMouseEvent *event) {
 
 void KVQueueTableWidget::mouseMoveEvent(QMouseEvent *event) {
     _setHovered(_buttonAt(event->pos()));
-    const bool isGroupHeld =
-        event->buttons() == Qt::LeftButton && _pressed.isValid() && _queueModel->isGroup(_pressed);
+    const bool isHeld = event->buttons() == Qt::LeftButton && _pressed.isValid();
     const bool isFar = (event->pos() - _pressedAt).manhattanLength() >= QApplication::startDragDistance();
-    if (isGroupHeld && isFar && window()->windowHandle()) {
-        _pressed = QModelIndex();
-        window()->windowHandle()->startSystemMove(); // a group row moves the window like its title bar
-        return;
-    }
-    QAbstractItemView::mouseMoveEvent(event);
+    // The view's own dragging is of selected rows, and rows are not selected.
+    if (!isHeld || !isFar) return;
+    if (!_queueModel->isGroup(_pressed)) return startDrag(Qt::MoveAction);
+    _pressed = QModelIndex();
+    // A group row moves the window like its title bar.
+    if (QWindow *handle = window()->windowHandle()) handle->startSystemMove();
 }
 
 void KVQueueTableWidget::mouseReleaseEvent(QMouseEvent *event) {
@@ -361,7 +359,7 @@ void KVQueueTableWidget::startDrag(Qt::DropActions) {
     auto *drag = new QDrag(this); // Qt deletes it when the drag ends
     drag->setMimeData(payload);
     drag->setPixmap(viewport()->grab(visualRect(index)));
-    drag->setHotSpot({20, KVQueueTableViewController::conversionRowHeight / 2});
+    drag->setHotSpot(_pressedAt - visualRect(index).topLeft());
     _queueModel->draggedRow = index.row();
     viewport()->update();
     drag->exec(Qt::MoveAction);
