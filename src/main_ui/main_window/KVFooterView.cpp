@@ -28,7 +28,10 @@ class SlidingArea : public QWidget {
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     }
     QSize sizeHint() const override { return _content()->sizeHint(); }
-    QSize minimumSizeHint() const override { return _content()->minimumSizeHint(); }
+    QSize minimumSizeHint() const override {
+        const QSize minimum = _content()->minimumSizeHint();
+        return _content()->isHidden() ? QSize(0, minimum.height()) : minimum;
+    }
 
   protected:
     void resizeEvent(QResizeEvent *) override { _content()->resize(size()); }
@@ -55,8 +58,10 @@ KVFooterView::KVFooterView(QWidget *parent)
         else
             Q_EMIT startRequested();
     });
-    connect(_sliding, &QPropertyAnimation::finished, this,
-            [this] { _slidingPart->setVisible(_showsProgress); });
+    connect(_sliding, &QPropertyAnimation::finished, this, [this] {
+        _slidingPart->setVisible(_showsProgress);
+        _progressArea->updateGeometry();
+    });
     _progressBar->setRange(0, progressSteps);
     _progressBar->setAccessibleName(KVLocalizationCenter::localized("Progress of all conversions"));
     _status->setMinimumWidth(_status->fontMetrics().averageCharWidth() * 14);
@@ -100,12 +105,14 @@ void KVFooterView::_slide(bool isIn) {
     if (!isVisible() || duration <= 0) {
         _slidingPart->move(0, 0);
         _slidingPart->setVisible(isIn);
+        _progressArea->updateGeometry();
         return;
     }
     _sliding->setStartValue(isIn ? below : QPoint());
     _sliding->setEndValue(isIn ? QPoint() : below);
     _sliding->setDuration(duration);
     _slidingPart->show();
+    _progressArea->updateGeometry();
     _sliding->start();
 }
 
