@@ -7,7 +7,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QIcon>
 
 #include <chrono>
 #include <csignal>
@@ -51,7 +50,6 @@ int main(int argc, char **argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Kalvora"));
     QApplication::setDesktopFileName(KVWindowBusName::service);
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/kalvora.svg")));
     QApplication::setQuitOnLastWindowClosed(false);
     KVLocalizationCenter::loadSystemLanguage();
 

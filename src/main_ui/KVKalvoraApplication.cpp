@@ -15,6 +15,7 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QIcon>
 #include <QFileInfo>
 
 // The icons stand in a static library, from which the linker takes only what is asked for by name.
@@ -74,6 +75,8 @@ void KVKalvoraApplication::launch(const QList<QUrl> &urls) {
 }
 
 void KVKalvoraApplication::_start() {
+    // Drawn in seven sizes at once.
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/kalvora.svg")));
     _controller->applicationDidFinishLaunching();
     // The first picture need not wait for its library.
     KVBackgroundQueue::shared().async([](const std::stop_token &) { KVPictureLibrary::prepare(); });
