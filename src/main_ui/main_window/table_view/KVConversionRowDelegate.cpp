@@ -45,6 +45,17 @@ QString stockIcon(KVMediaFileType type) {
     }
 }
 
+/// Drawn once for each size.
+QPixmap stockPixmap(KVMediaFileType type, int side, qreal ratio) {
+    const QString key =
+        QStringLiteral("kalvora-stock-%1-%2-%3").arg(static_cast<int>(type)).arg(side).arg(ratio);
+    QPixmap pixmap;
+    if (QPixmapCache::find(key, &pixmap)) return pixmap;
+    pixmap = QIcon(stockIcon(type)).pixmap(QSize(side, side), ratio);
+    QPixmapCache::insert(key, pixmap);
+    return pixmap;
+}
+
 /// The picture cut to a rounded square; decoding and scaling are done once for each picture and size.
 QPixmap thumbnailPixmap(const QByteArray &data, int side, qreal ratio) {
     const QString key = QStringLiteral("kalvora-thumbnail-%1-%2-%3-%4")
@@ -77,6 +88,8 @@ void paintThumbnails(QPainter &painter, const QRect &place, const QModelIndex &i
     const QVariantList pictures = index.data(Role::thumbnailsRole).toList();
     const int behind = int(pictures.size()) - 1;
     const int side = thumbnailSide - stackOffset * behind;
+    const qreal ratio = painter.device()->devicePixelRatioF();
+    const auto type = KVMediaFileType(index.data(Role::mediaTypeRole).toInt());
     for (int number = behind; number >= 0; --number) {
         const QRect rect(place.left() + stackOffset * number, place.top() + stackOffset * (behind - number),
                          side, side);
@@ -86,10 +99,8 @@ void paintThumbnails(QPainter &painter, const QRect &place, const QModelIndex &i
             painter.drawRoundedRect(QRectF(rect).adjusted(-1.5, -1.5, 1.5, 1.5), 6, 6);
         }
         const QByteArray data = pictures.at(number).toByteArray();
-        if (data.isEmpty())
-            QIcon(stockIcon(KVMediaFileType(index.data(Role::mediaTypeRole).toInt()))).paint(&painter, rect);
-        else
-            painter.drawPixmap(rect, thumbnailPixmap(data, side, painter.device()->devicePixelRatioF()));
+        painter.drawPixmap(rect, data.isEmpty() ? stockPixmap(type, side, ratio)
+                                                : thumbnailPixmap(data, side, ratio));
     }
 }
 
