@@ -15,8 +15,8 @@
 
 #include <QApplication>
 #include <QDesktopServices>
-#include <QIcon>
 #include <QFileInfo>
+#include <QIcon>
 
 // The icons stand in a static library, from which the linker takes only what is asked for by name.
 static void loadIcons() {
