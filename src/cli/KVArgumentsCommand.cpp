@@ -1,6 +1,7 @@
 #include "cli/KVArgumentsCommand.h"
 
 #include "cli/KVConversionRequest.h"
+#include "cli/KVLostSubtitles.h"
 #include "cli/KVOwnFiles.h"
 #include "cli/KVRequestIntake.h"
 #include "controllers/KVKalvoraAppDelegate.h"
@@ -66,9 +67,11 @@ KVExitStatus KVArgumentsCommand::run(const KVParsedWords &words) {
         return _printError(QStringLiteral("The destination folder %1 is missing or cannot be written to.")
                                .arg(folder.toLocalFile()),
                            isJSON);
+    const KVLostSubtitles lostSubtitles(_console, request->subtitles);
     const QStringList arguments = request->preset->argumentsForFiles(*files, *output);
     if (arguments.isEmpty()) return _printError(noTask, isJSON);
-    return _print(*output, arguments, isJSON);
+    const KVExitStatus status = _print(*output, arguments, isJSON);
+    return lostSubtitles.haveChosen() ? KVExitStatus::failure : status;
 }
 
 tl::expected<KVMediaFileList, QString>

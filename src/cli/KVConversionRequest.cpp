@@ -43,7 +43,7 @@ std::optional<QString> objectionTo(const QUrl &subtitles, const QString &encodin
         return QStringLiteral("The subtitles file %1 is not in the encoding %2; --subtitles-encoding names "
                               "another one.")
             .arg(file.fileName(), encoding);
-    if (QString(*text).remove(QChar::ByteOrderMark).trimmed().isEmpty())
+    if (KVSubtitlesFile::isBlank(*text))
         return QStringLiteral("The subtitles file %1 is empty.").arg(file.fileName());
     return std::nullopt;
 }

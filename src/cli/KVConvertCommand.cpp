@@ -2,6 +2,7 @@
 
 #include "cli/KVConversionRequest.h"
 #include "cli/KVConvertRun.h"
+#include "cli/KVLostSubtitles.h"
 #include "cli/KVOwnFiles.h"
 #include "core/KVHistoryCenter.h"
 #include "platform/KVSignalWatcher.h"
@@ -41,6 +42,7 @@ KVExitStatus KVConvertCommand::run(const KVParsedWords &words) {
 }
 
 KVExitStatus KVConvertCommand::_convert(const KVConversionRequest &request, const KVParsedWords &words) {
+    const KVLostSubtitles lostSubtitles(_console, request.subtitles);
     std::shared_ptr<KVConvertRun> run;
     const KVSignalWatcher signals([&] { run->cancel(); }, [&] { run->removePartialOutputs(); });
     run = std::make_shared<KVConvertRun>(_console, request, words.isSet("stitch"));
@@ -68,6 +70,6 @@ KVExitStatus KVConvertCommand::_convert(const KVConversionRequest &request, cons
         signals.endSuddenly();
     }
     if (const auto signal = signals.signal()) return static_cast<KVExitStatus>(128 + *signal);
-    const bool isEverythingDone = hasDestination && run->isEverythingDone();
+    const bool isEverythingDone = hasDestination && run->isEverythingDone() && !lostSubtitles.haveChosen();
     return isEverythingDone ? KVExitStatus::success : KVExitStatus::failure;
 }

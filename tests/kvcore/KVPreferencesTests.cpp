@@ -1,15 +1,15 @@
 #include "kvcore/KVPreferences.h"
 #include "kvcore/KVPreferencesCoding.h"
+#include "support/KVSmallFilesOnly.h"
 #include "support/KVTestCase.h"
 
 #include <QDateTime>
 #include <QFileInfo>
 
-#include <csignal>
 #include <limits>
+#include <optional>
 #include <thread>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 using Key = KVPreferences::Key;
@@ -227,13 +227,9 @@ TEST_F(KVPreferencesTest, LeavesTheOldFileWhenTheDiskIsFull) {
     store.setInteger(1, _a);
     const QByteArray before = read(file());
 
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit unlimited = {};
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &unlimited), 0);
-    const rlimit small = {1000, unlimited.rlim_max};
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    std::optional<KVSmallFilesOnly> fullDisk(1000);
     EXPECT_FALSE(store.perform([&] { store.setValue(QString(5000, 'x'), _b); }));
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &unlimited), 0);
+    fullDisk.reset();
 
     EXPECT_EQ(read(file()), before);
     EXPECT_EQ(files(), (QStringList{"preferences.json", "preferences.json.lock"}));

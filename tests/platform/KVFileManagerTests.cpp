@@ -1,12 +1,11 @@
 #include "platform/KVFileManager.h"
 #include "platform/KVResources.h"
+#include "support/KVSmallFilesOnly.h"
 #include "support/KVTestCase.h"
 
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
-
-#include <sys/resource.h>
+#include <optional>
 
 using KVFileManagerTest = KVTestCase;
 
@@ -77,13 +76,9 @@ TEST_F(KVFileManagerTest, CopiesWithoutOverwritingOrLeavingHalfAFile) {
     EXPECT_EQ(KVFileManager::copyItem(url("missing"), url("x")).error().code, ENOENT);
 
     write("big", QByteArray(100'000, 'x'));
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit unlimited = {};
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &unlimited), 0);
-    const rlimit small = {1000, unlimited.rlim_max};
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    std::optional<KVSmallFilesOnly> fullDisk(1000);
     const auto copied = KVFileManager::copyItem(url("big"), url("half"));
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &unlimited), 0);
+    fullDisk.reset();
     EXPECT_FALSE(copied);
     EXPECT_FALSE(KVFileManager::isReachable(url("half")));
 }

@@ -3,16 +3,14 @@
 #include "kvcore/KVLog.h"
 #include "presets/KVPresetClasses.h"
 #include "presets/picture/KVPictureTestCase.h"
+#include "support/KVSmallFilesOnly.h"
 #include "util/KVPictureLibrary.h"
 
 #include <QFileInfo>
 #include <QtEndian>
 
-#include <csignal>
 #include <set>
 #include <thread>
-
-#include <sys/resource.h>
 
 using namespace KVTestPictures;
 using vips::VImage;
@@ -29,21 +27,6 @@ class KVNSImageBasedPresetTest : public KVPictureTestCase {
                 made.push_back(std::static_pointer_cast<KVPicturePreset>(row.make()));
         return made;
     }
-};
-
-/// Files of this process cannot grow beyond a few bytes: what a full disk is like.
-class SmallFilesOnly {
-  public:
-    SmallFilesOnly() {
-        std::signal(SIGXFSZ, SIG_IGN);
-        ::getrlimit(RLIMIT_FSIZE, &_before);
-        const rlimit small{100, _before.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &small);
-    }
-    ~SmallFilesOnly() { ::setrlimit(RLIMIT_FSIZE, &_before); }
-
-  private:
-    rlimit _before{};
 };
 
 VImage noise() {
@@ -258,7 +241,7 @@ TEST_F(KVNSImageBasedPresetTest, AWriteThatFailsLeavesNothing) {
     for (const auto &preset : presets()) {
         QString reason;
         {
-            const SmallFilesOnly limit;
+            const KVSmallFilesOnly limit;
             reason = failure(*preset, source);
         }
         EXPECT_TRUE(reason.endsWith("File too large")) << reason.toStdString();

@@ -2,6 +2,7 @@
 
 #include "kvcore/KVLog.h"
 #include "presets/video/base/KVVideoPreset.h"
+#include "support/KVSmallFilesOnly.h"
 #include "support/KVTestCase.h"
 #include "support/KVTestPresets.h"
 #include "support/KVTestSources.h"
@@ -19,10 +20,10 @@ class KVSubtitlesFileTest : public KVTestCase {
   protected:
     void SetUp() override { KVHardwareAcceleration::setResult(false); }
 
-    std::shared_ptr<KVVideoFile> videoWithSubtitles(const QByteArray &content,
+    std::shared_ptr<KVVideoFile> videoWithSubtitles(const QString &name, const QByteArray &content,
                                                     const QString &encoding) const {
         const auto file = video({.bitrate = 100});
-        file->subtitlesFileURL = QUrl::fromLocalFile(write("titles.srt", content));
+        file->subtitlesFileURL = QUrl::fromLocalFile(write(name, content));
         file->subtitlesFileEncoding = encoding;
         return file;
     }
@@ -58,7 +59,7 @@ TEST_F(KVSubtitlesFileTest, DecodesStrictly) {
 }
 
 TEST_F(KVSubtitlesFileTest, ExternalSubtitlesBecomeAnInputInUTF8) {
-    const auto source = videoWithSubtitles(greeting + privet1251, "windows-1251");
+    const auto source = videoWithSubtitles("titles.srt", greeting + privet1251, "windows-1251");
     const auto preset = make("KVMP4Preset");
     const QStringList got = argumentsOf(*preset, {source});
     const QString converted = got.value(6);
@@ -83,8 +84,8 @@ TEST_F(KVSubtitlesFileTest, SubtitlesAreBurntInWhereAskedForOrWhereNoneCanBeMuxe
     for (const Row &row :
          {Row{"KVMP4Preset", {{"KVBurnSubtitles", true}}}, Row{"KVWMVPreset", {}},
           Row{"KVMKVPreset", {{"KVBurnSubtitles", true}, {"KVDeinterlaceVideoTrack", true}}}}) {
-        const QStringList got =
-            argumentsOf(*make(row.presetClass, row.settings), {videoWithSubtitles(greeting, "UTF-8")});
+        const QStringList got = argumentsOf(*make(row.presetClass, row.settings),
+                                            {videoWithSubtitles("titles.srt", greeting, "UTF-8")});
         const auto filter = got.lastIndexOf("-vf");
         static const QRegularExpression form("^subtitles='(/.*/[0-9A-F-]{36}\\.srt)'$");
         const auto match = form.match(got.value(filter + 1));
@@ -95,18 +96,40 @@ TEST_F(KVSubtitlesFileTest, SubtitlesAreBurntInWhereAskedForOrWhereNoneCanBeMuxe
     }
 }
 
-TEST_F(KVSubtitlesFileTest, UnreadableSubtitlesLeaveTheVideoWithoutAny) {
-    QStringList log;
-    KVSetLogSink([&](const QString &line) { log << line; });
-    const auto undecodable = videoWithSubtitles(privet1251, "UTF-8");
+TEST_F(KVSubtitlesFileTest, SubtitlesThatAreOfNoUseLeaveTheVideoWithoutAny) {
     const auto missing = video({.bitrate = 100});
     missing->subtitlesFileURL = url("nowhere.srt");
-    for (const auto &source : {undecodable, missing}) {
-        const QStringList got = argumentsOf(*make("KVMP4Preset"), {source});
+    struct Row {
+        const char *reason;
+        std::shared_ptr<KVVideoFile> source;
+        bool isDiskFull = false;
+    };
+    const Row rows[]{
+        {"No such file", missing},
+        {"is not in the encoding UTF-8", videoWithSubtitles("undecodable.srt", privet1251, "UTF-8")},
+        {"is empty", videoWithSubtitles("empty.srt", "", "UTF-8")},
+        {"is empty", videoWithSubtitles("blank.srt", "\xef\xbb\xbf \r\n\n", "UTF-8")},
+        {"which may be full", videoWithSubtitles("short.srt", greeting.repeated(10), "UTF-8"), true},
+        {"which may be full", videoWithSubtitles("long.srt", greeting.repeated(10'000), "UTF-8"), true},
+    };
+    QStringList log, told;
+    KVSetLogSink([&](const QString &line) { log << line; });
+    KVSubtitlesFile::setFailureObserver(
+        [&](const QUrl &url, const QString &reason) { told << url.fileName() + ": " + reason; });
+    const auto filesBefore = QDir(KVTempDirectoryPath()).entryList(QDir::Files);
+    for (const Row &row : rows) {
+        std::optional<KVSmallFilesOnly> fullDisk;
+        if (row.isDiskFull) fullDisk.emplace();
+        const QStringList got = argumentsOf(*make("KVMP4Preset"), {row.source});
         const auto codec = got.indexOf("-b:a:0");
-        expectArguments("none", got.mid(codec, 5), list("-b:a:0 128k -sn -f mp4"));
+        expectArguments(row.reason, got.mid(codec, 5), list("-b:a:0 128k -sn -f mp4"));
         EXPECT_EQ(got.count("-i"), 1);
+        const QString name = row.source->subtitlesFileURL->fileName();
+        EXPECT_TRUE(told.last().startsWith(name) && told.last().contains(row.reason))
+            << told.last().toStdString();
     }
     KVSetLogSink({});
-    EXPECT_EQ(log.filter("Failed to read subtitles file at URL file:///").size(), 2);
+    KVSubtitlesFile::setFailureObserver({});
+    EXPECT_EQ(log.filter("Failed to read subtitles file at URL file:///").size(), std::size(rows));
+    EXPECT_EQ(QDir(KVTempDirectoryPath()).entryList(QDir::Files), filesBefore) << "half a file";
 }

@@ -13,6 +13,7 @@
 #include <unicode/ucnv_err.h>
 
 #include <memory>
+#include <mutex>
 
 namespace {
 
@@ -29,8 +30,20 @@ Converter strictConverter(const QString &encoding) {
     return U_SUCCESS(status) ? std::move(converter) : Converter(nullptr, &ucnv_close);
 }
 
+struct Observer {
+    std::mutex mutex;
+    KVSubtitlesFile::FailureObserver tell;
+};
+
+Observer &observer() {
+    static Observer observer;
+    return observer;
+}
+
 std::optional<QString> failure(const QUrl &url, const QString &reason) {
     KVLog("Failed to read subtitles file at URL " + url.toString() + ": " + reason);
+    const std::scoped_lock lock(observer().mutex);
+    if (observer().tell) observer().tell(url, reason);
     return std::nullopt;
 }
 
@@ -50,6 +63,15 @@ std::optional<QString> KVSubtitlesFile::decoded(const QByteArray &bytes, const Q
     return text;
 }
 
+bool KVSubtitlesFile::isBlank(QString text) {
+    return text.remove(QChar::ByteOrderMark).trimmed().isEmpty();
+}
+
+void KVSubtitlesFile::setFailureObserver(FailureObserver tell) {
+    const std::scoped_lock lock(observer().mutex);
+    observer().tell = std::move(tell);
+}
+
 std::optional<QString> KVSubtitlesFile::convertedToUTF8(const QUrl &url, const QString &encoding) {
     QFile source(url.toLocalFile());
     if (!source.open(QIODevice::ReadOnly)) return failure(url, source.errorString());
@@ -57,12 +79,16 @@ std::optional<QString> KVSubtitlesFile::convertedToUTF8(const QUrl &url, const Q
     if (source.error() != QFile::NoError) return failure(url, source.errorString());
     const auto text = decoded(bytes, encoding);
     if (!text) return failure(url, "it is not in the encoding " + encoding);
+    if (isBlank(*text)) return failure(url, "it is empty"); // the tool would fail on such a file
 
     const QString extension = QFileInfo(source.fileName()).suffix();
     const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
-    QSaveFile target(
-        QDir(KVTempDirectoryPath()).filePath(extension.isEmpty() ? name : name + "." + extension));
-    if (!target.open(QIODevice::WriteOnly) || target.write(text->toUtf8()) < 0 || !target.commit())
-        return failure(url, target.errorString());
+    const QString folder = KVTempDirectoryPath();
+    QSaveFile target(QDir(folder).filePath(extension.isEmpty() ? name : name + "." + extension));
+    const QByteArray content = text->toUtf8();
+    // What is short stays in a buffer, and committing would pass over that it finds no room.
+    if (!target.open(QIODevice::WriteOnly) || target.write(content) != content.size() || !target.flush() ||
+        !target.commit())
+        return failure(url, "it cannot be written into " + folder + ", which may be full");
     return target.fileName();
 }

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QUrl>
 
+#include <functional>
 #include <optional>
 
 /// External subtitles on their way to the tool, which is given UTF-8 only.
@@ -11,10 +12,18 @@ namespace KVSubtitlesFile {
 
 /// Writes the text of `url`, which is in `encoding` ("UTF-8", "windows-1251"), as UTF-8 into a new file of
 /// the temporary folder with the same extension, and answers its path. Nothing, and a log line, where the
-/// file cannot be read, is not in that encoding or cannot be written. Any thread.
+/// file cannot be read, is blank, is not in that encoding or cannot be written whole. Any thread.
 std::optional<QString> convertedToUTF8(const QUrl &url, const QString &encoding);
 
 /// `bytes` as text; nothing where a byte means nothing in `encoding`, or where the encoding is unknown.
 std::optional<QString> decoded(const QByteArray &bytes, const QString &encoding);
+
+/// True if there is nothing to read in it.
+bool isBlank(QString text);
+
+using FailureObserver = std::function<void(const QUrl &url, const QString &reason)>;
+/// Told of every file that could not be converted, one at a time, on the thread where it happens: the video
+/// is converted without those subtitles. For a front end that has no log.
+void setFailureObserver(FailureObserver tell);
 
 } // namespace KVSubtitlesFile
