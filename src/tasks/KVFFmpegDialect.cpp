@@ -121,6 +121,24 @@ QString containerForTool(const QString &container, const QStringList &arguments)
     return isIPodWithMP3 || isPSPOfOtherThanTwoTracks ? QStringLiteral("mp4") : container;
 }
 
+/// Our name of a file in the filter that burns subtitles in, "subtitles='/a.srt'", is meant as it stands; the
+/// tool takes such a text apart twice, as a filter and as the filter's options.
+QString filterForTool(const QString &filter) {
+    static const QString begin = QStringLiteral("subtitles='");
+    if (!filter.startsWith(begin) || !filter.endsWith(u'\'')) return filter;
+    const auto escaped = [](const QString &text, QLatin1String special) {
+        QString result;
+        for (const QChar character : text) {
+            if (special.contains(character)) result += u'\\';
+            result += character;
+        }
+        return result;
+    };
+    const QString path = filter.sliced(begin.size()).chopped(1);
+    const QString option = escaped(path, QLatin1String("\\':"));
+    return "subtitles=" + escaped(option, QLatin1String("\\'[],;"));
+}
+
 /// What stands behind `option` and is not part of our list.
 QStringList additionsTo(const QString &option, const QString &encoder,
                         const KVFFmpegCapabilities &capabilities) {
@@ -155,7 +173,9 @@ QStringList KVFFmpegDialect::argumentsForTool(const QStringList &arguments,
         }
         if (isAmong(optionsWithPlainValue, option) && isOption(arguments.at(i + 1))) continue;
         const QString &given = arguments.at(++i);
-        const QString value = option == "-f" ? containerForTool(given, arguments) : given;
+        QString value = given;
+        if (option == "-f") value = containerForTool(given, arguments);
+        if (option == "-vf") value = filterForTool(given);
         if (isUnset(option, value, encoder)) continue;
         if (i - 1 == firstInput) said += inputOptions(encoder, capabilities);
         if (isKnown)

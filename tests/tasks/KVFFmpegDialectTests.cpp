@@ -103,6 +103,16 @@ TEST_F(KVFFmpegDialectTest, NamesOfFilesAreNeverChanged) {
     EXPECT_EQ(KVFFmpegDialect::argumentsForTool(list, knowing("i", "flags")), list);
 }
 
+TEST_F(KVFFmpegDialectTest, SubtitlesAreBurntInFromWhateverFolder) {
+    const auto filter = [](const QString &ours) {
+        return KVFFmpegDialect::argumentsForTool({"-vf", ours}, {}).value(1);
+    };
+    EXPECT_EQ(filter("subtitles='/a b/c.srt'"), "subtitles=/a b/c.srt");
+    EXPECT_EQ(filter("subtitles='/it's: a,[b];\\c.srt'"),
+              "subtitles=/it\\\\\\'s\\\\: a\\,\\[b\\]\\;\\\\\\\\c.srt");
+    EXPECT_EQ(filter("crop=1:2:'3':4"), "crop=1:2:'3':4");
+}
+
 TEST_F(KVFFmpegDialectTest, ProbeTextOfAnyVersionReadsAlike) {
     struct Row {
         const char *what, *theirs, *ours;
