@@ -5,6 +5,10 @@
 #include "kvcore/KVRegex.h"
 #include "platform/KVFileManager.h"
 #include "util/KVPreferenceKeys.h"
+#include "util/KVTempDirectory.h"
+#include "video_info/media_file/KVVideoFile.h"
+
+#include <QFileInfo>
 
 namespace {
 
@@ -16,8 +20,30 @@ const KVRegex &emptyPhrase() {
         ".*stream.*|"
         "\\[q\\] command.*|Press \\[q\\].*|Qavg: .*|\\d+ frames left in the queue on closing|"
         "Error reinitializing filters!|Failed to inject frame .*|Failed to configure input pad .*|"
-        "Error marking filters as finished|\\[[^\\]]* @ 0x[0-9a-f]+\\])$"));
+        "Error marking filters as finished|Error initializing filter 'subtitles'.*|with args '.*|"
+        "\\[[^\\]]* @ 0x[0-9a-f]+\\])$"));
     return expression;
+}
+
+/// Behind the cause the tool for images tells what failed in turn, and guesses at the cause.
+QString withoutGuesses(const QString &output) {
+    static const KVRegex follower(QStringLiteral(
+        "[^\\n]*(Can't open VMG info for|Unable to parse DVD-Video|Unable to make a DVD-Video)"));
+    const auto match = follower.firstMatch(output);
+    return match.hasMatch() ? output.left(match.capturedStart()) : output;
+}
+
+/// The tool is given a copy of the subtitles; a person knows the file that it was made of.
+QString withOwnSubtitles(QString text, const KVConversionError &error) {
+    const auto video = std::dynamic_pointer_cast<KVVideoFile>(error.mediaFiles.value(0));
+    if (!video || !video->subtitlesFileURL) return text;
+    static const QString burning = QStringLiteral("subtitles='");
+    for (QString copy : error.taskArguments) {
+        if (copy.startsWith(burning)) copy = copy.sliced(burning.size()).chopped(1);
+        if (QFileInfo(copy).path() == KVTempDirectoryPath())
+            text.replace(copy, video->subtitlesFileURL->toLocalFile());
+    }
+    return text;
 }
 
 /// The last line that tells something, without the name of the part of the tool that says it.
@@ -50,7 +76,7 @@ QString KVFailureText(const KVConversionError &error) {
         return textWithoutTask(error);
     if (error.taskOutput.contains(QLatin1String("No space left on device")))
         return QStringLiteral("There is no more space left on the disk.");
-    const QString line = lastTellingLine(error.taskOutput);
+    const QString line = lastTellingLine(withOwnSubtitles(withoutGuesses(error.taskOutput), error));
     // A shell's way to tell of a signal.
     constexpr int signalOffset = 128;
     constexpr int greatestSignal = 64;

@@ -18,6 +18,7 @@
 #include "video_info/media_file/KVVideoFile.h"
 
 #include <QFile>
+#include <QStorageInfo>
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
@@ -26,6 +27,15 @@
 namespace {
 
 const char *const unnamedDisc = "Kalvora DVD";
+
+/// The tool that makes the disc says that it could not write, and takes the wrong cause for it.
+QString causeOfFailedWrite(const QString &toolOutput) {
+    if (!toolOutput.contains("-- writing data")) return {};
+    constexpr qint64 smallRoom = 1 << 20; // less than the tool writes at once
+    const QString folder = KVTempDirectoryPath();
+    if (QStorageInfo(folder).bytesAvailable() < smallRoom) return folder + ": No space left on device\n";
+    return "The disc cannot be written into the temporary folder " + folder + ".\n";
+}
 
 bool isASCIILetterOrDigit(QChar character) {
     return character.unicode() < 128 && character.isLetterOrNumber();
@@ -245,7 +255,7 @@ void KVVideoConversion::_setDiscTool(const std::shared_ptr<KVDiscTool> &tool) {
 
 void KVVideoConversion::_recordToolError(KVDiscTool &tool, int status) const {
     if (tool.wasKilled()) return; // the program is quitting
-    _recordError(tool.process().arguments(), tool.output(), status);
+    _recordError(tool.process().arguments(), tool.output() + causeOfFailedWrite(tool.output()), status);
 }
 
 QString KVVideoConversion::dvdName() const {
