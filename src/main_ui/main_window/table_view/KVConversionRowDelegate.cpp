@@ -21,6 +21,7 @@ constexpr int stackOffset = 4; // of a thumbnail behind another
 constexpr int progressHeight = 5;
 constexpr int lineGap = 2; // between title and status
 constexpr int stateSymbolSide = 18;
+constexpr int widestDragImage = 320;
 
 using Role = KVQueueTableModel::Role;
 
@@ -226,6 +227,23 @@ QRect KVConversionRowDelegate::buttonRect(const QModelIndex &index, const QRect 
     if (!index.isValid()) return {};
     if (index.data(Role::isGroupRole).toBool()) return presetRect(row);
     return stateOf(index) == KVConversionState::finished ? QRect() : stopRect(row);
+}
+
+QPixmap KVConversionRowDelegate::dragImage(QStyleOptionViewItem option, const QModelIndex &index) {
+    const qreal ratio = option.widget->devicePixelRatioF();
+    option.rect = QRect(0, 0, std::min(widestDragImage, option.widget->width()),
+                        KVQueueTableViewController::conversionRowHeight);
+    QPixmap image(option.rect.size() * ratio);
+    image.setDevicePixelRatio(ratio);
+    image.fill(option.palette.color(QPalette::Base));
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintConversion(painter, option, index);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(option.palette.color(QPalette::Mid));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+    return image;
 }
 
 void KVConversionRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,

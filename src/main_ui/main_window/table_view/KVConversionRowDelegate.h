@@ -18,6 +18,9 @@ class KVConversionRowDelegate : public QStyledItemDelegate {
     /// The button of any row: preset or stop; empty where it has none.
     static QRect buttonRect(const QModelIndex &index, const QRect &row);
 
+    /// A conversion row, small enough to hang on the mouse.
+    static QPixmap dragImage(QStyleOptionViewItem option, const QModelIndex &index);
+
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;

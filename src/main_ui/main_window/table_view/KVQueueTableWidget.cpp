@@ -358,8 +358,10 @@ void KVQueueTableWidget::startDrag(Qt::DropActions) {
     payload->setData(conversionTableRowViewPboardType, index.data(Qt::ToolTipRole).toString().toUtf8());
     auto *drag = new QDrag(this); // Qt deletes it when the drag ends
     drag->setMimeData(payload);
-    drag->setPixmap(viewport()->grab(visualRect(index)));
-    drag->setHotSpot(_pressedAt - visualRect(index).topLeft());
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    drag->setPixmap(KVConversionRowDelegate::dragImage(option, index));
+    drag->setHotSpot({-12, -12}); // beside the mouse: the place where the row would go stays in sight
     _queueModel->draggedRow = index.row();
     viewport()->update();
     drag->exec(Qt::MoveAction);
