@@ -8,6 +8,7 @@
 #include "util/picture/KVPhotoshopFile.h"
 #include "util/picture/KVPictureAttempt.h"
 #include "util/picture/KVTIFFFile.h"
+#include "util/picture/KVTIFFMetadata.h"
 #include "util/picture/KVVipsLibrary.h"
 
 #include <QFile>
@@ -76,13 +77,14 @@ KVPictureSource::KVPictureSource(const QString &path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error(file.errorString().toStdString());
     const QByteArray start = file.peek(4);
+    const bool isTIFF = start.startsWith("II") || start.startsWith("MM");
     if (start == "icns")
         _image = KVIconFile::largestImage(contentOf(path));
     else if (start.startsWith("BM"))
         _image = KVBitmapFile::canRead(path) ? KVBitmapFile::image(path) : imageOfOtherKind(contentOf(path));
     else if (start == "8BPS")
         _image = imageOfDocument(contentOf(path));
-    else if ((start.startsWith("II") || start.startsWith("MM")) && KVTIFFFile::holdsLumaAndChroma(path))
+    else if (isTIFF && KVTIFFFile::holdsLumaAndChroma(path))
         _image = KVTIFFFile::image(path);
     else {
         const VSource source = sourceOf(path);
@@ -90,6 +92,7 @@ KVPictureSource::KVPictureSource(const QString &path)
         _isJPEG = loader == jpegLoader;
         _image = load(loader, source, readingOptions());
     }
+    if (isTIFF) _image = KVTIFFMetadata::withMetadataOf(path, _image);
 }
 
 KVResult<KVPictureSource> KVPictureSource::open(const QString &path) {

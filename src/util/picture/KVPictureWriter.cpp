@@ -2,6 +2,7 @@
 
 #include "util/KVHiddenOutput.h"
 #include "util/picture/KVBitmapWriter.h"
+#include "util/picture/KVTIFFMetadata.h"
 
 #include <array>
 #include <cmath>
@@ -53,6 +54,7 @@ void KVPictureWriter::write(const VImage &picture, KVImageFileType type, const Q
     case KVImageFileType::tiff: {
         const bool isLarge = VIPS_IMAGE_SIZEOF_IMAGE(picture.get_image()) > maximumClassicTIFF;
         picture.tiffsave_target(target, VImage::option()->set("bigtiff", isLarge));
+        KVTIFFMetadata::append(picture, output);
         break;
     }
     case KVImageFileType::bmp:

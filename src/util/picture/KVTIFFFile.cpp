@@ -1,6 +1,6 @@
 #include "util/picture/KVTIFFFile.h"
 
-#include <QFile>
+#include "util/picture/KVTIFFHandle.h"
 
 #include <algorithm>
 #include <memory>
@@ -8,25 +8,9 @@
 #include <stdexcept>
 #include <vector>
 
-#include <fcntl.h>
-#include <tiffio.h>
-#include <unistd.h>
-
 using vips::VImage;
 
 namespace {
-
-using Handle = std::unique_ptr<TIFF, decltype(&TIFFClose)>;
-
-/// Nothing where the file is no TIFF. It is not mapped: one that shrinks meanwhile would end the program.
-Handle opened(const QString &path) {
-    const QByteArray name = QFile::encodeName(path);
-    const int file = ::open(name.constData(), O_RDONLY | O_CLOEXEC);
-    if (file < 0) return {nullptr, TIFFClose};
-    Handle handle(TIFFFdOpen(file, name.constData(), "rm"), TIFFClose);
-    if (!handle) ::close(file);
-    return handle;
-}
 
 template <class Number>
 Number tag(TIFF *file, uint32_t name) {
@@ -39,7 +23,7 @@ Number tag(TIFF *file, uint32_t name) {
 class Strips {
   public:
     explicit Strips(const QString &path)
-        : _file(opened(path)) {
+        : _file(KVTIFFHandles::toRead(path)) {
         const std::scoped_lock lock(_mutex); // the library's threads see a finished object
         char reason[1024] = "The file cannot be read.";
         if (!_file || !TIFFRGBAImageBegin(&_decoder, _file.get(), 1, reason))
@@ -94,7 +78,7 @@ class Strips {
     }
 
     std::mutex _mutex;
-    Handle _file;
+    KVTIFFHandle _file;
     TIFFRGBAImage _decoder{};
     uint32_t _rowsOfStrip = 1;
     uint32_t _firstRow = 0;
@@ -128,7 +112,7 @@ double resolution(TIFF *file, uint32_t name) {
 } // namespace
 
 bool KVTIFFFile::holdsLumaAndChroma(const QString &path) {
-    const Handle file = opened(path);
+    const KVTIFFHandle file = KVTIFFHandles::toRead(path);
     if (!file || tag<uint16_t>(file.get(), TIFFTAG_PHOTOMETRIC) != PHOTOMETRIC_YCBCR) return false;
     const auto compression = tag<uint16_t>(file.get(), TIFFTAG_COMPRESSION);
     return compression != COMPRESSION_JPEG && compression != COMPRESSION_OJPEG;

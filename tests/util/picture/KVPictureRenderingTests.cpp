@@ -59,12 +59,33 @@ TEST_F(KVPictureRenderingTest, KeepsTheColourProfileOrConvertsByIt) {
 }
 
 TEST_F(KVPictureRenderingTest, KeepsWhatTheCameraWrote) {
+    const std::map<const char *, const char *> written{
+        {"exif-ifd0-Model", "Lens, 1 (Lens, 1, ASCII, 8 components, 8 bytes)"},
+        {"exif-ifd2-DateTimeOriginal",
+         "2020:01:02 03:04:05 (2020:01:02 03:04:05, ASCII, 20 components, 20 bytes)"},
+        {"exif-ifd2-SubSecTimeOriginal", "42 (42, ASCII, 3 components, 3 bytes)"},
+        {"exif-ifd2-ExposureTime", "1/200 (1/200 sec., Rational, 1 components, 8 bytes)"},
+        {"exif-ifd2-ISOSpeedRatings", "400 (400, Short, 1 components, 2 bytes)"},
+        {"exif-ifd2-Flash", "16 (Flash did not fire, compulsory flash mode, Short, 1 components, 2 bytes)"},
+        {"exif-ifd3-GPSLatitude", "50/1 30/1 1/4 (50, 30, 0.2, Rational, 3 components, 24 bytes)"},
+        {"exif-ifd3-GPSLatitudeRef", "N (N, ASCII, 2 components, 2 bytes)"}};
     VImage picture = fields();
-    picture.set("exif-ifd0-Model", "Lens 1 (Lens 1, ASCII, 7 components, 7 bytes)");
+    for (const auto &[field, value] : written)
+        picture.set(field, value);
     const QString source = save(picture, path("photo.jpg"));
-    for (const VImage &output :
-         {convertedPicture<KVJPEGPreset>(source), convertedPicture<KVPNGPreset>(source)})
-        EXPECT_TRUE(textOf(output, VIPS_META_EXIF_NAME).contains("Lens 1"));
+    const QString asTIFF = converted(*KVPreset::make<KVTIFFPreset>(), source);
+    const std::map<const char *, VImage> outputs{
+        {"JPEG", convertedPicture<KVJPEGPreset>(source)},
+        {"PNG", convertedPicture<KVPNGPreset>(source)},
+        {"JPEG of TIFF", convertedPicture<KVJPEGPreset>(asTIFF)},
+        {"PNG of TIFF of TIFF",
+         convertedPicture<KVPNGPreset>(converted(*KVPreset::make<KVTIFFPreset>(), asTIFF))}};
+    for (const auto &[name, output] : outputs)
+        for (const auto &[field, value] : written) {
+            ASSERT_TRUE(output.get_typeof(field)) << name << ": " << field;
+            EXPECT_STREQ(output.get_string(field), value) << name << ": " << field;
+        }
+    EXPECT_TRUE(areClose(fieldColours(load(asTIFF)), {red, green, blue, yellow}));
 }
 
 TEST_F(KVPictureRenderingTest, LaysTransparencyOnWhiteOrKeepsIt) {
