@@ -5,10 +5,12 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <QStringDecoder>
+#include <QTextBoundaryFinder>
 #include <QUuid>
 
 #include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <filesystem>
 #include <vector>
 
@@ -172,6 +174,17 @@ KVResult<void> KVFileManager::copyItem(const QUrl &from, const QUrl &to) {
     std::error_code ignored;
     fs::remove_all(target, ignored);
     return tl::unexpected(failure(from, problem));
+}
+
+QString KVFileManager::fittingName(const QString &base, const QString &ending) {
+    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, base);
+    characters.toEnd();
+    const auto isTooLong = [&] {
+        return QFile::encodeName(base.first(characters.position()) + ending).size() > NAME_MAX;
+    };
+    while (characters.position() > 0 && isTooLong())
+        characters.toPreviousBoundary();
+    return base.first(characters.position()) + ending;
 }
 
 QString KVFileManager::uniqueName() {

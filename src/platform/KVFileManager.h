@@ -41,6 +41,10 @@ KVResult<void> removeItem(const QUrl &url);
 /// partial file is left behind.
 KVResult<void> copyItem(const QUrl &from, const QUrl &to);
 
+/// `base` with `ending` behind it, as a file may be called: a name that is too long for the file system loses
+/// the last characters of `base`.
+QString fittingName(const QString &base, const QString &ending);
+
 /// A unique identifier for a file's name.
 QString uniqueName();
 

@@ -6,11 +6,6 @@
 #include "platform/KVFileManager.h"
 #include "util/KVPreferenceKeys.h"
 
-#include <QFile>
-#include <QTextBoundaryFinder>
-
-#include <climits>
-
 namespace {
 
 /// Where the first file goes before any collision is looked at.
@@ -32,19 +27,6 @@ std::optional<QUrl> proposedOutput(const QUrl &file, const std::optional<QUrl> &
         return std::nullopt;
     }
     return appendingPathExtension(appendingPathComponent(*folder, fileName), extension);
-}
-
-qsizetype lengthOnDisk(const QString &name) {
-    return QFile::encodeName(name).size();
-}
-
-/// `base` and `ending`, whole where the file system takes it, else with `base` cut at a character.
-QString fitted(const QString &base, const QString &ending) {
-    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, base);
-    characters.toEnd();
-    while (characters.position() > 0 && lengthOnDisk(base.first(characters.position()) + ending) > NAME_MAX)
-        characters.toPreviousBoundary();
-    return base.first(characters.position()) + ending;
 }
 
 } // namespace
@@ -76,5 +58,5 @@ QUrl KVOutputNames::candidate(int attempt) const {
         if (!_extension.isEmpty()) ending += "." + _extension;
     }
     const QUrl folder = KVFileManager::deletingLastPathComponent(_proposed);
-    return KVFileManager::appendingPathComponent(folder, fitted(base, ending));
+    return KVFileManager::appendingPathComponent(folder, KVFileManager::fittingName(base, ending));
 }

@@ -223,7 +223,8 @@ TEST_F(KVVideoConversionTest, NamesImagesSoThatNothingIsOverwritten) {
     const std::vector<Row> rows{{"X", "X", "X 02.iso"},
                                 {"50%", "50_", "50% 01.iso"},
                                 {"%@ of %i", "___OF__I", "1 of (null) (null).iso"},
-                                {QString(40, 'a'), QString(32, 'A'), QString(40, 'a') + " 01.iso"}};
+                                {QString(40, 'a'), QString(32, 'A'), QString(40, 'a') + " 01.iso"},
+                                {QString(251, 'b'), QString(32, 'B'), QString(248, 'b') + " 01.iso"}};
     write("X 01.iso", "mine");
     for (const Row &row : rows) {
         write(row.disc + ".iso", "mine");

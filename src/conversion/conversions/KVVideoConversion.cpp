@@ -210,12 +210,16 @@ bool KVVideoConversion::_refuseImage() {
 std::optional<KVVideoConversion::Image> KVVideoConversion::_image() const {
     const auto folder = _imageFolder();
     if (!folder) return std::nullopt;
-    QString name = dvdName() + ".iso";
-    auto attempt = KVOutputClaim::attempt(KVFileManager::appendingPathComponent(*folder, name));
+    const auto attemptAt = [&](const QString &base, const QString &ending) {
+        const QString name = KVFileManager::fittingName(base, ending);
+        return KVOutputClaim::attempt(KVFileManager::appendingPathComponent(*folder, name));
+    };
+    auto attempt = attemptAt(dvdName(), ".iso");
     for (int counter = 1; attempt.outcome == KVOutputClaim::Outcome::nameTaken; ++counter) {
         // A percent sign in the disc's name counts as a conversion.
-        name = KVText::format(dvdName() + " %02li.iso", {counter});
-        attempt = KVOutputClaim::attempt(KVFileManager::appendingPathComponent(*folder, name));
+        const QString name = KVText::format(dvdName() + " %02li.iso", {counter});
+        const qsizetype space = name.lastIndexOf(' ');
+        attempt = attemptAt(name.first(space), name.sliced(space));
     }
     const QUrl url = attempt.claim->url();
     if (KVFileManager::isWritable(KVFileManager::deletingLastPathComponent(url)))

@@ -44,9 +44,10 @@ KVResult<QUrl> KVNSImageBasedPreset::convertPictureFile(const std::shared_ptr<KV
     const QString baseName =
         KVFileManager::deletingPathExtension(KVFileManager::lastPathComponent(file->url()));
     const auto pathAt = [&](int counter) {
-        const QString fileName = counter == 0 ? baseName : KVText::format("%@.%02li", {baseName, counter});
-        const QString extension = pathExtension().value_or(QString());
-        return KVFileManager::appendingPathComponent(toURL, fileName + '.' + extension).toLocalFile();
+        const QString ending = (counter == 0 ? QString() : KVText::format(".%02li", {counter})) + '.' +
+                               pathExtension().value_or(QString());
+        const QString fileName = KVFileManager::fittingName(baseName, ending);
+        return KVFileManager::appendingPathComponent(toURL, fileName).toLocalFile();
     };
 
     const auto picture = KVPictureLibrary::open(file->url().toLocalFile());

@@ -111,6 +111,11 @@ TEST_F(KVNSImageBasedPresetTest, CountsFromOneWhereANameIsTaken) {
     QFile::link(path("nowhere"), path("out/link.jpg"));
     EXPECT_EQ(converted(*preset, fields(path("link.png"))), path("out/link.01.jpg"));
     EXPECT_FALSE(QFile::exists(path("nowhere")));
+
+    const QString longest(251, 'n');
+    const QString longSource = fields(path(longest + ".png"));
+    EXPECT_EQ(converted(*preset, longSource), path("out/" + longest + ".jpg"));
+    EXPECT_EQ(converted(*preset, longSource), path("out/" + longest.chopped(3) + ".01.jpg"));
 }
 
 TEST_F(KVNSImageBasedPresetTest, GivesSourcesOfOneNameAFileEach) {
