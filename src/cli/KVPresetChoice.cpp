@@ -3,6 +3,8 @@
 #include "cli/KVNearestNames.h"
 #include "cli/KVValueText.h"
 
+#include <algorithm>
+
 namespace {
 
 /// What makes a preset the one that it is.
@@ -37,6 +39,17 @@ bool hasKey(const KVPreset &preset, const QString &key) {
            changed(preset, key, qint64{1})->dictionaryRepresentation().contains(key);
 }
 
+/// True if the preset answers the same whatever it is told: no value of the setting's kind changes it.
+bool isFixed(const KVPreset &preset, const QString &key) {
+    const QVariant now = preset.dictionaryRepresentation().value(key);
+    QVariantList others{now.toDouble() + 1, now.toDouble() - 1, 0, 1, 2};
+    if (isBoolean(now)) others = {!now.toBool()};
+    if (isText(now)) others = {};
+    return !others.isEmpty() && std::ranges::all_of(others, [&](const QVariant &other) {
+        return changed(preset, key, other)->dictionaryRepresentation().value(key) == now;
+    });
+}
+
 /// The settings that may be meant; all of them where none is near.
 QString hintForKey(const QString &key, const KVPreset &preset) {
     QStringList keys = preset.dictionaryRepresentation().keys();
@@ -63,6 +76,9 @@ tl::expected<std::shared_ptr<KVPreset>, QString> withChange(const QString &chang
     const QVariant value = isTextSetting ? QVariant(text) : KVValueText::parse(text);
     const auto result = changed(*preset, key, value);
     if (isSame(value, result->dictionaryRepresentation().value(key))) return result;
+    if (isFixed(*preset, key))
+        return tl::unexpected(QStringLiteral("the preset \"%1\" has a %2 of its own that cannot be changed")
+                                  .arg(preset->name, key));
     return tl::unexpected(QStringLiteral("\"%1\" is no value for %2").arg(text, key));
 }
 
