@@ -67,18 +67,34 @@ struct KVPreferences::Private {
     explicit Private(QString path)
         : file(std::move(path)) {}
 
-    QVariantMap valuesSeenByThisThread();
+    QVariantMap valuesSeenByThisThread(std::unique_lock<std::mutex> &access);
+    void refresh(std::unique_lock<std::mutex> &access);
     bool commit(const Changes &changes);
-    void reportDamage(const QStringList &keptPaths) const;
+    void reportKeptPaths();
 
-    std::recursive_mutex mutex; // recursive: an update may read and set other keys
+    /// One writer at a time. It waits for the disk and for other processes, and so may take its time.
+    /// Recursive: an update may set other keys.
+    std::recursive_mutex writing;
+    /// Guards all below, but the file's lock, which the writer has. Nobody waits for the disk with it.
+    std::mutex mutex;
     KVPreferencesFile file;
     QVariantMap valuesForThisRun;
     Changes unwritten; // what could not be written yet: lives on in memory and goes along with the next write
     std::unordered_map<std::thread::id, Batch> batches;
 };
 
-QVariantMap KVPreferences::Private::valuesSeenByThisThread() {
+/// Sees to it that the file's values are those on disk; lets go of `access` meanwhile where it is damaged.
+void KVPreferences::Private::refresh(std::unique_lock<std::mutex> &access) {
+    if (file.refresh()) return;
+    access.unlock();
+    const std::scoped_lock turn(writing);
+    const KVPreferencesFile::Lock lock(file);
+    access.lock();
+    if (lock.problem().isEmpty()) file.keepAside();
+}
+
+QVariantMap KVPreferences::Private::valuesSeenByThisThread(std::unique_lock<std::mutex> &access) {
+    refresh(access);
     QVariantMap values = file.values();
     apply(unwritten, values);
     if (const auto batch = batches.find(std::this_thread::get_id()); batch != batches.end())
@@ -86,17 +102,22 @@ QVariantMap KVPreferences::Private::valuesSeenByThisThread() {
     return values;
 }
 
-/// Needs the mutex. Writes the changes, merged into what is on disk now.
+/// Writes the changes, merged into what is on disk now.
 bool KVPreferences::Private::commit(const Changes &changes) {
+    const std::scoped_lock turn(writing);
+    std::unique_lock access(mutex);
     for (auto change = changes.begin(); change != changes.end(); ++change)
         unwritten.insert(change.key(), change.value());
 
+    access.unlock();
     const KVPreferencesFile::Lock lock(file);
+    access.lock();
     QString problem = lock.problem();
     if (problem.isEmpty()) {
+        refresh(access);
         QVariantMap values = file.values();
         apply(unwritten, values);
-        problem = file.replace(values);
+        problem = file.replace(values, access);
     }
     if (!problem.isEmpty()) {
         KVLog("Can't write the preferences: " + problem);
@@ -106,7 +127,13 @@ bool KVPreferences::Private::commit(const Changes &changes) {
     return true;
 }
 
-void KVPreferences::Private::reportDamage(const QStringList &keptPaths) const {
+void KVPreferences::Private::reportKeptPaths() {
+    QStringList keptPaths;
+    {
+        const std::scoped_lock access(mutex);
+        keptPaths = file.takeKeptPaths();
+    }
+    if (keptPaths.isEmpty()) return;
     const DamageReporter report = SharedReporter::instance().get();
     if (!report) return;
     for (const QString &kept : keptPaths)
@@ -136,14 +163,12 @@ qint64 KVPreferences::integer(const Key &key, qint64 defaultValue) const {
 
 QVariant KVPreferences::value(const Key &key) const {
     QVariant found;
-    QStringList keptPaths;
     {
-        const std::scoped_lock lock(_p->mutex);
+        std::unique_lock access(_p->mutex);
         if (_p->valuesForThisRun.contains(key.text)) return _p->valuesForThisRun.value(key.text);
-        found = _p->valuesSeenByThisThread().value(key.text);
-        keptPaths = _p->file.takeKeptPaths();
+        found = _p->valuesSeenByThisThread(access).value(key.text);
     }
-    _p->reportDamage(keptPaths);
+    _p->reportKeptPaths();
     return found;
 }
 
@@ -162,77 +187,73 @@ void KVPreferences::setInteger(qint64 value, const Key &key) {
 
 void KVPreferences::setValue(const QVariant &value, const Key &key) {
     const QVariant stored = KVPreferencesCoding::normalized(value);
-    QStringList keptPaths;
     {
-        const std::scoped_lock lock(_p->mutex);
+        const std::scoped_lock access(_p->mutex);
         const auto batch = _p->batches.find(std::this_thread::get_id());
-        if (batch != _p->batches.end())
+        if (batch != _p->batches.end()) {
             batch->second.changes.insert(key.text, stored);
-        else
-            _p->commit({{key.text, stored}});
-        keptPaths = _p->file.takeKeptPaths();
+            return;
+        }
     }
-    _p->reportDamage(keptPaths);
+    _p->commit({{key.text, stored}});
+    _p->reportKeptPaths();
 }
 
 void KVPreferences::setValueForThisRun(const QVariant &value, const Key &key) {
-    const std::scoped_lock lock(_p->mutex);
+    const std::scoped_lock access(_p->mutex);
     _p->valuesForThisRun.insert(key.text, KVPreferencesCoding::normalized(value));
 }
 
 bool KVPreferences::perform(const std::function<void()> &changes) {
     const auto thread = std::this_thread::get_id();
     {
-        const std::scoped_lock lock(_p->mutex);
+        const std::scoped_lock access(_p->mutex);
         ++_p->batches[thread].depth;
     }
     changes(); // with no lock held: it may take its time or ask another thread
 
-    bool isWritten = true;
-    QStringList keptPaths;
+    Changes all;
     {
-        const std::scoped_lock lock(_p->mutex);
-        const auto batch = _p->batches.find(thread);
-        if (--batch->second.depth > 0) return true; // the outermost one writes
-        const Changes all = std::move(batch->second.changes);
-        _p->batches.erase(batch);
-        if (!all.isEmpty()) isWritten = _p->commit(all);
-        keptPaths = _p->file.takeKeptPaths();
+        const std::scoped_lock access(_p->mutex);
+        Private::Batch &batch = _p->batches[thread];
+        if (--batch.depth > 0) return true; // the outermost one writes
+        all = std::move(batch.changes);
+        _p->batches.erase(thread);
     }
-    _p->reportDamage(keptPaths);
+    const bool isWritten = all.isEmpty() || _p->commit(all);
+    _p->reportKeptPaths();
     return isWritten;
 }
 
 bool KVPreferences::update(const Key &key, const std::function<QVariant(const QVariant &current)> &change) {
     bool isWritten = false;
-    QStringList keptPaths;
     {
-        const std::scoped_lock lock(_p->mutex);
+        const std::scoped_lock turn(_p->writing);
         // Without this lock (the folder is not writable) the commit says so.
         const KVPreferencesFile::Lock fileLock(_p->file);
-        const QVariant current = _p->valuesSeenByThisThread().value(key.text);
+        std::unique_lock access(_p->mutex);
+        const QVariant current = _p->valuesSeenByThisThread(access).value(key.text);
+        access.unlock();
         const QVariant changed = KVPreferencesCoding::normalized(change(current));
+        access.lock();
         if (const auto batch = _p->batches.find(std::this_thread::get_id()); batch != _p->batches.end())
             batch->second.changes.remove(key.text);
+        access.unlock();
         isWritten = _p->commit({{key.text, changed}});
-        keptPaths = _p->file.takeKeptPaths();
     }
-    _p->reportDamage(keptPaths);
+    _p->reportKeptPaths();
     return isWritten;
 }
 
 QStringList KVPreferences::allKeys() const {
-    QVariantMap values;
-    QStringList keptPaths;
-    {
-        const std::scoped_lock lock(_p->mutex);
-        values = _p->valuesSeenByThisThread();
-        keptPaths = _p->file.takeKeptPaths();
-    }
-    _p->reportDamage(keptPaths);
     QStringList keys;
-    for (auto entry = values.begin(); entry != values.end(); ++entry)
-        if (entry.value().isValid()) keys.append(entry.key());
+    {
+        std::unique_lock access(_p->mutex);
+        const QVariantMap values = _p->valuesSeenByThisThread(access);
+        for (auto entry = values.begin(); entry != values.end(); ++entry)
+            if (entry.value().isValid()) keys.append(entry.key());
+    }
+    _p->reportKeptPaths();
     return keys;
 }
 

@@ -18,7 +18,8 @@
 /// and renames the new file into place (written and synced first); a read sees what another process wrote. A
 /// file that cannot be read as a dictionary is kept aside under a new name and reported through
 /// `damageReporter`, never overwritten. A value of another type than the reader expects counts as missing.
-/// All operations may be called from any thread.
+/// All operations may be called from any thread. A read never waits for a write: it sees the new value at
+/// once, while the disk is still at work.
 class KVPreferences {
   public:
     struct Key {

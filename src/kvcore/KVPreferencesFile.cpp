@@ -43,6 +43,16 @@ std::optional<QByteArray> readAll(int descriptor) {
     }
 }
 
+/// The state of the new file; nothing, and `errno`, where it could not be written.
+std::optional<struct stat> writeAndSync(const QByteArray &path, const QByteArray &content) {
+    const KVFileDescriptor file(
+        ::open(path.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0600));
+    struct stat status = {};
+    const bool isWritten = file.isValid() && writeAll(file.get(), content) && ::fsync(file.get()) == 0 &&
+                           ::fstat(file.get(), &status) == 0;
+    return isWritten ? std::optional(status) : std::nullopt;
+}
+
 /// Makes the rename itself last.
 void syncFolder(const QString &path) {
     const KVFileDescriptor folder(
@@ -66,18 +76,12 @@ QString keptPath(const QString &path) {
 KVPreferencesFile::KVPreferencesFile(QString path)
     : _path(std::move(path)) {}
 
-const QVariantMap &KVPreferencesFile::values() {
+bool KVPreferencesFile::refresh() {
     struct stat status = {};
     const bool exists = ::stat(QFile::encodeName(_path).constData(), &status) == 0;
     const auto present = exists ? _signature(status) : std::nullopt;
-    if (present == _seen && _state != State::unreadable) return _values;
-
-    if (_load() == State::damaged) {
-        const Lock lock(*this);
-        // Another process may have put it right before we had the lock.
-        if (lock.problem().isEmpty() && _load() == State::damaged) _keepAside();
-    }
-    return _values;
+    if (present == _seen && _state != State::unreadable) return true;
+    return _load() != State::damaged;
 }
 
 std::optional<KVPreferencesFile::Signature> KVPreferencesFile::_signature(const struct stat &status) {
@@ -109,7 +113,9 @@ KVPreferencesFile::State KVPreferencesFile::_load() {
     return _state = State::read;
 }
 
-void KVPreferencesFile::_keepAside() {
+void KVPreferencesFile::keepAside() {
+    // Another process may have put it right before we had the lock.
+    if (_load() != State::damaged) return;
     const QString kept = keptPath(_path);
     if (::rename(QFile::encodeName(_path).constData(), QFile::encodeName(kept).constData()) != 0) {
         KVLog("Can't keep the damaged preferences aside: " + problemWith(_path));
@@ -121,7 +127,7 @@ void KVPreferencesFile::_keepAside() {
     _state = State::missing;
 }
 
-QString KVPreferencesFile::replace(const QVariantMap &values) {
+QString KVPreferencesFile::replace(const QVariantMap &values, std::unique_lock<std::mutex> &access) {
     // What could not be read could not be kept either, and is not ours to overwrite.
     if (_state == State::damaged || _state == State::unreadable) return _path + ": not readable";
 
@@ -130,24 +136,21 @@ QString KVPreferencesFile::replace(const QVariantMap &values) {
 
     const QString target = _target();
     const QByteArray temporary = QFile::encodeName(target + ".new");
-    {
-        const KVFileDescriptor file(
-            ::open(temporary.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0600));
-        if (!file.isValid()) return problemWith(target);
-        const bool isWritten = writeAll(file.get(), content) && ::fsync(file.get()) == 0;
-        struct stat status = {};
-        if (!isWritten || ::fstat(file.get(), &status) != 0 ||
-            ::rename(temporary.constData(), QFile::encodeName(target).constData()) != 0) {
-            QString problem = problemWith(target);
-            ::unlink(temporary.constData());
-            return problem;
-        }
-        _seen = _signature(status);
+    access.unlock();
+    const auto status = writeAndSync(temporary, content);
+    access.lock();
+    if (!status || ::rename(temporary.constData(), QFile::encodeName(target).constData()) != 0) {
+        QString problem = problemWith(target);
+        ::unlink(temporary.constData());
+        return problem;
     }
-    syncFolder(target);
+    _seen = _signature(*status);
     _values = values;
     _content = content;
     _state = State::read;
+    access.unlock();
+    syncFolder(target);
+    access.lock();
     return {};
 }
 

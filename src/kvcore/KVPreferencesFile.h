@@ -9,19 +9,26 @@
 
 #include <sys/stat.h>
 
+#include <mutex>
 #include <optional>
 #include <utility>
 
 /// The file of a preference store: its cached content, the lock that keeps several writers apart, and the
-/// atomic write. Not for several threads at once.
+/// atomic write. Its user sees to it that one thread at a time is here, but for `replace`, and that one
+/// thread at a time holds the lock.
 class KVPreferencesFile {
   public:
     explicit KVPreferencesFile(QString path);
 
     const QString &path() const { return _path; }
 
-    /// What is on disk now; empty where there is no file. A damaged file is kept aside on the way.
-    const QVariantMap &values();
+    /// Looks whether the file has changed, and reads it if so. False where it is damaged now: then
+    /// `keepAside`.
+    bool refresh();
+    /// Puts the file aside if it is still damaged. Needs the lock.
+    void keepAside();
+    /// What was on disk at the latest look; empty where there was no file.
+    const QVariantMap &values() const { return _values; }
 
     /// Keeps other writers out, also those of other processes, as long as it lives. May be nested.
     class Lock {
@@ -38,9 +45,10 @@ class KVPreferencesFile {
         QString _problem;
     };
 
-    /// Puts the values in place of the file, unless that holds them already. Needs the lock. Answers what
-    /// went wrong, an empty text if nothing did; the old file then stays as it was.
-    QString replace(const QVariantMap &values);
+    /// Puts the values in place of the file, unless that holds them already. Needs the lock. While it waits
+    /// for the disk it lets others have `access`. Answers what went wrong, an empty text if nothing did; the
+    /// old file then stays as it was.
+    QString replace(const QVariantMap &values, std::unique_lock<std::mutex> &access);
 
     /// Damaged files that were kept aside since the last call.
     QStringList takeKeptPaths() { return std::exchange(_keptPaths, {}); }
@@ -58,7 +66,6 @@ class KVPreferencesFile {
 
     static std::optional<Signature> _signature(const struct stat &status);
     State _load();
-    void _keepAside();
     QString _acquireLock();
     void _releaseLock();
     QString _target() const;

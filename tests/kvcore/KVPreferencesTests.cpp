@@ -6,11 +6,16 @@
 #include <QDateTime>
 #include <QFileInfo>
 
+#include <chrono>
+#include <future>
 #include <limits>
 #include <optional>
 #include <thread>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using Key = KVPreferences::Key;
 
@@ -136,6 +141,28 @@ TEST_F(KVPreferencesTest, LosesNothingOfSeveralWritersAtOnce) {
     EXPECT_EQ(entries, expected);
     for (int writer = 0; writer < writers; ++writer)
         EXPECT_EQ(shared.integer(Key{QStringLiteral("writer%1").arg(writer)}, -1), rounds - 1);
+}
+
+TEST_F(KVPreferencesTest, ReadsDoNotWaitForAWriteThatHangs) {
+    using namespace std::chrono_literals;
+    KVPreferences store(file());
+    store.setInteger(1, _a);
+    // Another process that is at work keeps our writer waiting.
+    const int lock = ::open((file() + ".lock").toUtf8().constData(), O_RDWR | O_CLOEXEC);
+    ASSERT_EQ(::flock(lock, LOCK_EX), 0);
+    std::jthread writer([&] { store.setInteger(2, _b); });
+    auto reading = std::async(std::launch::async, [&] {
+        while (store.integer(_b, 0) != 2) // the new value counts at once
+            std::this_thread::sleep_for(1ms);
+        return store.integer(_a, 0);
+    });
+    const bool hasRead = reading.wait_for(10s) == std::future_status::ready;
+    EXPECT_EQ(KVPreferences(file()).integer(_b, 0), 0);
+    ::close(lock);
+    writer.join();
+    EXPECT_TRUE(hasRead);
+    EXPECT_EQ(reading.get(), 1);
+    EXPECT_EQ(KVPreferences(file()).integer(_b, 0), 2);
 }
 
 TEST_F(KVPreferencesTest, WritesAllChangesOfOnePerformTogether) {
