@@ -10,7 +10,22 @@
 
 #include <QFileInfo>
 
+#include <array>
+
 namespace {
+
+/// What tools say in their own words.
+struct Cause {
+    const char *said;
+    const char *meant;
+};
+
+constexpr std::array causes{
+    Cause{"No space left on device", "There is no more space left on the disk."},
+    Cause{"dimensions not set", "The file does not tell the size of its picture."},
+    Cause{"Cannot determine format of input stream",
+          "A track of the file holds nothing that can be decoded."},
+};
 
 /// What a tool prints at its end whatever happened, how it shows its progress, what only follows from an
 /// error that it has told before, and the name of a part of the tool whose message came a moment later.
@@ -21,6 +36,8 @@ const KVRegex &emptyPhrase() {
         "\\[q\\] command.*|Press \\[q\\].*|Qavg: .*|\\d+ frames left in the queue on closing|"
         "Error reinitializing filters!|Failed to inject frame .*|Failed to configure input pad .*|"
         "Error marking filters as finished|Error initializing filter 'subtitles'.*|with args '.*|"
+        "Last message repeated .*|Stream (mapping:|#[0-9:]+ -> .*)|Error initializing output stream [0-9:]+ "
+        "--|"
         "\\[[^\\]]* @ 0x[0-9a-f]+\\])$"));
     return expression;
 }
@@ -74,8 +91,8 @@ QString KVFailureText(const KVConversionError &error) {
     if (!error.reason.isEmpty()) return error.reason;
     if (error.taskArguments.isEmpty() && !error.mediaFiles.isEmpty() && error.terminationStatus == -1)
         return textWithoutTask(error);
-    if (error.taskOutput.contains(QLatin1String("No space left on device")))
-        return QStringLiteral("There is no more space left on the disk.");
+    for (const Cause &cause : causes)
+        if (error.taskOutput.contains(QLatin1String(cause.said))) return QString::fromUtf8(cause.meant);
     const QString line = lastTellingLine(withOwnSubtitles(withoutGuesses(error.taskOutput), error));
     // A shell's way to tell of a signal.
     constexpr int signalOffset = 128;

@@ -33,7 +33,10 @@ TEST(KVFailureTextTest, TellsTheCauseAndNotWhatFollowsFromIt) {
          "Invalid too big or non positive size"},
         {"Cannot determine format of input stream 0:0 after EOF\nError marking filters as finished\n"
          "[aac @ 0x3] \nQavg: 1.5\nConversion failed!",
-         "Cannot determine format of input stream 0:0 after EOF"},
+         "A track of the file holds nothing that can be decoded."},
+        {"[avi @ 0x1] the true cause\nError initializing output stream 0:1 -- \nStream mapping:\n"
+         "  Stream #0:0 -> #0:0 (copy)\n    Last message repeated 1 times\n",
+         "the true cause"},
         {"I: -input-charset not specified\ngenisoimage: No such file or directory. Failed to open "
          "VIDEO_TS.IFO\n"
          "genisoimage: Can't open VMG info for '/a/'.\ngenisoimage: Unable to parse DVD-Video structures.\n"

@@ -7,8 +7,9 @@
 #include <QJsonObject>
 #include <QRect>
 #include <QStandardPaths>
+#include <QtEndian>
 
-#include <array>
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -89,6 +90,20 @@ QImage KVTestProbe::middleFrame(const QString &path, double seconds) {
                             "-f", "image2pipe", "-c:v", "png", "-"}),
         "PNG");
     // clang-format on
+}
+
+std::array<int, 3> KVTestProbe::loudness(const QString &path, double seconds) {
+    constexpr int frequency = 8000;
+    const QByteArray bytes =
+        outputOf("ffmpeg", {"-v", "error", "-xerror", "-nostdin", "-i", path, "-f", "s16le", "-ac", "1",
+                            "-ar", QString::number(frequency), "-"});
+    std::array<int, 3> peaks{};
+    const auto length = static_cast<qsizetype>(seconds * frequency / 3);
+    for (qsizetype sample = 0; sample < bytes.size() / 2; ++sample) {
+        int &peak = peaks.at(static_cast<std::size_t>(std::min<qsizetype>(sample / length, 2)));
+        peak = std::max<int>(peak, qFromLittleEndian<qint16>(bytes.constData() + 2 * sample));
+    }
+    return peaks;
 }
 
 QString KVTestProbe::squareFilter(const QString &size, double seconds, int framesPerSecond) {

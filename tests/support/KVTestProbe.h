@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <array>
+
 /// What an independent look at a converted file finds.
 namespace KVTestProbe {
 
@@ -24,6 +26,9 @@ File probe(const QString &path);
 
 /// The frame in the middle, turned and stretched as a player shows it; null where there is none.
 QImage middleFrame(const QString &path, double seconds);
+
+/// The greatest value of each third of the sound, as if it had to last that long: 0 where it ends before.
+std::array<int, 3> loudness(const QString &path, double seconds);
 
 /// The test picture: a square of four colours, half as high as the picture, in its middle.
 /// `size` is the picture as a player shows it.

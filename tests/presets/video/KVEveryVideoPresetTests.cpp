@@ -2,6 +2,8 @@
 #include "support/KVTestProbe.h"
 #include "support/KVVideoConversionTestCase.h"
 
+#include <functional>
+
 namespace {
 
 using KVEveryVideoPresetTest = KVVideoConversionTestCase;
@@ -85,6 +87,32 @@ TEST_F(KVEveryVideoPresetTest, MakesOfOneClipWhatItSays) {
         EXPECT_EQ(found.channels, found.codecs == QStringList("gif") ? 0 : 2);
         EXPECT_NEAR(found.seconds, seconds, 0.2);
         EXPECT_EQ(KVTestProbe::flawOfSquare(KVTestProbe::middleFrame(output, seconds)), "");
+    });
+}
+
+TEST_F(KVEveryVideoPresetTest, KeepsTheRateOfThePictureUnlessItHasItsOwn) {
+    const auto source = probed(clip("fast.mp4", "160x120", {"-r", "50"}));
+    const auto slower = probed(clip("slower.mp4", "160x120", {"-r", "30000/1001"}));
+    struct RateRow {
+        const char *what;
+        std::shared_ptr<KVVideoFile> source;
+        const char *presetClass;
+        double framesPerSecond;
+        QVariantMap settings = {};
+    };
+    const RateRow rateRows[]{
+        {"50", source, "KVMP4Preset", 50},
+        {"50, on a device", source, "KViPadPreset", 50},
+        {"50, remuxed", source, "KVRemuxPreset", 50},
+        {"50 to 29.97", source, "KVMKVPreset", 29.97, {{"ZRFramerate", 29.97}}},
+        {"50 on television", source, "KVMPEG2Preset", 25},
+        {"29.97", slower, "KVWMVPreset", 29.97},
+        {"29.97 in Europe", slower, "KVMPEG1Preset", 25},
+    };
+    convertEach(rateRows, std::mem_fn(&RateRow::source), [](const RateRow &row, const QString &output) {
+        const auto found = KVTestProbe::probe(output);
+        EXPECT_NEAR(found.framesPerSecond, row.framesPerSecond, 0.01);
+        EXPECT_NEAR(found.seconds, seconds, 0.2);
     });
 }
 

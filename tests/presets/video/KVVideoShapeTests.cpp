@@ -34,6 +34,7 @@ TEST_F(KVVideoShapeTest, PictureStaysUprightAndUnstretched) {
     const auto turned = [this](const QString &source, const QString &name, const char *degrees) {
         return remade(source, name, {"-c", "copy", "-metadata:s:v", QString("rotate=%1").arg(degrees)});
     };
+    const QString lyingOtherwise = clip("otherwise.mov", "360x640", {"-vf", "transpose=2"});
     const QString rotated = turned(lying, "rotated.mov", "90");
     const QString rotatedLight = turned(light, "rotatedlight.mov", "90");
     const QString television = anamorphic("television.mpg", "768x576", "16/15");
@@ -53,6 +54,7 @@ TEST_F(KVVideoShapeTest, PictureStaysUprightAndUnstretched) {
         {"portrait on a device",    portrait,     "KViPhonePreset", 180, 320},
         {"portrait as WMV",         portrait,     "KVWMVPreset",   360, 640},
         {"turned",                  rotated,      "KVMP4Preset",   360, 640},
+        {"turned the other way",    turned(lyingOtherwise, "270.mov", "270"), "KVMP4Preset", 360, 640},
         {"turned on a device",      rotated,      "KViPodPreset",  134, 240},
         {"turned as AVI",           rotated,      "KVDivXPreset",  360, 640},
         {"turned, as animation",    rotated,      "KVGIFAnimationPreset", 360, 640},
@@ -139,6 +141,9 @@ TEST_F(KVVideoShapeTest, FilesOfThreeShapesAreStitched) {
         EXPECT_EQ(found.height, 360) << label.toStdString();
         EXPECT_EQ(found.audioStreams, 1) << label.toStdString();
         EXPECT_NEAR(found.seconds, 3 * seconds, 0.4) << label.toStdString();
+        const auto sound = KVTestProbe::loudness(output, 3 * seconds);
+        EXPECT_TRUE(std::ranges::all_of(sound, [](int peak) { return peak > 1000; }))
+            << label.toStdString() << testing::PrintToString(sound);
         for (const double at : {0.5, 1.5, 2.5})
             EXPECT_EQ(KVTestProbe::flawOfSquare(KVTestProbe::middleFrame(output, 2 * at * seconds)), "")
                 << label.toStdString() << at;

@@ -3,6 +3,7 @@
 #include "support/KVVideoConversionTestCase.h"
 
 #include <functional>
+#include <map>
 
 namespace {
 
@@ -10,6 +11,17 @@ const QString privet = QStringLiteral("Привет");
 
 class KVVideoTrackConversionTest : public KVVideoConversionTestCase {
   protected:
+    /// The temporary files are in a folder whose name no tool must take apart.
+    void SetUp() override {
+        KVVideoConversionTestCase::SetUp();
+        QDir().mkpath(path("it's: a, [h];\\ome"));
+        ::qputenv("XDG_DATA_HOME", path("it's: a, [h];\\ome").toUtf8());
+    }
+    void TearDown() override {
+        KVVideoConversionTestCase::TearDown();
+        ::qputenv("XDG_DATA_HOME", _dataHome);
+    }
+
     /// A clip with further inputs, all of their streams copied.
     QString muxed(const QString &name, const QStringList &inputs, const QStringList &options) const {
         QStringList arguments;
@@ -46,8 +58,7 @@ class KVVideoTrackConversionTest : public KVVideoConversionTestCase {
     }
 
     /// Whether something bright stands below the square.
-    static bool showsTextBelow(const QString &output) {
-        const QImage frame = KVTestProbe::middleFrame(output, seconds);
+    static bool showsTextBelow(const QImage &frame) {
         int bright = 0;
         for (int y = frame.height() * 4 / 5; y < frame.height(); ++y)
             for (int x = 0; x < frame.width(); ++x)
@@ -60,6 +71,9 @@ class KVVideoTrackConversionTest : public KVVideoConversionTestCase {
         return QString::fromUtf8(KVTestProbe::outputOf(
             "ffmpeg", {"-v", "error", "-nostdin", "-i", output, "-map", "0:s:0", "-f", "srt", "-"}));
     }
+
+  private:
+    const QByteArray _dataHome = ::qgetenv("XDG_DATA_HOME");
 };
 
 } // namespace
@@ -149,15 +163,19 @@ TEST_F(KVVideoTrackConversionTest, SubtitlesAreCarriedOrBurntIn) {
         {"file to MKV", external("b.mp4", cyrillic, "windows-1251"), "KVMKVPreset", "ass"},
         {"file of another encoding", external("c.mp4", cyrillic, "UTF-8"), "KVMP4Preset", ""},
         {"file burnt in", external("d.mp4", cyrillic, "windows-1251"), "KVMP4Preset", "", true, burn},
+        {"in UTF-8", external("h.mp4", privet.toUtf8(), "UTF-8"), "KVMP4Preset", "", true, burn},
         {"file to a container without", external("e.mp4", privet.toUtf8(), "UTF-8"), "KVWMVPreset", "", true},
         {"file, deinterlaced", external("f.mp4", privet.toUtf8(), "UTF-8"), "KVXvidPreset", "", true, still},
         {"file, limited", external("g.mp4", privet.toUtf8(), "UTF-8"), "KViPhonePreset", "", true, burn},
     };
-    convertEach(rows, std::mem_fn(&Row::source), [](const Row &row, const QString &output) {
+    std::map<QString, QImage> frames;
+    convertEach(rows, std::mem_fn(&Row::source), [&](const Row &row, const QString &output) {
         const auto found = KVTestProbe::probe(output);
         EXPECT_EQ(found.subtitleCodec, row.codec);
-        EXPECT_EQ(showsTextBelow(output), row.isBurntIn);
+        frames[row.what] = KVTestProbe::middleFrame(output, seconds);
+        EXPECT_EQ(showsTextBelow(frames[row.what]), row.isBurntIn);
         if (found.subtitleCodec.isEmpty()) return;
         EXPECT_TRUE(textOf(output).contains(privet)) << textOf(output).toStdString();
     });
+    EXPECT_EQ(frames["file burnt in"], frames["in UTF-8"]) << "other letters";
 }
