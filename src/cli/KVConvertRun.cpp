@@ -1,6 +1,7 @@
 #include "cli/KVConvertRun.h"
 
 #include "cli/KVFailureText.h"
+#include "cli/KVJSONValue.h"
 #include "cli/KVPresetChoice.h"
 #include "cli/KVRequestIntake.h"
 #include "kvcore/KVMainThread.h"
@@ -24,11 +25,6 @@ QString namesOf(const KVConversion &conversion) {
     for (const auto &file : conversion.mediaFiles())
         names.append(file->url().toLocalFile());
     return names.join(QLatin1String(" + "));
-}
-
-template <class T>
-QJsonValue valueOrNull(const std::optional<T> &value) {
-    return value ? QJsonValue(*value) : QJsonValue();
 }
 
 } // namespace
@@ -254,6 +250,6 @@ QJsonObject KVConvertRun::_object(const Row &row) const {
             {"preset", row.conversion->presetInForce()->name},
             {"successful", row.isSuccessful},
             {"terminationStatus", status},
-            {"seconds", valueOrNull(row.seconds)},
+            {"seconds", KVJSONValueOrNull(row.seconds)},
             {"error", row.isSuccessful ? QJsonValue() : QJsonValue(_failureText(row))}};
 }

@@ -1,15 +1,12 @@
 #include "cli/KVMediaFileJSON.h"
 
+#include "cli/KVJSONValue.h"
 #include "video_info/media_file/KVPictureFile.h"
 #include "video_info/media_file/KVVideoFile.h"
 
 #include <QJsonArray>
 
 namespace {
-
-QJsonValue valueOrNull(const std::optional<QString> &text) {
-    return text ? QJsonValue(*text) : QJsonValue();
-}
 
 template <class Track>
 QJsonValue numberOrNull(const std::optional<Track> &track) {
@@ -18,7 +15,7 @@ QJsonValue numberOrNull(const std::optional<Track> &track) {
 
 QJsonObject object(const KVAudioTrack &track) {
     return {{"trackNumber", track.trackNumber},
-            {"trackName", valueOrNull(track.trackName)},
+            {"trackName", KVJSONValueOrNull(track.trackName)},
             {"format", track.format},
             {"frequency", track.frequency},
             {"numberOfChannels", track.numberOfChannels},
@@ -37,7 +34,7 @@ QJsonObject object(const KVVideoTrack &track) {
 
 QJsonObject object(const KVSubtitleTrack &track) {
     return {{"trackNumber", track.trackNumber},
-            {"trackName", valueOrNull(track.trackName)},
+            {"trackName", KVJSONValueOrNull(track.trackName)},
             {"format", track.format}};
 }
 

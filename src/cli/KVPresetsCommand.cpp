@@ -1,5 +1,6 @@
 #include "cli/KVPresetsCommand.h"
 
+#include "cli/KVJSONValue.h"
 #include "cli/KVPrintableText.h"
 #include "presets/KVPreset.h"
 
@@ -13,10 +14,6 @@ namespace {
 
 using PresetList = std::vector<std::shared_ptr<KVPreset>>;
 
-QJsonValue valueOrNull(const std::optional<QString> &text) {
-    return text ? QJsonValue(*text) : QJsonValue();
-}
-
 QJsonObject object(const KVPreset &preset) {
     const std::string_view className = preset.presetClass().name;
     return {{"name", preset.name},
@@ -24,10 +21,10 @@ QJsonObject object(const KVPreset &preset) {
             {"type", KVMediaFileTypes::caseName(preset.presetType())},
             {"isCustom", preset.isCustom},
             {"isEnabled", preset.isEnabled},
-            {"pathExtension", valueOrNull(preset.pathExtension())},
-            {"fileType", valueOrNull(preset.fileType())},
+            {"pathExtension", KVJSONValueOrNull(preset.pathExtension())},
+            {"fileType", KVJSONValueOrNull(preset.fileType())},
             {"supportsStitching", preset.supportsStitching()},
-            {"threadCountArgument", valueOrNull(preset.threadCountArgument())},
+            {"threadCountArgument", KVJSONValueOrNull(preset.threadCountArgument())},
             {"description", preset.localizedFormatDescription()},
             {"tags", QJsonArray::fromStringList(preset.tags())},
             {"settings", QJsonObject::fromVariantMap(preset.dictionaryRepresentation())}};

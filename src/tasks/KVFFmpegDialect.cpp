@@ -62,13 +62,14 @@ constexpr std::array additions{
 };
 
 /// An option of ours that tools write in another way.
-struct Name {
+struct RenamedOption {
     const char *ours;
     const char *tools;
 };
 
-constexpr std::array names{
-    Name{"-bsf", "-bsf:v"}, // ours are for the picture, and a tool that applies one to the sound stops
+constexpr std::array renamedOptions{
+    RenamedOption{"-bsf",
+                  "-bsf:v"}, // ours are for the picture, and a tool that applies one to the sound stops
 };
 
 bool isOption(const QString &argument) {
@@ -101,8 +102,8 @@ QString valueForTool(const QString &option, const QString &value, const QString 
 }
 
 QString nameForTool(const QString &option) {
-    for (const Name &name : names)
-        if (option == QLatin1String(name.ours)) return QString::fromLatin1(name.tools);
+    for (const RenamedOption &renamed : renamedOptions)
+        if (option == QLatin1String(renamed.ours)) return QString::fromLatin1(renamed.tools);
     return option;
 }
 

@@ -207,7 +207,7 @@ class Rows {
 };
 
 /// Called by the library, on its threads, for a part of the image.
-int generate(VipsRegion *region, void *, void *client, void *, gboolean *) {
+int generateRows(VipsRegion *region, void *, void *client, void *, gboolean *) {
     const auto *rows = static_cast<const Rows *>(client);
     const VipsRect &part = region->valid;
     QByteArray stored;
@@ -242,7 +242,7 @@ VImage KVBitmapFile::image(const QString &path) {
                            VIPS_CODING_NONE, VIPS_INTERPRETATION_sRGB, header->pixelsPerMeter / 1000,
                            header->pixelsPerMeter / 1000);
     if (vips_image_pipelinev(raw, VIPS_DEMAND_STYLE_THINSTRIP, nullptr) != 0 ||
-        vips_image_generate(raw, nullptr, generate, nullptr, rows.get(), nullptr) != 0)
+        vips_image_generate(raw, nullptr, generateRows, nullptr, rows.get(), nullptr) != 0)
         throw vips::VError();
     if (!header->profile.isEmpty())
         vips_image_set_blob_copy(raw, VIPS_META_ICC_NAME, header->profile.constData(),

@@ -4,7 +4,7 @@
 
 namespace {
 
-enum Compression : quint16 { raw = 0, runLength = 1 };
+enum PackingOfRows : quint16 { raw = 0, runLength = 1 };
 
 /// Reads numbers one after the other; absent from the end of the file on.
 class Reader {

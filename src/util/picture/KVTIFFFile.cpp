@@ -86,7 +86,7 @@ class Strips {
 };
 
 /// Called by the library, on its threads, for a part of the image.
-int generate(VipsRegion *region, void *, void *client, void *, gboolean *) {
+int generateStrips(VipsRegion *region, void *, void *client, void *, gboolean *) {
     if (static_cast<Strips *>(client)->read(region)) return 0;
     vips_error("tiff", "%s", "The picture is damaged or ends too early.");
     return -1;
@@ -131,7 +131,7 @@ VImage KVTIFFFile::image(const QString &path) {
                            resolution(strips->file(), TIFFTAG_YRESOLUTION));
     copyFacts(strips->file(), raw);
     if (vips_image_pipelinev(raw, VIPS_DEMAND_STYLE_THINSTRIP, nullptr) != 0 ||
-        vips_image_generate(raw, nullptr, generate, nullptr, strips.get(), nullptr) != 0)
+        vips_image_generate(raw, nullptr, generateStrips, nullptr, strips.get(), nullptr) != 0)
         throw vips::VError();
     const auto deleteStrips = [](gpointer owned) { delete static_cast<Strips *>(owned); };
     g_object_set_data_full(G_OBJECT(raw), "kalvora-strips", strips.release(), deleteStrips);
