@@ -9,6 +9,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -126,19 +127,25 @@ void KVHistoryCenter::addFile(const QUrl &url, KVMediaFileType type) {
 /// Every save writes the whole list. For a long one that takes a while, which has to stay small beside the
 /// work itself.
 void KVHistoryCenter::_saveSoon() {
-    if (_isUnsaved) return;
-    _isUnsaved = true;
-    const auto now = Clock::now();
-    if (now >= _nextSave) return save();
-    const std::chrono::duration<double> rest = _nextSave - now;
-    KVMainThread::after(rest.count(), [this, life = std::weak_ptr(_life)] {
-        if (!life.expired()) saveWhatIsUnsaved();
+    if (!std::exchange(_isUnsaved, true) && !_isSaving) _scheduleSave();
+}
+
+void KVHistoryCenter::_scheduleSave() {
+    const auto saveInBackground = [this] { _saves.async([this] { saveWhatIsUnsaved(); }); };
+    const std::chrono::duration<double> rest = _nextSave - Clock::now();
+    if (rest.count() <= 0) return saveInBackground();
+    KVMainThread::after(rest.count(), [saveInBackground, life = std::weak_ptr(_life)] {
+        if (!life.expired()) saveInBackground();
     });
 }
 
 void KVHistoryCenter::saveWhatIsUnsaved() {
-    const std::scoped_lock lock(_lock);
-    if (_isUnsaved) save();
+    const std::scoped_lock turn(_saveLock); // behind a save that is under way
+    {
+        const std::scoped_lock lock(_lock);
+        if (!_isUnsaved) return;
+    }
+    save();
 }
 
 void KVHistoryCenter::clear() {
@@ -152,17 +159,26 @@ void KVHistoryCenter::clear() {
 }
 
 void KVHistoryCenter::save() {
-    const std::scoped_lock lock(_lock);
+    const std::scoped_lock turn(_saveLock);
     const auto begin = Clock::now();
     auto &preferences = KVPreferences::shared();
-    preferences.update(KVPreferenceKeys::HistoryCenterItems,
-                       [&](const QVariant &current) { return _listToStore(current.toList()); });
-    _storedList = preferences.value(KVPreferenceKeys::HistoryCenterItems).toList();
-    _numberOfStored = _items.size();
-    _wasCleared = false;
-    _isUnsaved = false;
+    preferences.update(KVPreferenceKeys::HistoryCenterItems, [&](const QVariant &current) {
+        const std::scoped_lock lock(_lock);
+        const auto list = _listToStore(current.toList());
+        _numberOfStored = _items.size();
+        _wasCleared = false;
+        _isUnsaved = false;
+        _isSaving = true;
+        return list;
+    });
+    const auto stored = preferences.value(KVPreferenceKeys::HistoryCenterItems).toList();
     const auto end = Clock::now();
+
+    const std::scoped_lock lock(_lock);
+    _storedList = stored;
+    _isSaving = false;
     _nextSave = end + std::min<Clock::duration>((end - begin) * restAfterSave, longestRestAfterSave);
+    if (_isUnsaved) _scheduleSave();
 }
 
 /// `stored` is what stands in the store now, perhaps with entries of other processes.

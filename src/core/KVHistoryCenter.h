@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kvcore/KVSerialQueue.h"
 #include "util/KVMediaFileType.h"
 
 #include <QDateTime>
@@ -51,7 +52,8 @@ class KVHistoryCenter {
 
     QList<KVHistoryItem> historyItems() const;
 
-    /// Also saves: at once, or a moment later where many files come quickly.
+    /// Also saves, on a thread of its own, since a busy disk is no reason for the window to stand still: at
+    /// once, or a moment later where many files come quickly.
     void addFile(const QUrl &url, KVMediaFileType type);
     /// Empties the list without saving; the next `save` then empties what is stored.
     void clear();
@@ -67,6 +69,7 @@ class KVHistoryCenter {
     using Clock = std::chrono::steady_clock;
 
     void _saveSoon();
+    void _scheduleSave();
     QVariantList _listToStore(const QVariantList &stored);
     QList<KVHistoryItem> _itemsOfOthers(const QVariantList &stored) const;
     void _announce(const KVHistoryChange &change, bool isPrior) const;
@@ -78,7 +81,11 @@ class KVHistoryCenter {
     qsizetype _numberOfStored = -1;            ///< How many items it holds; -1 where it has to be built anew.
     bool _wasCleared = false;
     bool _isUnsaved = false;
+    bool _isSaving = false;
     Clock::time_point _nextSave; ///< The saves that `addFile` makes keep a distance.
     std::shared_ptr<int> _life;  ///< Ends with this object.
     std::function<void(const KVHistoryChange &, bool)> _observer;
+    std::recursive_mutex
+        _saveLock; ///< One save at a time. Before `_lock`, which is free while the disk works.
+    KVSerialQueue _saves{QStringLiteral("com.brenholt.Kalvora.history")};
 };
