@@ -251,6 +251,7 @@ void check(bool hasWorked) {
 
 /// Writes a directory beside the picture's own and answers where it stands.
 uint64_t writtenDirectory(TIFF *file, Part part, const QMap<QString, QByteArray> &entries) {
+    TIFFFreeDirectory(file); // the one before it, which the library would forget
     check((part == Part::camera ? TIFFCreateEXIFDirectory(file) : TIFFCreateGPSDirectory(file)) == 0);
     putAll(file, part, entries);
     uint64_t offset = 0;
