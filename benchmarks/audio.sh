@@ -6,4 +6,4 @@
 mkdir "$work/in"
 ffmpeg -y -nostdin -loglevel error -f lavfi -i anoisesrc=duration=20:sample_rate=44100:amplitude=0.3 -ac 2 "$work/in/00.wav"
 for i in $(seq 1 39); do cp "$work/in/00.wav" "$work/in/$(printf %02d "$i").wav"; done
-against_xargs audio MP3 "40 files to MP3" 1.05
+against_xargs audio MP3 "40 files to MP3" 1.05 7

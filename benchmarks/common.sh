@@ -38,18 +38,18 @@ is_same_work() {
         'BEGIN { exit !(a < 1.01 * b && b < 1.01 * a) }'
 }
 
-# against_xargs TYPE PRESET WHAT WANTED: converts the files of $work/in with the preset, and has xargs run the same command
-# lines with as many jobs, three times in turn, and prints the line. Options that this machine's ffmpeg does not know are left
+# against_xargs TYPE PRESET WHAT WANTED ROUNDS: converts the files of $work/in with the preset, and has xargs run the same
+# command lines with as many jobs, so many times in turn, and prints the line with the best of each. Options that this machine's ffmpeg does not know are left
 # out of the lists as well: the program does so at each launch.
 against_xargs() {
-    local type=$1 preset=$2 what=$3 wanted=$4 jobs file best_ours=9999 best_theirs=9999 own_share
+    local type=$1 preset=$2 what=$3 wanted=$4 rounds=$5 jobs file best_ours=9999 best_theirs=9999 own_share
     jobs=$(conversions_at_once "$type" "$preset")
     mkdir -p "$work/ours" "$work/theirs"
     for file in "$work"/in/*; do
         "$bin/kalvoractl" arguments --preset "$preset" --to "$work/theirs" "$file" 2>/dev/null
     done >"$work/lists"
     ffmpeg -hide_banner -h full 2>/dev/null | grep -q -e '-allow_sw' || sed -i 's/ -allow_sw 1//' "$work/lists"
-    for _ in 1 2 3; do
+    for _ in $(seq "$rounds"); do
         rm -f "$work"/ours/* "$work"/theirs/*
         measure "$bin/kalvoractl" convert --preset "$preset" --to "$work/ours" "$work/in"
         best_ours=$(smaller "$wall" "$best_ours") own_share=$(percent "$own" "$children")

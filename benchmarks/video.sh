@@ -7,4 +7,4 @@ mkdir "$work/in"
 ffmpeg -y -nostdin -loglevel error -f lavfi -i testsrc2=size=640x360:rate=25:duration=10 -f lavfi -i sine=duration=10 \
     -vf noise=alls=8 -c:v mpeg4 -q:v 3 -c:a mp2 "$work/in/00.avi"
 for i in $(seq 1 11); do cp "$work/in/00.avi" "$work/in/$(printf %02d "$i").avi"; done
-against_xargs video MP4 "12 clips to MP4" 1.03
+against_xargs video MP4 "12 clips to MP4" 1.03 3

@@ -1,5 +1,6 @@
 #include "controllers/KVFileIntake.h"
 
+#include "conversion/conversions/KVAudioConversion.h"
 #include "conversion/conversions/KVConversion.h"
 #include "delivery/ZRFixAIFFFile.h"
 #include "kvcore/KVBookmark.h"
@@ -52,7 +53,7 @@ int readingProblem(const QUrl &url) {
 } // namespace
 
 KVFileIntake::KVFileIntake()
-    : _probeAhead(readFile, KVProcessInfo::activeProcessorCount())
+    : _probeAhead(readFile, KVProcessInfo::activeProcessorCount(), KVAudioConversion::numberOfRunningChildren)
     , _fileLoadingQueue(QStringLiteral("com.brenholt.Kalvora.loading_queue")) {}
 
 KVFileIntake::~KVFileIntake() {

@@ -43,8 +43,9 @@ class KVProbeAhead::Ticket {
     std::optional<Result> result;
 };
 
-KVProbeAhead::KVProbeAhead(Probe probe, int maximumNumberOfThreads)
+KVProbeAhead::KVProbeAhead(Probe probe, int maximumNumberOfThreads, std::function<int()> numberOfOthersAtWork)
     : _probe(std::move(probe))
+    , _numberOfOthersAtWork(std::move(numberOfOthersAtWork))
     , _maximumNumberOfThreads(static_cast<std::size_t>(std::max(maximumNumberOfThreads, 1))) {}
 
 KVProbeAhead::~KVProbeAhead() {
@@ -87,7 +88,13 @@ void KVProbeAhead::stop() {
     _tickets.clear();
 }
 
-/// Needs the mutex.
+/// Needs the mutex, as does the next one. What looks ahead must not slow down what has begun.
+bool KVProbeAhead::_hasRoom() const {
+    const int others = _numberOfOthersAtWork ? _numberOfOthersAtWork() : 0;
+    const auto taken = _numberOfProbes + static_cast<std::size_t>(others);
+    return _numberOfProbes == 0 || taken < _maximumNumberOfThreads;
+}
+
 std::shared_ptr<KVProbeAhead::Ticket> KVProbeAhead::_next() const {
     const std::size_t reach = std::min(_tickets.size(), filesAheadPerThread * _maximumNumberOfThreads);
     const auto end = _tickets.begin() + static_cast<std::ptrdiff_t>(reach);
@@ -99,9 +106,10 @@ std::shared_ptr<KVProbeAhead::Ticket> KVProbeAhead::_next() const {
 void KVProbeAhead::_run(const std::stop_token &stop) {
     std::unique_lock lock(_mutex);
     std::shared_ptr<Ticket> ticket;
-    while (_changed.wait(lock, stop, [&] { return (ticket = _next()) != nullptr; }) &&
+    while (_changed.wait(lock, stop, [&] { return _hasRoom() && (ticket = _next()) != nullptr; }) &&
            !stop.stop_requested()) {
         ticket->state = Ticket::State::probing;
+        ++_numberOfProbes;
         lock.unlock();
         auto signature = signatureOf(ticket->url);
         auto result = _probe(separateCopy(ticket->url));
@@ -109,6 +117,7 @@ void KVProbeAhead::_run(const std::stop_token &stop) {
         ticket->signature = signature;
         ticket->result = std::move(result);
         ticket->state = Ticket::State::ready;
+        --_numberOfProbes;
         ticket.reset();
         _changed.notify_all();
     }

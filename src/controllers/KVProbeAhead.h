@@ -26,9 +26,9 @@ class KVProbeAhead {
     using Probe = std::function<Result(const QUrl &)>;
     class Ticket;
 
-    /// `probe` is called on threads of ours, at most `maximumNumberOfThreads` at once. It must not wait for
-    /// the thread that destroys us.
-    KVProbeAhead(Probe probe, int maximumNumberOfThreads);
+    /// `probe` is called on threads of ours, at most `maximumNumberOfThreads` at once, less those that
+    /// `numberOfOthersAtWork` tells of, but at least one. Neither may wait for the thread that destroys us.
+    KVProbeAhead(Probe probe, int maximumNumberOfThreads, std::function<int()> numberOfOthersAtWork = {});
     ~KVProbeAhead();
     KVProbeAhead(const KVProbeAhead &) = delete;
     KVProbeAhead &operator=(const KVProbeAhead &) = delete;
@@ -47,13 +47,16 @@ class KVProbeAhead {
 
   private:
     void _run(const std::stop_token &stop);
+    bool _hasRoom() const;
     std::shared_ptr<Ticket> _next() const;
 
     const Probe _probe;
+    const std::function<int()> _numberOfOthersAtWork;
     const std::size_t _maximumNumberOfThreads;
     std::mutex _mutex;
     std::condition_variable_any _changed;
     std::deque<std::shared_ptr<Ticket>> _tickets; ///< In the order of their turns.
+    std::size_t _numberOfProbes = 0;              ///< That run now.
     std::vector<std::jthread> _threads;
     bool _isStopped = false;
 };

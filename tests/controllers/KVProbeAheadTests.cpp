@@ -89,3 +89,19 @@ TEST_F(KVProbeAheadTest, BeginsNothingAfterItIsStopped) {
     EXPECT_TRUE(ahead.take(ticket)); // the taker looks by itself
     EXPECT_EQ(probes, 1);
 }
+
+TEST_F(KVProbeAheadTest, LeavesTheProcessorsToOthersAtWorkButOne) {
+    std::atomic<int> atOnce = 0, most = 0;
+    const auto probe = [&](const QUrl &url) {
+        most = std::max(most.load(), ++atOnce);
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        --atOnce;
+        ++probes;
+        return picture(url);
+    };
+    KVProbeAhead ahead(probe, 3, [] { return 7; });
+    for (int number = 0; number < 9; ++number)
+        ahead.expect(file(QString::number(number)));
+    EXPECT_TRUE(waitFor([&] { return probes == 9; }));
+    EXPECT_EQ(most, 1);
+}

@@ -16,6 +16,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <atomic>
 #include <csignal>
 #include <numeric>
 
@@ -26,6 +27,16 @@ constexpr int launchFailedStatus = 127;
 constexpr int interruptedStatus = 128 + SIGINT;
 /// The tool's own for an output that could not be written.
 constexpr int writeFailedStatus = 1;
+
+class RunningChild {
+  public:
+    RunningChild() { ++count; }
+    ~RunningChild() { --count; }
+    RunningChild(const RunningChild &) = delete;
+    RunningChild &operator=(const RunningChild &) = delete;
+
+    static inline std::atomic<int> count = 0;
+};
 
 double secondsSince1970() {
     return static_cast<double>(QDateTime::currentMSecsSinceEpoch()) / 1000;
@@ -173,9 +184,14 @@ bool KVAudioConversion::_convert(const KVAudioFileList &files, const KVPresetTas
     return isDone;
 }
 
+int KVAudioConversion::numberOfRunningChildren() {
+    return RunningChild::count;
+}
+
 /// Runs the child to its end and answers its status.
 int KVAudioConversion::_run(const KVAudioFileList &files, KVFFmpegTask &task) {
     if (isCancelled()) return interruptedStatus;
+    const RunningChild running;
     if (const auto launched = task.launch(); !launched) {
         KVLog("Couldn't launch the task: " + launched.error().reason);
         _taskOutput = launched.error().reason.toUtf8() + '\n';

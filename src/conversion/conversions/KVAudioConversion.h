@@ -27,6 +27,9 @@ class KVAudioConversion : public KVConversion {
     virtual bool convertFiles(const KVMediaFileList &files, const QUrl &destination,
                               const std::shared_ptr<KVPreset> &preset, bool addToHistory);
 
+    /// Children of all conversions that have not ended, paused ones too. Any thread.
+    static int numberOfRunningChildren();
+
   protected:
     /// Reads the running child's output until it has ended.
     virtual void _handleTaskOutputForMediaFiles(const KVAudioFileList &files);
