@@ -164,7 +164,7 @@ void KVHistoryCenter::save() {
     auto &preferences = KVPreferences::shared();
     preferences.update(KVPreferenceKeys::HistoryCenterItems, [&](const QVariant &current) {
         const std::scoped_lock lock(_lock);
-        const auto list = _listToStore(current.toList());
+        auto list = _listToStore(current.toList());
         _numberOfStored = _items.size();
         _wasCleared = false;
         _isUnsaved = false;

@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 #include <QStringList>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -190,9 +191,8 @@ std::optional<Entry> entryFrom(const QByteArray &field) {
 
 template <class Number>
 void setList(TIFF *file, const TIFFField *field, const std::vector<double> &numbers) {
-    std::vector<Number> list;
-    for (const double number : numbers)
-        list.push_back(static_cast<Number>(number));
+    std::vector<Number> list(numbers.size());
+    std::ranges::transform(numbers, list.begin(), [](double number) { return static_cast<Number>(number); });
     if (isList(field))
         TIFFSetField(file, TIFFFieldTag(field), static_cast<int>(list.size()), list.data());
     else

@@ -291,10 +291,8 @@ void KVQueueTableWidget::focusInEvent(QFocusEvent *event) {
     const bool hasChosenRow = currentIndex().isValid() || event->reason() == Qt::TabFocusReason ||
                               event->reason() == Qt::BacktabFocusReason ||
                               event->reason() == Qt::ShortcutFocusReason;
-    if (hasChosenRow)
-        QAbstractItemView::focusInEvent(event);
-    else
-        QAbstractScrollArea::focusInEvent(event);
+    QAbstractItemView::focusInEvent(event);
+    if (!hasChosenRow) selectionModel()->clearCurrentIndex();
 }
 
 void KVQueueTableWidget::keyPressEvent(QKeyEvent *event) {
