@@ -112,7 +112,7 @@ class Photographer {
         for (const auto &queue : KVConversionQueue::allQueues())
             for (const auto &conversion : queue->conversions())
                 if (queue->mediaFileType() != KVMediaFileType::audio &&
-                    !conversion->mediaFiles().first()->thumbnail)
+                    conversion->mediaFiles().first()->thumbnail.isEmpty())
                     return false;
         return true;
     }
