@@ -227,7 +227,9 @@ QList<QUrl> KVFileIntake::_sandboxURLs(const QList<QUrl> &urls) const {
                        KVFileManager::isReadable(url) ? QStringLiteral("true") : QStringLiteral("false")));
         if (bookmark) KVLog(QStringLiteral("%1 - bookmark data: %2 bytes").arg(name).arg(bookmark->size()));
         KVLog(scopedURL ? QStringLiteral("%1 - scopedURL: %2").arg(name, scopedURL->toString())
-                        : QStringLiteral("%1 - something failed").arg(name));
+                        : QStringLiteral("%1 - something failed %2")
+                              .arg(name, bookmark ? QStringLiteral("The bookmark tells no file.")
+                                                  : QStringLiteral("This is no file.")));
         scopedURLs.append(scopedURL.value_or(url));
     }
     return scopedURLs;

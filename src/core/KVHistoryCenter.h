@@ -85,7 +85,7 @@ class KVHistoryCenter {
     Clock::time_point _nextSave; ///< The saves that `addFile` makes keep a distance.
     std::shared_ptr<int> _life;  ///< Ends with this object.
     std::function<void(const KVHistoryChange &, bool)> _observer;
-    std::recursive_mutex
-        _saveLock; ///< One save at a time. Before `_lock`, which is free while the disk works.
+    /// One save at a time. Taken before `_lock`, which is free while the disk works.
+    std::recursive_mutex _saveLock;
     KVSerialQueue _saves{QStringLiteral("com.brenholt.Kalvora.history")};
 };

@@ -68,8 +68,8 @@ struct RenamedOption {
 };
 
 constexpr std::array renamedOptions{
-    RenamedOption{"-bsf",
-                  "-bsf:v"}, // ours are for the picture, and a tool that applies one to the sound stops
+    // Ours are for the picture, and a tool that applies one to the sound stops.
+    RenamedOption{"-bsf", "-bsf:v"},
 };
 
 bool isOption(const QString &argument) {

@@ -8,6 +8,7 @@
 #include "kvcore/KVMainThread.h"
 #include "kvcore/KVText.h"
 #include "platform/KVFileManager.h"
+#include "util/KVLiveCount.h"
 #include "util/KVOutputClaim.h"
 #include "util/KVPreferenceKeys.h"
 
@@ -16,7 +17,6 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <atomic>
 #include <csignal>
 #include <numeric>
 
@@ -28,15 +28,7 @@ constexpr int interruptedStatus = 128 + SIGINT;
 /// The tool's own for an output that could not be written.
 constexpr int writeFailedStatus = 1;
 
-class RunningChild {
-  public:
-    RunningChild() { ++count; }
-    ~RunningChild() { --count; }
-    RunningChild(const RunningChild &) = delete;
-    RunningChild &operator=(const RunningChild &) = delete;
-
-    static inline std::atomic<int> count = 0;
-};
+class RunningChild : public KVLiveCount<RunningChild> {};
 
 double secondsSince1970() {
     return static_cast<double>(QDateTime::currentMSecsSinceEpoch()) / 1000;
@@ -185,7 +177,7 @@ bool KVAudioConversion::_convert(const KVAudioFileList &files, const KVPresetTas
 }
 
 int KVAudioConversion::numberOfRunningChildren() {
-    return RunningChild::count;
+    return RunningChild::number();
 }
 
 /// Runs the child to its end and answers its status.

@@ -20,16 +20,19 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
-#include <algorithm>
+#include <map>
 
 namespace {
 
 // Many changes at once are looked at once.
 constexpr int updateDelay = 40; // ms
 
-qsizetype count(const KVConversionQueue &queue, KVConversionState state) {
-    return std::ranges::count_if(queue.conversions(),
-                                 [state](const auto &conversion) { return conversion->state == state; });
+/// How many rows of a queue are in each state.
+std::map<KVConversionState, qsizetype> countedByState(const KVConversionQueue &queue) {
+    std::map<KVConversionState, qsizetype> counts;
+    for (const auto &conversion : queue.conversions())
+        ++counts[conversion->state];
+    return counts;
 }
 
 } // namespace
@@ -174,10 +177,11 @@ void KVMainWindow::_updateCommands() {
     qsizetype startable = 0;
     KVMainMenu::State state;
     for (const auto &queue : KVConversionQueue::allQueues()) {
-        const qsizetype waiting = count(*queue, waitingToStart);
-        running += count(*queue, executing);
-        startable += waiting + count(*queue, paused);
-        state.hasFinished |= count(*queue, finished) > 0;
+        auto counts = countedByState(*queue);
+        const qsizetype waiting = counts[waitingToStart];
+        running += counts[executing];
+        startable += waiting + counts[paused];
+        state.hasFinished |= counts[finished] > 0;
         state.hasInactive |= waiting > 0;
         state.canMerge |= waiting > 1;
         state.canMakeDVD |= waiting > 0 && queue->mediaFileType() == KVMediaFileType::video;

@@ -1,13 +1,13 @@
 #include "util/picture/KVVipsPicture.h"
 
 #include "util/KVHiddenOutput.h"
+#include "util/KVLiveCount.h"
 #include "util/KVThreadCount.h"
 #include "util/picture/KVPictureAttempt.h"
 #include "util/picture/KVPictureRendering.h"
 #include "util/picture/KVPictureWriter.h"
 
 #include <algorithm>
-#include <atomic>
 #include <stdexcept>
 #include <utility>
 
@@ -15,20 +15,12 @@ namespace {
 
 /// Counts the pictures that are being converted side by side, so that together they keep the processors that
 /// the program may use busy and no more.
-class RunningPicture {
+class RunningPicture : public KVLiveCount<RunningPicture> {
   public:
-    RunningPicture() { ++_count; }
-    ~RunningPicture() { --_count; }
-    RunningPicture(const RunningPicture &) = delete;
-    RunningPicture &operator=(const RunningPicture &) = delete;
-
     static int threads() {
         const int processors = KVThreadCount(KVProcessInfo::activeProcessorCount(), 1);
-        return std::max(processors / std::max(_count.load(), 1), 1);
+        return std::max(processors / std::max(number(), 1), 1);
     }
-
-  private:
-    static inline std::atomic<int> _count = 0;
 };
 
 /// The picture in little.

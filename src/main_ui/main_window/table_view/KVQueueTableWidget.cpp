@@ -327,11 +327,11 @@ void KVQueueTableWidget::keyPressEvent(QKeyEvent *event) {
 void KVQueueTableWidget::_moveCurrentRow(int direction) {
     // Downwards it is the next row that goes above this one.
     const int dragged = direction < 0 ? currentIndex().row() : currentIndex().row() + 1;
-    const auto &controller = _queueModel->controller();
+    auto &controller = _queueModel->controller();
     if (!controller.canDragRow(dragged)) return;
     _queueModel->draggedRow = dragged;
     if (controller.validateDrop(dragged - 1, KVDropOperation::above))
-        _queueModel->controller().acceptDrop(dragged - 1, KVDropOperation::above);
+        controller.acceptDrop(dragged - 1, KVDropOperation::above);
     _queueModel->draggedRow = -1;
     scrollTo(currentIndex());
 }
