@@ -35,6 +35,7 @@ QUrl wantedOutput(const KVPreset &preset, const KVMediaFileList &files) {
 QString KVArgumentsCommand::details() const {
     return "Several FILEs are stitched into one output, where the preset can do that; else the first "
            "counts.\n"
+           "A disc is made of the lists of its single files.\n"
            "The list is written for every version of the tool: what the installed one does not know is left\n"
            "out when it is launched.";
 }

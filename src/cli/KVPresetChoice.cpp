@@ -91,8 +91,9 @@ tl::expected<std::shared_ptr<KVPreset>, QString> KVPresetChoice::make(const QStr
         QStringList names;
         for (const auto &known : KVPreset::allPresets())
             names.append(known->name);
-        return tl::unexpected(
-            QStringLiteral("there is no preset \"%1\"%2").arg(name, KVNearestNames::hint(name, names)));
+        QString hint = KVNearestNames::hint(name, names);
+        if (hint.isEmpty()) hint = QStringLiteral(" (\"kalvoractl presets\" lists them)");
+        return tl::unexpected(QStringLiteral("there is no preset \"%1\"%2").arg(name, hint));
     }
     for (const QString &change : changes) {
         const auto next = withChange(change, preset);
