@@ -7,7 +7,7 @@ target_compile_options(kv_warnings INTERFACE
     $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>
     $<$<BOOL:${KALVORA_WERROR}>:-Werror>)
 
-if(NOT KALVORA_SANITIZER) # whose builds take sources together: a name of one seems to hide that of another
+if(NOT CMAKE_UNITY_BUILD) # where a name of one source seems to hide that of another
     target_compile_options(kv_warnings INTERFACE -Wshadow)
 endif()
 

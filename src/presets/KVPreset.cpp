@@ -77,6 +77,10 @@ QStringList KVPreset::tags() const {
     return tags;
 }
 
+QStringList KVPreset::warningsForFiles(const KVMediaFileList &) const {
+    return {};
+}
+
 std::optional<KVPresetTask> KVPreset::taskForConversionOfFiles(const KVMediaFileList &files,
                                                                const std::optional<QUrl> &destination) const {
     const auto names = KVOutputNames::forFiles(files, destination, *this);

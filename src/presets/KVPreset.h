@@ -76,6 +76,9 @@ class KVPreset : public std::enable_shared_from_this<KVPreset> {
     virtual QStringList taskArguments(const std::shared_ptr<KVMediaFile> &file, const QUrl &outputFile) const;
     virtual QStringList taskArgumentsForFiles(const KVMediaFileList &files, const QUrl &outputFile) const;
     virtual QStringList tags() const;
+    /// What a conversion of these files with this preset loses although it succeeds, such as a rotation that
+    /// the container cannot hold; one sentence each in the user's language. Any thread.
+    virtual QStringList warningsForFiles(const KVMediaFileList &files) const;
     /// How many threads the encoder is told to use, as decimal text.
     virtual std::optional<QString> threadCountArgument() const { return std::nullopt; }
 

@@ -1,6 +1,5 @@
 #include "conversion/conversions/KVAudioConversion.h"
 
-#include "core/KVErrorCenter.h"
 #include "core/KVHistoryCenter.h"
 #include "kvcore/KVFatalError.h"
 #include "kvcore/KVLocalizationCenter.h"
@@ -254,14 +253,6 @@ void KVAudioConversion::_preserveCreationDate() const {
     if (!date || !file.open(QFile::ReadOnly | QFile::ExistingOnly)) return;
     file.setFileTime(*date, QFile::FileModificationTime);
     file.setFileTime(*date, QFile::FileAccessTime);
-}
-
-void KVAudioConversion::_recordError(const QStringList &arguments, const QString &output, int status) const {
-    KVErrorCenter::shared().addError({.mediaFiles = mediaFiles(),
-                                      .targetPreset = presetInForce(),
-                                      .taskArguments = arguments,
-                                      .taskOutput = output,
-                                      .terminationStatus = status});
 }
 
 // From outside

@@ -47,7 +47,6 @@ class KVAudioConversion : public KVConversion {
     QString _taskOutputString() const { return QString::fromUtf8(_taskOutput); }
 
     std::optional<QUrl> _destinationFolder() const;
-    void _recordError(const QStringList &arguments, const QString &output, int status) const;
 
   private:
     QUrl _destination(const QUrl &folder, const KVPreset &preset) const;

@@ -51,6 +51,7 @@ void KVConversion::main() {
     _tellDelegates(
         [](auto &delegate, const auto &conversion) { delegate.conversionWillStartExecuting(conversion); });
     if (!queue()) KVFatalError("A conversion cannot run without its queue!");
+    _addKnownWarnings();
 
     // A conversion that was cancelled between two tasks, or before the first, ends well.
     _hasFailed = !_performAllTasks();
@@ -63,6 +64,16 @@ void KVConversion::main() {
         [](auto &delegate, const auto &conversion) { delegate.conversionDidFinishExecuting(conversion); });
     KVMainThread::async([self] { KVNotificationCenter::defaultCenter().post(ConversionDidFinish, self); });
     state = KVConversionState::finished;
+}
+
+/// What is known to be lost before anything has run.
+void KVConversion::_addKnownWarnings() {
+    const auto files = mediaFiles();
+    for (const auto &file : files)
+        for (const QString &warning : file->warnings)
+            addWarning(warning);
+    for (const QString &warning : presetInForce()->warningsForFiles(files))
+        addWarning(warning);
 }
 
 bool KVConversion::_performAllTasks() {
@@ -143,7 +154,32 @@ void KVConversion::_tellDelegates(
     });
 }
 
+void KVConversion::_recordError(const QStringList &arguments, const QString &output, int status,
+                                const QString &reason) {
+    const KVConversionError error{mediaFiles(), presetInForce(), arguments, output, status, reason};
+    {
+        const std::scoped_lock lock(_mutex);
+        if (!_failure) _failure = error;
+    }
+    KVErrorCenter::shared().addError(error);
+}
+
 // Guarded fields
+
+std::optional<KVConversionError> KVConversion::failure() const {
+    const std::scoped_lock lock(_mutex);
+    return _failure;
+}
+
+QStringList KVConversion::warnings() const {
+    const std::scoped_lock lock(_mutex);
+    return _warnings;
+}
+
+void KVConversion::addWarning(const QString &warning) {
+    const std::scoped_lock lock(_mutex);
+    if (!_warnings.contains(warning)) _warnings.append(warning);
+}
 
 std::shared_ptr<KVPreset> KVConversion::customPreset() const {
     const std::scoped_lock lock(_mutex);

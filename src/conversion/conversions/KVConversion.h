@@ -2,11 +2,13 @@
 
 #include "conversion/conversions/KVConversionDelegate.h"
 #include "conversion/conversions/KVConversionHost.h"
+#include "core/KVErrorCenter.h"
 #include "core/KVQueueNotifications.h"
 #include "kvcore/KVWeakArray.h"
 #include "presets/KVPreset.h"
 
 #include <QString>
+#include <QStringList>
 #include <QUrl>
 
 #include <atomic>
@@ -84,6 +86,14 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
     /// success.
     bool hasFailed() const { return _hasFailed; }
     bool isFinished() const { return state == KVConversionState::finished; }
+
+    /// What failed; empty if nothing did or if the user cancelled. Any thread.
+    std::optional<KVConversionError> failure() const;
+    /// What a successful result lacks, one sentence each in the user's language, in the order of discovery.
+    /// Any thread.
+    QStringList warnings() const;
+    /// Adds a sentence unless it is there already. Any thread.
+    void addWarning(const QString &warning);
     void waitUntilFinished();
 
     virtual QString estimatedTimeString() const;
@@ -104,11 +114,17 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
   protected:
     virtual void main();
 
+    /// Records a failure in the error centre and keeps the first one for `failure`. `reason` is for failures
+    /// without a child's text; it is not part of the report.
+    void _recordError(const QStringList &arguments, const QString &output, int status,
+                      const QString &reason = {});
+
     /// Posts to the main thread, without waiting, a call on every delegate.
     void
     _tellDelegates(std::function<void(KVConversionDelegate &, const std::shared_ptr<KVConversion> &)> call);
 
   private:
+    void _addKnownWarnings();
     bool _performAllTasks();
 
     KVWeakArray<KVConversionDelegate> _delegates;
@@ -120,6 +136,8 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
     QString _statusString;
     std::optional<QString> _outputFileName;
     std::shared_ptr<KVConversionHost> _queue;
+    std::optional<KVConversionError> _failure;
+    QStringList _warnings;
     bool _hasFinished = false;
     std::atomic<bool> _isCancelled = false;
     std::atomic<bool> _isExecuting = false;

@@ -1,6 +1,5 @@
 #include "conversion/conversions/KVPictureConversion.h"
 
-#include "core/KVErrorCenter.h"
 #include "core/KVHistoryCenter.h"
 #include "kvcore/KVFatalError.h"
 #include "kvcore/KVMainThread.h"
@@ -27,7 +26,7 @@ bool KVPictureConversion::performTaskNumber(int) {
     const auto preset = presetInForce();
     const auto folder = _destinationFolder(*file);
     if (!folder) {
-        _recordError(preset, "No output URL is set.", {});
+        _recordError({}, "No output URL is set.", 1);
         return false;
     }
 
@@ -38,7 +37,7 @@ bool KVPictureConversion::performTaskNumber(int) {
         KVMainThread::syncOrNow(
             [&] { KVHistoryCenter::shared().addFile(*converted, KVMediaFileType::picture); });
     else
-        _recordError(preset, {}, converted.error().reason);
+        _recordError({}, {}, 1, converted.error().reason);
     progressOfCurrentTask = 1;
     notifyDelegatesAboutProgress();
     return converted.has_value();
@@ -48,9 +47,4 @@ std::optional<QUrl> KVPictureConversion::_destinationFolder(const KVMediaFile &f
     if (KVPreferences::shared().boolean(KVPreferenceKeys::SaveToSourceFolder, true))
         return KVFileManager::deletingLastPathComponent(file.url());
     return queue()->outputDirectoryURL();
-}
-
-void KVPictureConversion::_recordError(const std::shared_ptr<KVPreset> &preset, const QString &output,
-                                       const QString &reason) const {
-    KVErrorCenter::shared().addError({mediaFiles(), preset, {}, output, 1, reason});
 }

@@ -16,8 +16,6 @@ class KVPictureConversion : public KVConversion {
 
   private:
     std::optional<QUrl> _destinationFolder(const KVMediaFile &file) const;
-    void _recordError(const std::shared_ptr<KVPreset> &preset, const QString &output,
-                      const QString &reason) const;
 
     std::stop_source _stop;
 };

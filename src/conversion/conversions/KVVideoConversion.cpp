@@ -257,7 +257,7 @@ void KVVideoConversion::_setDiscTool(const std::shared_ptr<KVDiscTool> &tool) {
     if (tool && _isQuitting) tool->kill();
 }
 
-void KVVideoConversion::_recordToolError(KVDiscTool &tool, int status) const {
+void KVVideoConversion::_recordToolError(KVDiscTool &tool, int status) {
     if (tool.wasKilled()) return; // the program is quitting
     _recordError(tool.process().arguments(), tool.output() + causeOfFailedWrite(tool.output()), status);
 }

@@ -6,6 +6,7 @@
 #include "util/KVMediaFileType.h"
 
 #include <QImage>
+#include <QStringList>
 #include <QUrl>
 
 #include <functional>
@@ -56,6 +57,10 @@ class KVMediaFile : public KVStillFrameSource, public std::enable_shared_from_th
 
     QString stillFramePath() const override;
     std::optional<double> stillFrameVideoSeconds() const override { return std::nullopt; }
+
+    /// What every conversion of this file loses, such as the pages behind the first one; one sentence each in
+    /// the user's language. Written during construction.
+    QStringList warnings;
 
     /// What `loadThumbnail` has made, a JPEG picture: a queue of thousands keeps them compressed. Empty where
     /// there is none.
