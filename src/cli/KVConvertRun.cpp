@@ -36,12 +36,6 @@ KVConvertRun::KVConvertRun(KVConsole &console, const KVConversionRequest &reques
     , _display(std::make_shared<KVProgressDisplay>(console)) {}
 
 void KVConvertRun::run() {
-    KVErrorCenter::shared().setErrorObserver([weak = weak_from_this()](const KVConversionError &error) {
-        const auto self = weak.lock();
-        if (!self || error.mediaFiles.isEmpty()) return;
-        const std::scoped_lock lock(self->_mutex);
-        self->_errors.emplace(error.mediaFiles.first().get(), error);
-    });
     KVConversionQueue::addDelegateToAllQueues(shared_from_this());
     for (const KVMediaFileType type : KVMediaFileTypes::allTypes)
         if (KVPresetChoice::canConvert(*_request.preset, type))
@@ -79,7 +73,7 @@ void KVConvertRun::cancel() {
 void KVConvertRun::removePartialOutputs() {
     const std::scoped_lock lock(_mutex);
     for (const auto &conversion : _runningConversions)
-        if (const auto output = conversion->outputURL(); output && !conversion->conversionWasSuccessful)
+        if (const auto output = conversion->outputURL(); output && !conversion->hasSucceeded())
             (void)KVFileManager::removeItem(*output);
 }
 
@@ -181,20 +175,11 @@ void KVConvertRun::_didEnd(const Conversion &conversion, bool isSuccessful) {
     }
     _display->remove(conversion);
     if (row->start) row->seconds = std::chrono::duration<double>(Clock::now() - *row->start).count();
-    // A conversion that is cancelled between two tasks counts as successful, but it has made nothing;
-    // and so does one whose later task failed.
-    row->isSuccessful = isSuccessful && !conversion->isCancelled() && !conversion->hasFailed();
-    row->error = _takeError(conversion);
+    row->isSuccessful = isSuccessful;
+    row->error = conversion->failure();
     ++_numberOfEnded;
     _updateCounts();
     _sayEnd(*row);
-}
-
-std::optional<KVConversionError> KVConvertRun::_takeError(const Conversion &conversion) {
-    const std::scoped_lock lock(_mutex);
-    for (const auto &file : conversion->mediaFiles())
-        if (const auto error = _errors.extract(file.get())) return error.mapped();
-    return std::nullopt;
 }
 
 void KVConvertRun::_sayEnd(const Row &row) const {

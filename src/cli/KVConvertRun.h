@@ -66,7 +66,6 @@ class KVConvertRun : public KVConversionQueueDelegate, public std::enable_shared
     bool _isDone() const;
     Row *_rowOf(const Conversion &conversion);
     void _didEnd(const Conversion &conversion, bool isSuccessful);
-    std::optional<KVConversionError> _takeError(const Conversion &conversion);
     void _sayEnd(const Row &row) const;
     QString _failureText(const Row &row) const;
     void _updateCounts();
@@ -90,6 +89,5 @@ class KVConvertRun : public KVConversionQueueDelegate, public std::enable_shared
     bool _haveWorkersEnded = true;
 
     std::mutex _mutex; ///< Guards what follows; other threads use it.
-    std::map<const KVMediaFile *, KVConversionError> _errors;
     std::set<Conversion> _runningConversions;
 };

@@ -35,6 +35,13 @@ const KVPresetClass &KVPreset::presetClass() const {
     return KVPresetClasses::classOf(*this);
 }
 
+std::shared_ptr<KVPreset> KVPreset::snapshot() const {
+    auto snapshot = presetClass().copy(*this);
+    if (snapshot->_original.expired())
+        snapshot->_original = std::const_pointer_cast<KVPreset>(shared_from_this());
+    return snapshot;
+}
+
 QString KVPreset::defaultName() const {
     KVFatalError("defaultName");
 }

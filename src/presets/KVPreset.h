@@ -38,11 +38,10 @@ struct KVPresetTask {
 
 /// A named, persisted recipe that turns probed media files into a command for the converter. Every preset is
 /// an object of a concrete class; a custom preset is a further instance of one. Identity is equality. Presets
-/// are changed on the main thread and only while no queue uses them; a worker reads them.
+/// are changed and copied on the main thread only; a worker reads a snapshot that no other thread changes.
 class KVPreset : public std::enable_shared_from_this<KVPreset> {
   public:
     virtual ~KVPreset() = default;
-    KVPreset(const KVPreset &) = delete;
     KVPreset &operator=(const KVPreset &) = delete;
 
     /// A new instance of a concrete class, with its default name. The only way to make one.
@@ -57,6 +56,12 @@ class KVPreset : public std::enable_shared_from_this<KVPreset> {
     bool isDeleted = false; ///< Set when unregistered; a deleted preset refuses to save.
     bool isEnabled = true;
     QString name; ///< Unique among all presets.
+
+    /// Returns a new preset of the same class with the same name and settings, independent of later changes
+    /// of this one. It is in no list and is not saved. Main thread.
+    std::shared_ptr<KVPreset> snapshot() const;
+    /// The preset that this one is a snapshot of; empty for any other preset, or if that one is gone.
+    std::shared_ptr<KVPreset> original() const { return _original.lock(); }
 
     /// The row of this object's class in the class table.
     virtual const KVPresetClass &presetClass() const;
@@ -115,7 +120,10 @@ class KVPreset : public std::enable_shared_from_this<KVPreset> {
 
   protected:
     KVPreset() = default;
+    KVPreset(const KVPreset &) = default;
 
   private:
     static std::optional<QUrl> _chooseDestinationURL();
+
+    std::weak_ptr<KVPreset> _original;
 };

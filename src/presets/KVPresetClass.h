@@ -14,6 +14,8 @@ struct KVPresetClass {
     std::type_index type;
     /// Makes a new instance with its default name; null for an abstract class.
     std::shared_ptr<KVPreset> (*make)() = nullptr;
+    /// Returns a new object with the same values in all fields; null for an abstract class.
+    std::shared_ptr<KVPreset> (*copy)(const KVPreset &preset) = nullptr;
     /// True for an instance of this class or of a subclass.
     bool (*isInstance)(const KVPreset &preset) = nullptr;
 
@@ -21,18 +23,23 @@ struct KVPresetClass {
 
     template <class Preset>
     static KVPresetClass abstractClass(std::string_view name) {
-        return {name, typeid(Preset), nullptr, &_isInstance<Preset>};
+        return {name, typeid(Preset), nullptr, nullptr, &_isInstance<Preset>};
     }
 
     template <class Preset>
     static KVPresetClass concreteClass(std::string_view name) {
-        return {name, typeid(Preset), &_make<Preset>, &_isInstance<Preset>};
+        return {name, typeid(Preset), &_make<Preset>, &_copy<Preset>, &_isInstance<Preset>};
     }
 
   private:
     template <class Preset>
     static std::shared_ptr<KVPreset> _make() {
         return Preset::template make<Preset>();
+    }
+
+    template <class Preset>
+    static std::shared_ptr<KVPreset> _copy(const KVPreset &preset) {
+        return std::make_shared<Preset>(static_cast<const Preset &>(preset));
     }
 
     template <class Preset>

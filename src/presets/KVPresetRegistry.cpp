@@ -130,6 +130,8 @@ bool KVPresetRegistry::renamePreset(const std::shared_ptr<KVPreset> &preset, con
 std::vector<KVPresetMenuItem>
 KVPresetRegistry::presetMenuForType(KVMediaFileType type, const std::shared_ptr<KVPreset> &selectedPreset,
                                     const std::function<bool(const KVPreset &)> &customFilter) {
+    const auto original = selectedPreset ? selectedPreset->original() : nullptr; // of a running row
+    const auto selected = original ? original : selectedPreset;
     std::vector<KVPresetMenuItem> menu;
     const auto appendPresetsOf = [&](KVMediaFileType wanted) {
         for (const auto &preset : allPresets())
@@ -138,7 +140,7 @@ KVPresetRegistry::presetMenuForType(KVMediaFileType type, const std::shared_ptr<
                 menu.push_back({.title = preset->name,
                                 .toolTip = preset->localizedFormatDescription(),
                                 .preset = preset,
-                                .isOn = preset == selectedPreset});
+                                .isOn = preset == selected});
     };
     appendPresetsOf(type);
     if (type == KVMediaFileType::video) { // a video can become a file of its sound

@@ -11,6 +11,8 @@
 #include "presets/KVPresetRegistry.h"
 #include "util/KVThreadCount.h"
 
+#include <QScopeGuard>
+
 #include <algorithm>
 #include <cmath>
 #include <thread>
@@ -71,6 +73,24 @@ void KVConversionQueue::setConversions(const List &conversions) {
     const std::scoped_lock lock(_fieldsMutex);
     _operations = conversions;
     _areMediaURLsKnown = false;
+}
+
+bool KVConversionQueue::edit(const List &rows, const std::function<void()> &change) {
+    const auto present = conversions();
+    {
+        const std::scoped_lock lock(_lock);
+        const bool canEdit = std::ranges::all_of(
+            rows, [&](const auto &row) { return present.contains(row) && row->canBeChanged(); });
+        if (!canEdit) return false;
+        ++_numberOfEdits;
+    }
+    const auto endEdit = qScopeGuard([this] {
+        const std::scoped_lock lock(_lock);
+        --_numberOfEdits;
+        _pickIsPossible.notify_all();
+    });
+    change();
+    return true;
 }
 
 void KVConversionQueue::conversionDidUpdateFiles(const std::shared_ptr<KVConversion> &) {
@@ -206,6 +226,7 @@ void KVConversionQueue::_convert() {
 
     KVMainThread::syncOrNow([&] {
         _tellDelegates([&](auto &delegate) { delegate.conversionQueueDidFinishAllConversions(self); });
+        _tellDelegatesIfIdle();
     });
     KVMainThread::after(
         0.1, [self] { KVNotificationCenter::defaultCenter().post(ConversionQueueDidFinish, self); });
@@ -223,7 +244,8 @@ void KVConversionQueue::_conversionThread() {
 
 std::unique_lock<std::mutex> KVConversionQueue::_lockForPick() {
     std::unique_lock lock(_lock);
-    _pickIsPossible.wait(lock, [this] { return !_isSettlingDestination || _isQuitting; });
+    _pickIsPossible.wait(lock,
+                         [this] { return (!_isSettlingDestination && _numberOfEdits == 0) || _isQuitting; });
     return lock;
 }
 
@@ -258,11 +280,32 @@ void KVConversionQueue::_run(const std::shared_ptr<KVConversion> &conversion) {
 
 void KVConversionQueue::startConversion(const std::shared_ptr<KVConversion> &conversion) {
     selectedPreset(); // read for the first time here rather than by the worker
+    ++_numberOfSingleRuns;
     _workers.run([self = shared_from_this(), conversion] {
-        if (!self->_reserve(conversion)) return;
-        self->_run(conversion);
-        KVMainThread::async([self] { self->start(); });
+        const bool hasRun = self->_reserve(conversion);
+        if (hasRun) self->_run(conversion);
+        KVMainThread::async([self, hasRun] {
+            --self->_numberOfSingleRuns;
+            if (!hasRun) return;
+            self->start();
+            self->_tellDelegatesIfIdle();
+        });
     });
+}
+
+void KVConversionQueue::_tellDelegatesIfIdle() {
+    if (isAnythingRunning()) return;
+    _tellDelegates(
+        [self = shared_from_this()](auto &delegate) { delegate.conversionQueueDidBecomeIdle(self); });
+}
+
+bool KVConversionQueue::isAnythingRunning() const {
+    if (isWorking() || _numberOfSingleRuns > 0) return true;
+    {
+        const std::scoped_lock lock(_lock);
+        if (_isStarting && !_isSettlingDestination) return true;
+    }
+    return !_runningConversions().isEmpty();
 }
 
 // Quitting
@@ -321,7 +364,7 @@ void KVConversionQueue::conversionWillStartExecuting(const std::shared_ptr<KVCon
 }
 
 void KVConversionQueue::conversionDidFinishExecuting(const std::shared_ptr<KVConversion> &conversion) {
-    const bool wasSuccessful = conversion->conversionWasSuccessful;
+    const bool wasSuccessful = conversion->hasSucceeded();
     _tellDelegates([&, self = shared_from_this()](auto &delegate) {
         if (wasSuccessful)
             delegate.conversionQueueDidSuccessfullyFinishConversion(self, conversion);

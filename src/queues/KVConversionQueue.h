@@ -11,6 +11,7 @@
 
 #include <atomic>
 #include <condition_variable>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -30,6 +31,9 @@ class KVConversionQueueDelegate {
     virtual void conversionQueueDidSuccessfullyFinishConversion(const Queue &, const Conversion &) {}
     virtual void conversionQueueWillStartConversion(const Queue &, const Conversion &) {}
     virtual void conversionQueueDidFinishAllConversions(const Queue &) {}
+    /// Nothing of the queue executes or is paused any more, whoever started it. Comes last, once per period
+    /// of work: also after a row that was started by itself.
+    virtual void conversionQueueDidBecomeIdle(const Queue &) {}
 };
 
 /// Decides which conversion runs, when, on which thread and how many at once. One queue per media type; they
@@ -93,9 +97,18 @@ class KVConversionQueue : public KVConversionHost,
 
     /// All rows in display order, finished ones included until removed. A snapshot; any thread.
     List conversions() const;
+    /// Runs `change` at once if all `rows` are in this queue and can be changed; false, with nothing done, if
+    /// not. No worker picks a row meanwhile, so that none of them starts half-way: for merging and the like.
+    /// The main thread may ask the user inside; what can be changed stays so until `change` has returned.
+    bool edit(const List &rows, const std::function<void()> &change);
     /// Replaces the rows: for reordering and merging.
     void setConversions(const List &conversions);
 
+    /// True while any conversion of any queue executes or is paused, also one that was started by itself, and
+    /// while a run of a queue goes on. Any thread.
+    static bool isAnyConversionRunning();
+    /// The same of this queue alone.
+    bool isAnythingRunning() const;
     /// True while workers are alive. Any thread.
     bool isWorking() const { return _threadLock.condition() > 0; }
 
@@ -119,6 +132,7 @@ class KVConversionQueue : public KVConversionHost,
     std::unique_lock<std::mutex> _lockForPick();
     std::shared_ptr<KVConversion> _reserveNextConversion();
     bool _reserve(const std::shared_ptr<KVConversion> &conversion);
+    void _tellDelegatesIfIdle();
     void _run(const std::shared_ptr<KVConversion> &conversion);
     List _runningConversions() const;
     bool _containsMedia(const QUrl &url) const;
@@ -132,6 +146,7 @@ class KVConversionQueue : public KVConversionHost,
     mutable std::mutex _lock; ///< Guards the pick of the next conversion and the two flags below.
     std::condition_variable _pickIsPossible;
     bool _isSettlingDestination = false; ///< Workers wait, as long as the user is being asked.
+    int _numberOfEdits = 0;              ///< Workers wait, as long as rows are being changed.
     bool _isQuitting = false;            ///< Nothing is picked or started any more.
     bool _isStarting = false;            ///< From `start` until the workers are counted.
 
@@ -139,6 +154,7 @@ class KVConversionQueue : public KVConversionHost,
     KVConditionLock _threadLock; ///< Its condition is the number of live workers.
     KVWorkerThreads _workers;
     std::atomic<int> _maximumNumberOfConcurrentConversions = 0;
+    std::atomic<int> _numberOfSingleRuns = 0; ///< Of rows that were started by themselves.
 
     mutable std::mutex _fieldsMutex; ///< Guards the fields below; held for a copy only.
     List _operations;

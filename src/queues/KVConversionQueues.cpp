@@ -53,6 +53,11 @@ bool KVConversionQueue::isAnyQueueWorking() {
     return std::ranges::any_of(allQueues(), [](const auto &queue) { return queue->isWorking(); });
 }
 
+bool KVConversionQueue::isAnyConversionRunning() {
+    return std::ranges::any_of(_existingQueues(),
+                               [](const auto &queue) { return queue->isAnythingRunning(); });
+}
+
 double KVConversionQueue::totalProgress() {
     double sum = 0;
     qsizetype count = 0;

@@ -117,7 +117,7 @@ TEST_F(KVAudioConversionTest, EndsChildrenThatDoNotListen) {
     EXPECT_EQ(errors.size(), 0u);
 }
 
-TEST_F(KVAudioConversionTest, EndsWellWithoutAnyTaskWhenCancelledBeforeTheStart) {
+TEST_F(KVAudioConversionTest, RunsNoTaskWhenCancelledBeforeTheStart) {
     const auto conversion = add("good.wav");
     conversion->cancel();
     QStringList notifications;
@@ -129,7 +129,9 @@ TEST_F(KVAudioConversionTest, EndsWellWithoutAnyTaskWhenCancelledBeforeTheStart)
     runToEnd();
     EXPECT_EQ(notifications, (QStringList{"start", "finish"}));
     EXPECT_TRUE(conversion->conversionWasSuccessful);
-    EXPECT_EQ(conversion->statusString(), "Done.");
+    EXPECT_FALSE(conversion->hasSucceeded()); // and so nothing shows it as done
+    EXPECT_EQ(conversion->estimatedTimeString(), "User cancelled.");
+    EXPECT_EQ(conversion->statusString(), QString());
     EXPECT_FALSE(QFile::exists(path("runs")));
 }
 

@@ -93,25 +93,17 @@ void stopChild(const std::shared_ptr<KVFFmpegTask> &task) {
 // Where to
 
 bool KVAudioConversion::performTaskNumber(int) {
-    const auto preset = presetInForce();
-    const auto folder = _destinationFolder();
+    const auto &work = _inWork();
+    const auto folder = work.fixedOrSourceFolder();
     if (!folder) {
         _recordError({}, "No output URL is set.", 1);
         return false;
     }
-    return convertFiles(mediaFiles(), _destination(*folder, *preset), preset, true);
-}
-
-std::optional<QUrl> KVAudioConversion::_destinationFolder() const {
-    if (auto fixed = queue()->outputDirectoryURL()) return fixed;
-    const auto files = mediaFiles();
-    if (files.isEmpty() || !KVPreferences::shared().boolean(KVPreferenceKeys::SaveToSourceFolder, true))
-        return std::nullopt;
-    return KVFileManager::deletingLastPathComponent(files.first()->url());
+    return convertFiles(work.files, _destination(*folder, *work.preset), work.preset, true);
 }
 
 QUrl KVAudioConversion::_destination(const QUrl &folder, const KVPreset &preset) const {
-    const QUrl source = mediaFiles().first()->url();
+    const QUrl source = _inWork().files.first()->url();
     const auto output = outputURL();
     const QString baseName = outputFileName().value_or(
         KVFileManager::deletingPathExtension(KVFileManager::lastPathComponent(output.value_or(source))));
@@ -245,7 +237,7 @@ void KVAudioConversion::performPostConversionTasks() {
 /// No file system call here sets the date of creation, so the output takes over the date that people see: it
 /// counts as changed and read when its source was changed.
 void KVAudioConversion::_preserveCreationDate() const {
-    const auto files = mediaFiles();
+    const auto &files = _inWork().files;
     const auto output = outputURL();
     if (files.isEmpty() || !output) return;
     const auto date = KVFileManager::modificationDate(files.last()->url());

@@ -46,8 +46,6 @@ class KVAudioConversion : public KVConversion {
     /// All chunks so far, each followed by a line feed. Worker thread.
     QString _taskOutputString() const { return QString::fromUtf8(_taskOutput); }
 
-    std::optional<QUrl> _destinationFolder() const;
-
   private:
     QUrl _destination(const QUrl &folder, const KVPreset &preset) const;
     bool _convert(const KVAudioFileList &files, const KVPresetTask &made, KVMediaFileType type,

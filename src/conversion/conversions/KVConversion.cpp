@@ -9,6 +9,7 @@
 #include "kvcore/KVMainThread.h"
 #include "kvcore/KVTime.h"
 #include "platform/KVFileManager.h"
+#include "util/KVPreferenceKeys.h"
 
 std::shared_ptr<KVConversion>
 KVConversion::conversionWithMediaFile(const std::shared_ptr<KVMediaFile> &file) {
@@ -34,7 +35,11 @@ KVConversion::KVConversion(const KVMediaFileList &mediaFiles)
 KVConversion::~KVConversion() = default;
 
 void KVConversion::start() {
-    state = KVConversionState::executing;
+    // On the main thread, where files, presets and queues are changed.
+    KVMainThread::syncOrNow([this] {
+        _takeSnapshot();
+        state = KVConversionState::executing;
+    });
     _isExecuting = true;
     main();
     _isExecuting = false;
@@ -45,20 +50,40 @@ void KVConversion::start() {
     _finished.notify_all();
 }
 
+void KVConversion::_takeSnapshot() {
+    const auto owner = queue();
+    if (!owner) KVFatalError("A conversion cannot run without its queue!");
+    const auto preset = presetInForce();
+    auto snapshot = std::make_shared<KVConversionSnapshot>();
+    for (const auto &file : mediaFiles())
+        snapshot->files += file->snapshot();
+    snapshot->preset = preset->snapshot();
+    snapshot->outputDirectoryURL = owner->outputDirectoryURL();
+    snapshot->savesToSourceFolder =
+        KVPreferences::shared().boolean(KVPreferenceKeys::SaveToSourceFolder, true);
+    snapshot->numberOfTasks = numberOfTasks();
+    auto shownPreset = preset->snapshot();
+
+    const std::scoped_lock lock(_mutex);
+    _snapshot = std::move(snapshot);
+    _shownPreset = std::move(shownPreset);
+    if (_customPreset) _customPreset = _shownPreset;
+}
+
 void KVConversion::main() {
     const auto self = shared_from_this();
     KVMainThread::async([self] { KVNotificationCenter::defaultCenter().post(ConversionDidStart, self); });
     _tellDelegates(
         [](auto &delegate, const auto &conversion) { delegate.conversionWillStartExecuting(conversion); });
-    if (!queue()) KVFatalError("A conversion cannot run without its queue!");
     _addKnownWarnings();
 
-    // A conversion that was cancelled between two tasks, or before the first, ends well.
-    _hasFailed = !_performAllTasks();
-    if (!_hasFailed) {
-        conversionWasSuccessful = true;
-        setStatusString(KVLocalizationCenter::localized("Done."));
-    }
+    // A conversion that was cancelled between two tasks, or before the first, ends on the path of success
+    // without having succeeded.
+    const bool isDone = _performAllTasks();
+    _hasFailed = !isDone;
+    _hasSucceeded = isDone && !_wasCutShort;
+    if (isDone) conversionWasSuccessful = true;
+    if (_hasSucceeded) setStatusString(KVLocalizationCenter::localized("Done."));
 
     _tellDelegates(
         [](auto &delegate, const auto &conversion) { delegate.conversionDidFinishExecuting(conversion); });
@@ -68,17 +93,20 @@ void KVConversion::main() {
 
 /// What is known to be lost before anything has run.
 void KVConversion::_addKnownWarnings() {
-    const auto files = mediaFiles();
-    for (const auto &file : files)
+    for (const auto &file : _inWork().files)
         for (const QString &warning : file->warnings)
             addWarning(warning);
-    for (const QString &warning : presetInForce()->warningsForFiles(files))
+    for (const QString &warning : _inWork().preset->warningsForFiles(_inWork().files))
         addWarning(warning);
 }
 
 bool KVConversion::_performAllTasks() {
-    const int count = numberOfTasks();
-    for (int number = 0; number < count && !isCancelled(); ++number) {
+    const int count = _inWork().numberOfTasks;
+    for (int number = 0; number < count; ++number) {
+        if (isCancelled()) {
+            _wasCutShort = true;
+            break;
+        }
         currentSubtask = number;
         progressOfCurrentTask = 0;
         if (!performTaskNumber(number)) return false;
@@ -91,7 +119,7 @@ bool KVConversion::performTaskNumber(int) {
 }
 
 void KVConversion::cancel() {
-    _isCancelled = true;
+    if (!isFinished()) _isCancelled = true;
 }
 
 void KVConversion::resume() {
@@ -104,6 +132,10 @@ void KVConversion::waitUntilFinished() {
 }
 
 std::shared_ptr<KVPreset> KVConversion::presetInForce() const {
+    {
+        const std::scoped_lock lock(_mutex);
+        if (_shownPreset) return _shownPreset;
+    }
     if (auto custom = customPreset()) return custom;
     const auto owner = queue();
     auto preset = owner ? owner->selectedPreset() : nullptr;
@@ -117,7 +149,8 @@ double KVConversion::overallValue() const {
     if (isFinished()) return 1;
     const double tasksDone = progressOfCurrentTask + currentSubtask;
     if (tasksDone == 0) return 0; // asked of every waiting row, for each report of a running one
-    return tasksDone / static_cast<double>(numberOfTasks());
+    const auto running = snapshot();
+    return tasksDone / static_cast<double>(running ? running->numberOfTasks : numberOfTasks());
 }
 
 void KVConversion::notifyDelegatesAboutProgress() {
@@ -135,8 +168,9 @@ void KVConversion::notifyDelegatesAboutProgress() {
 QString KVConversion::estimatedTimeString() const {
     switch (state.load()) {
     case KVConversionState::finished:
-        return conversionWasSuccessful ? KVLocalizationCenter::localized("Done!")
-                                       : KVLocalizationCenter::localized("Error converting.");
+        if (hasSucceeded()) return KVLocalizationCenter::localized("Done!");
+        return isCancelled() ? KVLocalizationCenter::localized("User cancelled.")
+                             : KVLocalizationCenter::localized("Error converting.");
     case KVConversionState::waitingToStart:
         return KVLocalizationCenter::localized("Waiting to start...");
     case KVConversionState::executing:
@@ -156,7 +190,7 @@ void KVConversion::_tellDelegates(
 
 void KVConversion::_recordError(const QStringList &arguments, const QString &output, int status,
                                 const QString &reason) {
-    const KVConversionError error{mediaFiles(), presetInForce(), arguments, output, status, reason};
+    const KVConversionError error{_inWork().files, _inWork().preset, arguments, output, status, reason};
     {
         const std::scoped_lock lock(_mutex);
         if (!_failure) _failure = error;
@@ -186,9 +220,12 @@ std::shared_ptr<KVPreset> KVConversion::customPreset() const {
     return _customPreset;
 }
 
-void KVConversion::setCustomPreset(const std::shared_ptr<KVPreset> &preset) {
+bool KVConversion::setCustomPreset(const std::shared_ptr<KVPreset> &preset) {
+    const auto original = preset ? preset->original() : nullptr;
     const std::scoped_lock lock(_mutex);
-    _customPreset = preset;
+    if (!canBeChanged()) return false;
+    _customPreset = original ? original : preset;
+    return true;
 }
 
 KVMediaFileList KVConversion::mediaFiles() const {
@@ -196,9 +233,26 @@ KVMediaFileList KVConversion::mediaFiles() const {
     return _mediaFiles;
 }
 
-void KVConversion::setMediaFiles(const KVMediaFileList &files) {
+bool KVConversion::setMediaFiles(const KVMediaFileList &files) {
     const std::scoped_lock lock(_mutex);
+    if (!canBeChanged()) return false;
     _mediaFiles = files;
+    return true;
+}
+
+bool KVConversion::canBeChanged() const {
+    return state == KVConversionState::waitingToStart && !isReserved;
+}
+
+std::shared_ptr<const KVConversionSnapshot> KVConversion::snapshot() const {
+    const std::scoped_lock lock(_mutex);
+    return _snapshot;
+}
+
+const KVConversionSnapshot &KVConversion::_inWork() const {
+    const std::scoped_lock lock(_mutex);
+    if (!_snapshot) KVFatalError("A conversion works with the snapshot of its start!");
+    return *_snapshot; // set once, and lives as long as the conversion
 }
 
 std::optional<QUrl> KVConversion::outputURL() const {
@@ -226,12 +280,14 @@ std::optional<QString> KVConversion::outputFileName() const {
     return _outputFileName;
 }
 
-void KVConversion::setOutputFileName(const std::optional<QString> &name) {
+bool KVConversion::setOutputFileName(const std::optional<QString> &name) {
     const std::scoped_lock lock(_mutex);
+    if (!canBeChanged() && !isFinished()) return false;
     _outputFileName = name;
     if (name && _outputURL)
         _outputURL = KVFileManager::appendingPathComponent(
             KVFileManager::deletingLastPathComponent(*_outputURL), *name);
+    return true;
 }
 
 std::shared_ptr<KVConversionHost> KVConversion::queue() const {

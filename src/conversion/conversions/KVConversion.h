@@ -2,6 +2,7 @@
 
 #include "conversion/conversions/KVConversionDelegate.h"
 #include "conversion/conversions/KVConversionHost.h"
+#include "conversion/conversions/KVConversionSnapshot.h"
 #include "core/KVErrorCenter.h"
 #include "core/KVQueueNotifications.h"
 #include "kvcore/KVWeakArray.h"
@@ -24,8 +25,9 @@ enum class KVConversionState { waitingToStart, executing, paused, finished };
 /// fixed sequence of numbered tasks on the worker that called `start`. A conversion never schedules itself
 /// and is never run twice.
 ///
-/// Display data (state, progress, times, texts) may be read from any thread. `mediaFiles` and `customPreset`
-/// are changed on the main thread before the start.
+/// What it works with is fixed at its start: see `snapshot`. Until a worker has claimed it, its files, preset
+/// and names are changed on the main thread; from then on every change is refused. Display data (state,
+/// progress, times, texts) may be read from any thread.
 class KVConversion : public std::enable_shared_from_this<KVConversion> {
   public:
     /// A new conversion of the class that fits the file's type.
@@ -44,13 +46,23 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
     std::atomic<double> progressOfCurrentTask = 0; ///< 0 to 1; not clamped.
     std::atomic<KVConversionState> state = KVConversionState::waitingToStart;
 
-    /// The preset that overrides the queue's for this row. Whoever sets it tells the delegates.
-    std::shared_ptr<KVPreset> customPreset() const;
-    void setCustomPreset(const std::shared_ptr<KVPreset> &preset);
+    /// True while it waits and no worker has claimed it. To keep it so during a change of several rows, see
+    /// `KVConversionQueue::edit`. Any thread.
+    bool canBeChanged() const;
 
-    /// Whoever changes them tells the delegates.
+    /// The preset that overrides the queue's for this row; empty if none does. From the start on it is a copy
+    /// of the preset as it runs, whose `original` is the one that was set. The caller notifies the delegates
+    /// of a change. Setting a copy sets its original. False if the row can no longer be changed.
+    std::shared_ptr<KVPreset> customPreset() const;
+    bool setCustomPreset(const std::shared_ptr<KVPreset> &preset);
+
+    /// The row's files. The list no longer changes after the start, but the worker reads copies of the files.
+    /// The caller notifies the delegates of a change. False if the row can no longer be changed.
     KVMediaFileList mediaFiles() const;
-    void setMediaFiles(const KVMediaFileList &files);
+    bool setMediaFiles(const KVMediaFileList &files);
+
+    /// What runs or ran; null before the start. Any thread.
+    std::shared_ptr<const KVConversionSnapshot> snapshot() const;
 
     /// The output, known once the task has been built.
     std::optional<QUrl> outputURL() const;
@@ -61,9 +73,9 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
     void setStatusString(const QString &text);
 
     /// The output's name without extension as the user chose it; also renames a known `outputURL`, with no
-    /// extension added.
+    /// extension added. False from the moment that a worker has claimed the row until its end.
     std::optional<QString> outputFileName() const;
-    void setOutputFileName(const std::optional<QString> &name);
+    bool setOutputFileName(const std::optional<QString> &name);
 
     /// The owning queue, held strongly; its absence at run time is a programming error.
     std::shared_ptr<KVConversionHost> queue() const;
@@ -71,12 +83,14 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
 
     KVWeakArray<KVConversionDelegate> &delegates() { return _delegates; }
 
-    /// The custom preset, else the queue's.
+    /// The custom preset, otherwise the queue's. From the start on a copy of the preset as it runs; the
+    /// worker has another one.
     std::shared_ptr<KVPreset> presetInForce() const;
 
-    /// Runs `main` on the calling thread and returns when it has returned.
+    /// Takes the snapshot on the main thread, then runs `main` on the calling thread and returns when it has
+    /// returned.
     virtual void start();
-    /// Any thread; the conversion still ends by itself, on its worker.
+    /// Any thread; the conversion still ends by itself, on its worker. Changes nothing once it has finished.
     virtual void cancel();
     /// For quitting: ends every child at once, also those that `cancel` does not reach. Any thread.
     virtual void killChildren() {}
@@ -85,6 +99,9 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
     /// True once a task has failed. `conversionWasSuccessful` may say otherwise: it keeps an earlier task's
     /// success.
     bool hasFailed() const { return _hasFailed; }
+    /// True once all tasks have succeeded. Unlike `conversionWasSuccessful`, never true of a conversion that
+    /// was cancelled before its result was complete or that failed after a successful task. Any thread.
+    bool hasSucceeded() const { return _hasSucceeded; }
     bool isFinished() const { return state == KVConversionState::finished; }
 
     /// What failed; empty if nothing did or if the user cancelled. Any thread.
@@ -114,6 +131,9 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
   protected:
     virtual void main();
 
+    /// The snapshot; without one, before the start, a programming error.
+    const KVConversionSnapshot &_inWork() const;
+
     /// Records a failure in the error centre and keeps the first one for `failure`. `reason` is for failures
     /// without a child's text; it is not part of the report.
     void _recordError(const QStringList &arguments, const QString &output, int status,
@@ -124,6 +144,7 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
     _tellDelegates(std::function<void(KVConversionDelegate &, const std::shared_ptr<KVConversion> &)> call);
 
   private:
+    void _takeSnapshot();
     void _addKnownWarnings();
     bool _performAllTasks();
 
@@ -136,12 +157,16 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
     QString _statusString;
     std::optional<QString> _outputFileName;
     std::shared_ptr<KVConversionHost> _queue;
+    std::shared_ptr<const KVConversionSnapshot> _snapshot;
+    std::shared_ptr<KVPreset> _shownPreset; ///< From the start on; a copy apart from the snapshot's.
     std::optional<KVConversionError> _failure;
     QStringList _warnings;
     bool _hasFinished = false;
     std::atomic<bool> _isCancelled = false;
     std::atomic<bool> _isExecuting = false;
     std::atomic<bool> _hasFailed = false;
+    std::atomic<bool> _hasSucceeded = false;
+    bool _wasCutShort = false; ///< Cancelled with tasks left, or without a result. Worker thread.
     std::atomic<double> _newestProgress = 0; ///< What the delivery that is under way will carry.
     std::atomic<bool> _isProgressDeliveryPending = false;
 };

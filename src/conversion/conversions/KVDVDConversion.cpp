@@ -8,5 +8,5 @@ bool KVDVDConversion::performTaskNumber(int number) {
 }
 
 QUrl KVDVDConversion::_dvdFolderURL() const {
-    return mediaFiles().last()->url();
+    return _inWork().files.last()->url();
 }

@@ -5,7 +5,6 @@
 #include "kvcore/KVMainThread.h"
 #include "platform/KVFileManager.h"
 #include "presets/picture/KVPicturePreset.h"
-#include "util/KVPreferenceKeys.h"
 #include "video_info/media_file/KVPictureFile.h"
 
 namespace {
@@ -20,10 +19,10 @@ std::shared_ptr<Wanted> required(const std::shared_ptr<Given> &object, const cha
 } // namespace
 
 bool KVPictureConversion::performTaskNumber(int) {
-    const auto files = mediaFiles();
+    const auto &files = _inWork().files;
     const auto file = required<KVPictureFile>(files.isEmpty() ? nullptr : files.last(),
                                               "A picture conversion needs a picture file!");
-    const auto preset = presetInForce();
+    const auto &preset = _inWork().preset;
     const auto folder = _destinationFolder(*file);
     if (!folder) {
         _recordError({}, "No output URL is set.", 1);
@@ -44,7 +43,6 @@ bool KVPictureConversion::performTaskNumber(int) {
 }
 
 std::optional<QUrl> KVPictureConversion::_destinationFolder(const KVMediaFile &file) const {
-    if (KVPreferences::shared().boolean(KVPreferenceKeys::SaveToSourceFolder, true))
-        return KVFileManager::deletingLastPathComponent(file.url());
-    return queue()->outputDirectoryURL();
+    if (_inWork().savesToSourceFolder) return KVFileManager::deletingLastPathComponent(file.url());
+    return _inWork().outputDirectoryURL;
 }

@@ -47,9 +47,12 @@ bool isASCIILetterOrDigit(QChar character) {
 
 void KVVideoConversion::start() {
     const auto files = mediaFiles();
-    if (dvdName() == unnamedDisc && !files.isEmpty())
-        setDVDName(
-            KVFileManager::deletingPathExtension(KVFileManager::lastPathComponent(files.first()->url())));
+    {
+        const std::scoped_lock lock(_discMutex);
+        if (_dvdName == unnamedDisc && !files.isEmpty())
+            _dvdName =
+                KVFileManager::deletingPathExtension(KVFileManager::lastPathComponent(files.first()->url()));
+    }
     KVAudioConversion::start();
 }
 
@@ -67,7 +70,7 @@ bool KVVideoConversion::performTaskNumber(int number) {
         KVFileManager::createDirectory(*_stitchingTemporaryURL);
     }
 
-    const auto files = mediaFiles();
+    const auto &files = _inWork().files;
     if (number < files.size()) return convertFiles({files[number]}, *_stitchingTemporaryURL, preset, false);
     if (number == files.size()) return _authorDVD();
     if (number == files.size() + 1) return _createISOImage();
@@ -76,7 +79,8 @@ bool KVVideoConversion::performTaskNumber(int number) {
 }
 
 std::shared_ptr<KVDVDPreset> KVVideoConversion::_dvdPreset() const {
-    return std::dynamic_pointer_cast<KVDVDPreset>(presetInForce());
+    const auto running = snapshot();
+    return std::dynamic_pointer_cast<KVDVDPreset>(running ? running->preset : presetInForce());
 }
 
 void KVVideoConversion::_handleTaskOutputForMediaFiles(const KVAudioFileList &files) {
@@ -235,9 +239,7 @@ std::optional<KVVideoConversion::Image> KVVideoConversion::_image() const {
 }
 
 std::optional<QUrl> KVVideoConversion::_imageFolder() const {
-    if (KVPreferences::shared().boolean(KVPreferenceKeys::SaveToSourceFolder, true))
-        return KVFileManager::deletingLastPathComponent(mediaFiles().first()->url());
-    if (auto folder = queue()->outputDirectoryURL()) return folder;
+    if (auto folder = _inWork().sourceOrFixedFolder()) return folder;
     const auto chosen = KVUserQuestion::runModalOnMainThread(KVOpenPanel());
     return chosen.isEmpty() ? std::nullopt : std::optional(chosen.first());
 }
@@ -267,7 +269,9 @@ QString KVVideoConversion::dvdName() const {
     return _dvdName;
 }
 
-void KVVideoConversion::setDVDName(const QString &name) {
+bool KVVideoConversion::setDVDName(const QString &name) {
+    if (!canBeChanged()) return false;
     const std::scoped_lock lock(_discMutex);
     _dvdName = name;
+    return true;
 }

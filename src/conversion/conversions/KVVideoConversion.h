@@ -15,9 +15,10 @@ class KVVideoConversion : public KVAudioConversion {
   public:
     using KVAudioConversion::KVAudioConversion;
 
-    /// The name of the disc; the first file's, unless it was set before the start.
+    /// The name of the disc; the first file's, unless it was set before the start. False if the row can no
+    /// longer be changed.
     QString dvdName() const;
-    void setDVDName(const QString &name);
+    bool setDVDName(const QString &name);
 
     void start() override;
     int numberOfTasks() const override;

@@ -20,6 +20,7 @@ class KVAudioFile : public KVMediaFile {
     bool isDRMProtected() const override;
     QString description() const override;
     void loadThumbnail(const ThumbnailCompletion &completion) override;
+    std::shared_ptr<KVMediaFile> snapshot() const override { return std::make_shared<KVAudioFile>(*this); }
     KVMediaFileType mediaFileType() const override { return KVMediaFileType::audio; }
 
   private:

@@ -7,5 +7,6 @@ class KVDVDFile : public KVMediaFile {
   public:
     using KVMediaFile::KVMediaFile;
 
+    std::shared_ptr<KVMediaFile> snapshot() const override { return std::make_shared<KVDVDFile>(*this); }
     KVMediaFileType mediaFileType() const override { return KVMediaFileType::dvd; }
 };

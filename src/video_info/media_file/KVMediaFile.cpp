@@ -154,6 +154,10 @@ KVMediaFile::KVMediaFile(const QUrl &url)
 
 KVMediaFile::~KVMediaFile() = default;
 
+std::shared_ptr<KVMediaFile> KVMediaFile::snapshot() const {
+    KVFatalError("snapshot");
+}
+
 bool KVMediaFile::isDRMProtected() const {
     return contains(protectedExtensions, lowerCasedExtension(_url));
 }

@@ -21,8 +21,8 @@ inline const QString KVMediaFileErrorDomain = QStringLiteral("KVMediaFileErrorDo
 inline constexpr KVNotificationName<KVMediaFile> KVMediaFileDidLoadThumbnail{
     "KVMediaFileDidLoadThumbnailNotification"};
 
-/// A file that the program can take in. Identity is equality. All fields are written during construction;
-/// later only `thumbnail`, on the main thread.
+/// A file that the program can convert. Identity is equality. All fields are written during construction;
+/// later only `thumbnail` and what the user chooses (tracks, subtitles), on the main thread.
 class KVMediaFile : public KVStillFrameSource, public std::enable_shared_from_this<KVMediaFile> {
   public:
     using ThumbnailResult = KVResult<QImage>;
@@ -39,8 +39,10 @@ class KVMediaFile : public KVStillFrameSource, public std::enable_shared_from_th
 
     explicit KVMediaFile(const QUrl &url);
     ~KVMediaFile() override;
-    KVMediaFile(const KVMediaFile &) = delete;
     KVMediaFile &operator=(const KVMediaFile &) = delete;
+
+    /// Returns a new object with the same values, independent of later changes of this one. Main thread.
+    virtual std::shared_ptr<KVMediaFile> snapshot() const;
 
     /// The file; for a DVD the folder that encloses VIDEO_TS.
     QUrl url() const { return _url; }
@@ -66,6 +68,9 @@ class KVMediaFile : public KVStillFrameSource, public std::enable_shared_from_th
     /// there is none.
     QByteArray thumbnail;
     static QByteArray compressedThumbnail(const QImage &image);
+
+  protected:
+    KVMediaFile(const KVMediaFile &) = default;
 
   private:
     QUrl _url;

@@ -14,6 +14,7 @@ class KVPictureFile : public KVMediaFile {
     double width = 0;
     std::optional<KVError> readingError; ///< Why the image cannot be read, in the user's language.
 
+    std::shared_ptr<KVMediaFile> snapshot() const override { return std::make_shared<KVPictureFile>(*this); }
     KVMediaFileType mediaFileType() const override { return KVMediaFileType::picture; }
 
     using KVMediaFile::loadThumbnail;

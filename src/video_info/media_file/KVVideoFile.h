@@ -21,6 +21,7 @@ class KVVideoFile : public KVAudioFile {
 
     bool isDRMProtected() const override;
     QString description() const override;
+    std::shared_ptr<KVMediaFile> snapshot() const override { return std::make_shared<KVVideoFile>(*this); }
     KVMediaFileType mediaFileType() const override { return KVMediaFileType::video; }
     std::optional<double> stillFrameVideoSeconds() const override { return seconds; }
 };

@@ -105,6 +105,6 @@ TEST_F(KVPictureConversionTest, RecordsWhyThereIsNoFile) {
     for (const auto &error : errors) {
         EXPECT_EQ(error.terminationStatus, 1);
         EXPECT_EQ(error.taskArguments, QStringList());
-        EXPECT_EQ(error.targetPreset, host->preset);
+        EXPECT_EQ(error.targetPreset->original(), host->preset);
     }
 }

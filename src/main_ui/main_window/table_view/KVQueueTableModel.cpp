@@ -130,7 +130,7 @@ QVariant KVQueueTableModel::data(const QModelIndex &index, int role) const {
     case stateRole:
         return int(row.conversion->state.load());
     case isSuccessfulRole:
-        return row.conversion->conversionWasSuccessful.load();
+        return row.conversion->hasSucceeded();
     case stopTitleRole:
         return tableRow.stopButtonTitle(_isOptionKeyDown);
     default:
