@@ -981,5 +981,57 @@ Ausgabe in Teilen.</translation>
     <source>iPhone Ringtone</source>
     <translation>iPhone Ringtone</translation>
   </message>
+  <message>
+    <source>Only %@ of %@ was converted: the source is incomplete.</source>
+    <translation>Nur %@ von %@ wurde konvertiert: Die Quelle ist unvollständig.</translation>
+  </message>
+  <message>
+    <source>Only %@ of %@ was converted: the source is damaged.</source>
+    <translation>Nur %@ von %@ wurde konvertiert: Die Quelle ist beschädigt.</translation>
+  </message>
+  <message>
+    <source>The source is damaged in one place.</source>
+    <translation>Die Quelle ist an einer Stelle beschädigt.</translation>
+  </message>
+  <message>
+    <source>The source is damaged in %i places.</source>
+    <translation>Die Quelle ist an %i Stellen beschädigt.</translation>
+  </message>
+  <message>
+    <source>The result has no picture although the source has one.</source>
+    <translation>Das Ergebnis hat kein Bild, obwohl die Quelle eines hat.</translation>
+  </message>
+  <message>
+    <source>The result has no sound although the source has.</source>
+    <translation>Das Ergebnis hat keinen Ton, obwohl die Quelle welchen hat.</translation>
+  </message>
+  <message>
+    <source>The result has only %i of %i audio tracks.</source>
+    <translation>Das Ergebnis hat nur %i von %i Tonspuren.</translation>
+  </message>
+  <message>
+    <source>The result has no subtitles although the source has.</source>
+    <translation>Das Ergebnis hat keine Untertitel, obwohl die Quelle welche hat.</translation>
+  </message>
+  <message>
+    <source>The picture of the result has %i x %i instead of %i x %i pixels.</source>
+    <translation>Das Bild des Ergebnisses hat %i x %i statt %i x %i Pixel.</translation>
+  </message>
+  <message>
+    <source>The result is empty: nothing in the source could be converted.</source>
+    <translation>Das Ergebnis ist leer: Nichts in der Quelle ließ sich konvertieren.</translation>
+  </message>
+  <message>
+    <source>The result cannot be opened.</source>
+    <translation>Das Ergebnis lässt sich nicht öffnen.</translation>
+  </message>
+  <message>
+    <source>The disc image is empty.</source>
+    <translation>Das Disc-Abbild ist leer.</translation>
+  </message>
+  <message>
+    <source>The disc image is smaller than what it should hold.</source>
+    <translation>Das Disc-Abbild ist kleiner als das, was es enthalten soll.</translation>
+  </message>
 </context>
 </TS>

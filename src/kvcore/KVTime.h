@@ -8,4 +8,8 @@ namespace KVTime {
 /// infinite, undefined) gives "--".
 QString localizedTimeString(double seconds);
 
+/// A position or duration as a clock shows it, with begun seconds dropped: "0:17", "4:00", "1:02:03".
+/// Anything that is no such time gives "--".
+QString clockText(double seconds);
+
 } // namespace KVTime

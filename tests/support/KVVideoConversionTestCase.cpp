@@ -19,7 +19,7 @@ void KVVideoConversionTestCase::SetUp() {
     KVErrorCenter::shared().setErrorObserver([this](const KVConversionError &error) {
         const std::scoped_lock lock(_mutex);
         _failures[keyOf(*error.targetPreset, error.mediaFiles)] =
-            error.taskArguments.join(' ') + "\n" + error.taskOutput.right(1500);
+            error.taskArguments.join(' ') + "\n" + error.taskOutput.right(1500) + error.reason;
     });
 }
 
@@ -45,6 +45,7 @@ std::map<QString, QString> KVVideoConversionTestCase::convert(const std::vector<
     for (std::size_t i = 0; i < jobs.size(); ++i) {
         const auto url = rows[i]->outputURL();
         outputs[jobs[i].label] = rows[i]->conversionWasSuccessful && url ? url->toLocalFile() : QString();
+        _warnings[jobs[i].label] = rows[i]->warnings();
     }
     queue->setConversions({});
     return outputs;
@@ -55,6 +56,11 @@ QString KVVideoConversionTestCase::failureOf(const QString &label) const {
     const auto key = _keys.find(label);
     const auto failure = key == _keys.end() ? _failures.end() : _failures.find(key->second);
     return failure == _failures.end() ? QString() : failure->second;
+}
+
+QStringList KVVideoConversionTestCase::warningsOf(const QString &label) const {
+    const auto warnings = _warnings.find(label);
+    return warnings == _warnings.end() ? QStringList() : warnings->second;
 }
 
 std::shared_ptr<KVVideoFile> KVVideoConversionTestCase::probed(const QString &path) {

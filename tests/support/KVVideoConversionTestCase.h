@@ -25,6 +25,8 @@ class KVVideoConversionTestCase : public KVTestCase {
     std::map<QString, QString> convert(const std::vector<Job> &jobs);
     /// What went wrong with that job: the end of what the tool said.
     QString failureOf(const QString &label) const;
+    /// What the result of that job lacks.
+    QStringList warningsOf(const QString &label) const;
 
     /// Converts what `sourceOf` gives for each row with the row's preset (`presetClass`, `settings`), all in
     /// one run, and hands the outputs to `check`, each in a trace of the row's name, `what`.
@@ -52,6 +54,7 @@ class KVVideoConversionTestCase : public KVTestCase {
 
   private:
     mutable std::mutex _mutex;
-    std::map<QString, QString> _failures; ///< By preset and first file.
-    std::map<QString, QString> _keys;     ///< By label.
+    std::map<QString, QString> _failures;     ///< By preset and first file.
+    std::map<QString, QString> _keys;         ///< By label.
+    std::map<QString, QStringList> _warnings; ///< By label.
 };

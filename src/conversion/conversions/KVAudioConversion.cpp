@@ -1,5 +1,6 @@
 #include "conversion/conversions/KVAudioConversion.h"
 
+#include "conversion/conversions/KVResultCheck.h"
 #include "core/KVHistoryCenter.h"
 #include "kvcore/KVFatalError.h"
 #include "kvcore/KVLocalizationCenter.h"
@@ -26,6 +27,7 @@ constexpr int launchFailedStatus = 127;
 constexpr int interruptedStatus = 128 + SIGINT;
 /// The tool's own for an output that could not be written.
 constexpr int writeFailedStatus = 1;
+constexpr int emptyResultStatus = 1;
 
 class RunningChild : public KVLiveCount<RunningChild> {};
 
@@ -48,20 +50,6 @@ KVAudioFileList audioFiles(const KVMediaFileList &files) {
         result += audioFile;
     }
     return result;
-}
-
-/// The position in seconds that a status line of the tool tells; nothing where it tells none.
-std::optional<double> positionInStatusLine(const QString &line) {
-    static const QString marker = "time=";
-    const qsizetype found = line.indexOf(marker);
-    if (found < 0) return std::nullopt;
-    const qsizetype begin = found + marker.size();
-    const qsizetype end = line.indexOf(marker, begin);
-    const QStringView time = QStringView(line).sliced(begin, (end < 0 ? line.size() : end) - begin);
-    const auto parts = time.split(':');
-    if (parts.size() < 3) return std::nullopt;
-    return KVText::doubleValue(parts[0]) * 3600 + KVText::doubleValue(parts[1]) * 60 +
-           KVText::doubleValue(parts[2]);
 }
 
 /// Some versions of the tool end with status 0 although the last of the output, or all of a short one, found
@@ -140,6 +128,7 @@ bool KVAudioConversion::_convert(const KVAudioFileList &files, const KVPresetTas
     _setTask(made.task, made.outputURL);
     const double started = secondsSince1970();
     _taskOutput.clear();
+    _report = {};
 
     _terminationStatus = _run(files, *made.task);
     const QString output = made.outputURL.toLocalFile();
@@ -147,6 +136,7 @@ bool KVAudioConversion::_convert(const KVAudioFileList &files, const KVPresetTas
     if (isFolderGone) _taskOutput += "The destination folder is gone.\n";
     if (_terminationStatus == 0 && (isFolderGone || hasLostOutput(_taskOutput, output)))
         _terminationStatus = writeFailedStatus;
+    if (_terminationStatus == 0) _checkResult(files, made);
     const bool isDone = _terminationStatus == 0;
     if (isDone) {
         if (made.claim && !isCancelled()) made.claim->keep();
@@ -165,6 +155,25 @@ bool KVAudioConversion::_convert(const KVAudioFileList &files, const KVPresetTas
     KVLog("Conversion lasted " + QString::number(secondsSince1970() - started));
     _setTask(nullptr, std::nullopt);
     return isDone;
+}
+
+/// A result without content is a failure; what else it lacks is a warning.
+void KVAudioConversion::_checkResult(const KVAudioFileList &files, const KVPresetTask &made) {
+    const auto plan = KVResultPlan::forFiles(files, made.task->arguments());
+    const auto run = [&](const QStringList &arguments) {
+        const auto probe = KVFFmpegTask::create(arguments);
+        if (!probe || isCancelled()) return QByteArray();
+        _setTask(*probe, made.outputURL); // a cancel reaches it
+        const QByteArray output = (*probe)->launchAndGetAllOutputData();
+        _setTask(made.task, made.outputURL);
+        return isCancelled() ? QByteArray() : output;
+    };
+    const auto verdict = KVResultCheck::check(plan, made.outputURL.toLocalFile(), _report, run);
+    if (isCancelled()) return;
+    for (const QString &warning : verdict.warnings)
+        addWarning(warning);
+    _failureReason = verdict.failure;
+    if (!verdict.failure.isEmpty()) _terminationStatus = emptyResultStatus;
 }
 
 int KVAudioConversion::numberOfRunningChildren() {
@@ -196,6 +205,7 @@ void KVAudioConversion::_handleTaskOutputForMediaFiles(const KVAudioFileList &fi
     while (handle && task->process().isRunning()) {
         const QByteArray chunk = handle->availableData();
         if (chunk.isEmpty()) return; // nothing more can come, even if the child lives on
+        _report.add(chunk);
         if (!chunk.isValidUtf8()) continue;
         _handleTaskOutputForMediaFiles(files, QString::fromUtf8(chunk), progressAccuracy);
         _taskOutput += chunk;
@@ -209,7 +219,7 @@ void KVAudioConversion::_handleTaskOutputForMediaFiles(const KVAudioFileList &fi
         KVLog(line);
         return;
     }
-    const auto position = positionInStatusLine(line);
+    const auto position = KVFFmpegReport::positionInStatusLine(line);
     if (!position) return;
     const double total = std::accumulate(files.begin(), files.end(), 0.0,
                                          [](double sum, const auto &file) { return sum + file->seconds; });
@@ -223,7 +233,7 @@ void KVAudioConversion::_handleTaskOutputForMediaFiles(const KVAudioFileList &fi
 
 void KVAudioConversion::performPostConversionTasks() {
     if (!conversionWasSuccessful && !isCancelled()) {
-        _recordError(_task()->arguments(), _taskOutputString(), _terminationStatus);
+        _recordError(_task()->arguments(), _taskOutputString(), _terminationStatus, _failureReason);
         return;
     }
     _setTask(nullptr, std::nullopt);

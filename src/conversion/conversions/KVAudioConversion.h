@@ -1,6 +1,7 @@
 #pragma once
 
 #include "conversion/conversions/KVConversion.h"
+#include "conversion/conversions/KVFFmpegReport.h"
 #include "conversion/conversions/KVProgressAccuracy.h"
 #include "video_info/media_file/KVAudioFile.h"
 
@@ -9,8 +10,8 @@
 using KVAudioFileList = QList<std::shared_ptr<KVAudioFile>>;
 
 /// The ordinary conversion: makes one task of the media files and the preset, runs the tool, follows its
-/// output, decides whether it worked (the exit status is 0 and the tool tells of no lost output) and does
-/// what comes after.
+/// output, decides whether it worked (the exit status is 0 and the result is there), checks the result and
+/// does what comes after.
 class KVAudioConversion : public KVConversion {
   public:
     using KVConversion::KVConversion;
@@ -51,6 +52,7 @@ class KVAudioConversion : public KVConversion {
     bool _convert(const KVAudioFileList &files, const KVPresetTask &made, KVMediaFileType type,
                   bool addToHistory);
     int _run(const KVAudioFileList &files, KVFFmpegTask &task);
+    void _checkResult(const KVAudioFileList &files, const KVPresetTask &made);
     void _setTask(const std::shared_ptr<KVFFmpegTask> &task, const std::optional<QUrl> &output);
     void _preserveCreationDate() const;
 
@@ -58,5 +60,7 @@ class KVAudioConversion : public KVConversion {
     std::shared_ptr<KVFFmpegTask> _runningTask;
     std::optional<QUrl> _runningTaskOutput; ///< What the running task writes, whatever the row is renamed to.
     QByteArray _taskOutput;                 ///< Bytes, so that a talkative child costs no second copy.
+    KVFFmpegReport _report;                 ///< Of the present task.
     int _terminationStatus = 0;
+    QString _failureReason; ///< Why a task failed although its child did not; in the user's language.
 };

@@ -1,5 +1,6 @@
 #include "conversion/conversions/KVPictureConversion.h"
 
+#include "conversion/conversions/KVResultCheck.h"
 #include "core/KVHistoryCenter.h"
 #include "kvcore/KVFatalError.h"
 #include "kvcore/KVMainThread.h"
@@ -29,8 +30,14 @@ bool KVPictureConversion::performTaskNumber(int) {
         return false;
     }
 
-    const auto converted = required<KVPicturePreset>(preset, "A picture conversion needs a picture preset!")
-                               ->convertPictureFile(file, *folder, _stop.get_token());
+    const auto picturePreset =
+        required<KVPicturePreset>(preset, "A picture conversion needs a picture preset!");
+    const auto converted = picturePreset->convertPictureFile(file, *folder, _stop.get_token());
+    if (converted) {
+        const KVSize planned = picturePreset->scaledSize({file->width, file->height});
+        for (const QString &warning : KVResultCheck::pictureShortcomings(converted->toLocalFile(), planned))
+            addWarning(warning);
+    }
     setOutputURL(converted ? std::optional(*converted) : std::nullopt);
     if (converted)
         KVMainThread::syncOrNow(

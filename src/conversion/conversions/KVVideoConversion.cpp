@@ -3,6 +3,7 @@
 #include "conversion/conversions/KVDVDAuthoringDocument.h"
 #include "conversion/conversions/KVDVDAuthoringProgress.h"
 #include "conversion/conversions/KVDiscTool.h"
+#include "conversion/conversions/KVResultCheck.h"
 #include "core/KVHistoryCenter.h"
 #include "kvcore/KVFatalError.h"
 #include "kvcore/KVLocalizationCenter.h"
@@ -27,6 +28,7 @@
 namespace {
 
 const char *const unnamedDisc = "Kalvora DVD";
+constexpr int emptyImageStatus = 1;
 
 /// The tool that makes the disc says that it could not write, and takes the wrong cause for it.
 QString causeOfFailedWrite(const QString &toolOutput) {
@@ -190,7 +192,12 @@ int KVVideoConversion::_runImageTool(KVDiscTool &tool) {
 }
 
 bool KVVideoConversion::_endImage(const Image &image, KVDiscTool &tool, int status) {
-    if (status == 0) {
+    const auto verdict =
+        status == 0 ? KVResultCheck::checkDiscImage(image.url.toLocalFile(), _dvdFolderURL().toLocalFile())
+                    : KVResultCheck::Verdict();
+    for (const QString &warning : verdict.warnings)
+        addWarning(warning);
+    if (status == 0 && verdict.failure.isEmpty()) {
         if (image.claim) image.claim->keep();
         KVMainThread::syncOrNow([&] { KVHistoryCenter::shared().addFile(image.url, KVMediaFileType::dvd); });
         return true;
@@ -199,7 +206,7 @@ bool KVVideoConversion::_endImage(const Image &image, KVDiscTool &tool, int stat
     setStatusString(KVLocalizationCenter::localized("Error converting."));
     progressOfCurrentTask = 1;
     notifyDelegatesAboutProgress();
-    _recordToolError(tool, status);
+    _recordToolError(tool, status == 0 ? emptyImageStatus : status, verdict.failure);
     return false;
 }
 
@@ -259,9 +266,10 @@ void KVVideoConversion::_setDiscTool(const std::shared_ptr<KVDiscTool> &tool) {
     if (tool && _isQuitting) tool->kill();
 }
 
-void KVVideoConversion::_recordToolError(KVDiscTool &tool, int status) {
+void KVVideoConversion::_recordToolError(KVDiscTool &tool, int status, const QString &reason) {
     if (tool.wasKilled()) return; // the program is quitting
-    _recordError(tool.process().arguments(), tool.output() + causeOfFailedWrite(tool.output()), status);
+    _recordError(tool.process().arguments(), tool.output() + causeOfFailedWrite(tool.output()), status,
+                 reason);
 }
 
 QString KVVideoConversion::dvdName() const {

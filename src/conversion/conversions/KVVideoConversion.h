@@ -51,7 +51,7 @@ class KVVideoConversion : public KVAudioConversion {
     int _runImageTool(KVDiscTool &tool);
     bool _endImage(const Image &image, KVDiscTool &tool, int status);
     bool _refuseImage();
-    void _recordToolError(KVDiscTool &tool, int status);
+    void _recordToolError(KVDiscTool &tool, int status, const QString &reason = {});
     void _setDiscTool(const std::shared_ptr<KVDiscTool> &tool);
 
     mutable std::mutex _discMutex; ///< Guards the fields below.

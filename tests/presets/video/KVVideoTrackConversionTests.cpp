@@ -7,7 +7,7 @@
 
 namespace {
 
-const QString privet = QStringLiteral("Привет");
+const QString burntText = QStringLiteral("Привет");
 
 class KVVideoTrackConversionTest : public KVVideoConversionTestCase {
   protected:
@@ -130,7 +130,7 @@ TEST_F(KVVideoTrackConversionTest, SoundTracksAreChosenMixedAndAdded) {
 TEST_F(KVVideoTrackConversionTest, SubtitlesAreCarriedOrBurntIn) {
     const QString bare = clip("bare.mp4", "320x240");
     const QString text =
-        muxed("text.mkv", {bare, subtitles("in.srt", privet.toUtf8())}, {"-metadata:s:s", "language=rus"});
+        muxed("text.mkv", {bare, subtitles("in.srt", burntText.toUtf8())}, {"-metadata:s:s", "language=rus"});
     const QString pictures =
         muxed("pictures.mkv", {bare, pictureSubtitles("in.sup")}, {"-metadata:s:s", "language=rus"});
     const auto external = [&](const QString &name, const QByteArray &bytes, const QString &encoding) {
@@ -163,10 +163,10 @@ TEST_F(KVVideoTrackConversionTest, SubtitlesAreCarriedOrBurntIn) {
         {"file to MKV", external("b.mp4", cyrillic, "windows-1251"), "KVMKVPreset", "ass"},
         {"file of another encoding", external("c.mp4", cyrillic, "UTF-8"), "KVMP4Preset", ""},
         {"file burnt in", external("d.mp4", cyrillic, "windows-1251"), "KVMP4Preset", "", true, burn},
-        {"in UTF-8", external("h.mp4", privet.toUtf8(), "UTF-8"), "KVMP4Preset", "", true, burn},
-        {"file to a container without", external("e.mp4", privet.toUtf8(), "UTF-8"), "KVWMVPreset", "", true},
-        {"file, deinterlaced", external("f.mp4", privet.toUtf8(), "UTF-8"), "KVXvidPreset", "", true, still},
-        {"file, limited", external("g.mp4", privet.toUtf8(), "UTF-8"), "KViPhonePreset", "", true, burn},
+        {"in UTF-8", external("h.mp4", burntText.toUtf8(), "UTF-8"), "KVMP4Preset", "", true, burn},
+        {"file to a container without", external("e.mp4", burntText.toUtf8(), "UTF-8"), "KVWMVPreset", "", true},
+        {"file, deinterlaced", external("f.mp4", burntText.toUtf8(), "UTF-8"), "KVXvidPreset", "", true, still},
+        {"file, limited", external("g.mp4", burntText.toUtf8(), "UTF-8"), "KViPhonePreset", "", true, burn},
     };
     std::map<QString, QImage> frames;
     convertEach(rows, std::mem_fn(&Row::source), [&](const Row &row, const QString &output) {
@@ -175,7 +175,7 @@ TEST_F(KVVideoTrackConversionTest, SubtitlesAreCarriedOrBurntIn) {
         frames[row.what] = KVTestProbe::middleFrame(output, seconds);
         EXPECT_EQ(showsTextBelow(frames[row.what]), row.isBurntIn);
         if (found.subtitleCodec.isEmpty()) return;
-        EXPECT_TRUE(textOf(output).contains(privet)) << textOf(output).toStdString();
+        EXPECT_TRUE(textOf(output).contains(burntText)) << textOf(output).toStdString();
     });
     EXPECT_EQ(frames["file burnt in"], frames["in UTF-8"]) << "other letters";
 }
