@@ -129,6 +129,7 @@ bool KVAudioConversion::_convert(const KVAudioFileList &files, const KVPresetTas
     const double started = secondsSince1970();
     _taskOutput.clear();
     _report = {};
+    _failureReason.clear();
 
     _terminationStatus = _run(files, *made.task);
     const QString output = made.outputURL.toLocalFile();
@@ -169,9 +170,14 @@ void KVAudioConversion::_checkResult(const KVAudioFileList &files, const KVPrese
         return isCancelled() ? QByteArray() : output;
     };
     const auto verdict = KVResultCheck::check(plan, made.outputURL.toLocalFile(), _report, run);
-    if (isCancelled()) return;
-    for (const QString &warning : verdict.warnings)
+    if (isCancelled()) { // the output is removed already
+        _terminationStatus = interruptedStatus;
+        return;
+    }
+    for (const QString &warning : verdict.warnings) {
+        KVLog("The result falls short: " + warning);
         addWarning(warning);
+    }
     _failureReason = verdict.failure;
     if (!verdict.failure.isEmpty()) _terminationStatus = emptyResultStatus;
 }

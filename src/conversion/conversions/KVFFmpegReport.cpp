@@ -12,16 +12,17 @@ namespace {
 struct ProblemKind {
     QByteArrayView wording;
     QByteArrayView newerWording{};
+    bool isLostPacket = false;
 };
 constexpr std::array<ProblemKind, 9> problemKinds{{
-    {"Error while decoding stream #", "Error submitting packet to decoder"},
+    {"Error while decoding stream #", "Error submitting packet to decoder", true},
     {"Decoding error:"},
     {"corrupt decoded frame"},
     {" errors in "}, // "concealing 256 DC, 256 AC, 256 MV errors in P frame"
     {"error while decoding MB"},
     {"corrupt input packet"},
     {"CRC mismatch!"},
-    {"Header missing"},
+    {"Header missing", {}, true},
     {"invalid as first byte of an EBML number"},
 }};
 
@@ -133,6 +134,13 @@ void KVFFmpegReport::_noteSummary(QByteArrayView line) {
 
 int KVFFmpegReport::damagedPlaces() const {
     return *std::ranges::max_element(_problems);
+}
+
+bool KVFFmpegReport::isOnePacketLost() const {
+    int others = 0;
+    for (std::size_t i = 0; i < _problems.size(); ++i)
+        if (!problemKinds.at(i).isLostPacket) others += _problems.at(i);
+    return damagedPlaces() == 1 && others == 0 && !_isSourceCut;
 }
 
 bool KVFFmpegReport::leavesStreamsOut() const {

@@ -25,6 +25,9 @@ class KVFFmpegReport {
     /// The number of places at which the source could not be decoded. One damaged place can cause several
     /// kinds of messages, so the most frequent kind gives the number.
     int damagedPlaces() const;
+    /// True if all that went wrong is that a single packet could not be decoded. In sound that means little:
+    /// tags and padding at the end of a file are often taken for a packet.
+    bool isOnePacketLost() const;
     /// True if a source ends before its own header says.
     bool isSourceCut() const { return _isSourceCut; }
     /// True if the duration of a source is unknown or only estimated from its size.

@@ -120,7 +120,8 @@ QStringList KVResultCheck::shortcomings(const KVResultPlan &plan, const KVProbed
     const bool isShort = isTooShort(plan, result, report);
     if (isShort) addDurationWarning(plan, result, report, warnings);
     const int places = report.damagedPlaces();
-    if (places == 1 && !isShort)
+    const bool isTrifle = plan.videoTracks == 0 && report.isOnePacketLost();
+    if (places == 1 && !isShort && !isTrifle)
         warnings += KVLocalizationCenter::localized("The source is damaged in one place.");
     if (places > (isShort ? mostPlacesOfACut : 1))
         warnings += KVLocalizationCenter::localized("The source is damaged in %i places.", {places});

@@ -117,6 +117,17 @@ TEST_F(KVResultCheckTest, CountsThePlacesOfDamage) {
         EXPECT_EQ(KVResultCheck::shortcomings(plan(9), result(9), report(problems)).join('|'), warning);
     }
 
+    KVResultPlan sound = plan(9); // a tag at the end that is taken for a packet
+    sound.videoTracks = 0;
+    const QByteArray lost =
+        "[mp3float @ 0x1] Header missing\nError while decoding stream #0:0: Invalid data\n";
+    EXPECT_EQ(KVResultCheck::shortcomings(sound, result(9), report(lost)), QStringList());
+    EXPECT_EQ(KVResultCheck::shortcomings(sound, result(9), report(lost.repeated(2))),
+              QStringList("The source is damaged in 2 places."));
+    EXPECT_EQ(KVResultCheck::shortcomings(sound, result(9),
+                                          report("a.aac: corrupt input packet in stream 0\n" + lost)),
+              QStringList("The source is damaged in one place."));
+
     KVFFmpegReport examined; // the same data is decoded again later
     examined.add("[h264 @ 0x1] error while decoding MB 1 1\nInput #0, mpegts, from 'a.ts':\n");
     EXPECT_EQ(examined.damagedPlaces(), 0);
