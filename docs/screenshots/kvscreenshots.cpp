@@ -2,6 +2,7 @@
 #include "kvcore/KVMainThread.h"
 #include "main_ui/KVAppearance.h"
 #include "main_ui/KVKalvoraApplication.h"
+#include "main_ui/main_window/details/KVFailureDetailsPanel.h"
 #include "main_ui/main_window/subtitles/KVSubtitleEncodingChooser.h"
 #include "main_ui/main_window/table_view/KVConversionRowDelegate.h"
 #include "main_ui/main_window/table_view/KVQueueTableWidget.h"
@@ -36,6 +37,7 @@ class Photographer {
         _waiting();
         _running();
         _finished();
+        _details();
         _subtitles();
     }
 
@@ -88,16 +90,30 @@ class Photographer {
 
     void _finished() {
         _window().toggleHistory();
-        QFile::copy(_media.filePath("Poster.png"), _media.filePath("Lost.png"));
-        for (const char *name : {"Birthday.mp4", "01 Prelude.mp3", "Lost.png", "Mountain lake.png"})
+        QFile::copy(_media.filePath("Birthday.mp4"), _media.filePath("Lost.mp4"));
+        for (const char *name :
+             {"Birthday.mp4", "Lost.mp4", "Cut off.wav", "01 Prelude.mp3", "Mountain lake.png"})
             _application->addFiles({_url(name)});
         _wait([&] { return _haveThumbnails(); });
-        QFile::remove(_media.filePath("Lost.png"));
+        QFile::remove(_media.filePath("Lost.mp4"));
         _application->start();
         _wait([&] { return _areAllFinished(); });
         _settle(1);
         _take("finished");
         _window().toggleHistory();
+    }
+
+    void _details() {
+        _model().tableRow(_row("Lost.mp4"))->showDetails();
+        for (const bool isDark : {false, true}) {
+            KVAppearance::setIsDark(isDark);
+            _settle();
+            _take(isDark ? "details-dark" : "details");
+        }
+        _window().findChild<KVFailureDetailsPanel *>()->close();
+        _settle();
+        _take("finished-dark");
+        KVAppearance::setIsDark(false);
     }
 
     void _subtitles() {
@@ -146,7 +162,10 @@ class Photographer {
 
     void _take(const QString &name) {
         _settle(0.2);
-        const QImage picture = _window().screen()->grabWindow(0).toImage().copy(_window().geometry());
+        QRect place = _window().geometry();
+        for (const QWidget *panel : QApplication::topLevelWidgets())
+            if (panel->isVisible() && panel->isWindow()) place |= panel->geometry();
+        const QImage picture = _window().screen()->grabWindow(0).toImage().copy(place);
         picture.save(_output.filePath(name + ".png"));
     }
 

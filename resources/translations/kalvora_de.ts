@@ -1033,5 +1033,85 @@ Ausgabe in Teilen.</translation>
     <source>The disc image is smaller than what it should hold.</source>
     <translation>Das Disc-Abbild ist kleiner als das, was es enthalten soll.</translation>
   </message>
+  <message>
+    <source>Done, but %@</source>
+    <translation>Fertig, aber: %@</translation>
+  </message>
+  <message>
+    <source>Done, with %d warnings</source>
+    <translation>Fertig, mit %d Warnungen</translation>
+  </message>
+  <message>
+    <source>Try Again</source>
+    <translation>Erneut versuchen</translation>
+  </message>
+  <message>
+    <source>Try Again Without Subtitles</source>
+    <translation>Ohne Untertitel erneut versuchen</translation>
+  </message>
+  <message>
+    <source>Try Again in Another Folder...</source>
+    <translation>In anderem Ordner erneut versuchen...</translation>
+  </message>
+  <message>
+    <source>Choose another folder for '%@'.</source>
+    <translation>Wählen Sie einen anderen Ordner für „%@“.</translation>
+  </message>
+  <message>
+    <source>Details...</source>
+    <translation>Details...</translation>
+  </message>
+  <message>
+    <source>Details of %@</source>
+    <translation>Details zu %@</translation>
+  </message>
+  <message>
+    <source>What went wrong:</source>
+    <translation>Was schiefgegangen ist:</translation>
+  </message>
+  <message>
+    <source>What you can do:</source>
+    <translation>Was Sie tun können:</translation>
+  </message>
+  <message>
+    <source>Warnings:</source>
+    <translation>Warnungen:</translation>
+  </message>
+  <message>
+    <source>Command:</source>
+    <translation>Befehl:</translation>
+  </message>
+  <message>
+    <source>Last lines of the log:</source>
+    <translation>Letzte Zeilen des Protokolls:</translation>
+  </message>
+  <message>
+    <source>Copy</source>
+    <translation>Kopieren</translation>
+  </message>
+  <message>
+    <source>Save...</source>
+    <translation>Sichern...</translation>
+  </message>
+  <message>
+    <source>The details could not be saved.</source>
+    <translation>Die Details konnten nicht gesichert werden.</translation>
+  </message>
+  <message>
+    <source>One conversion failed.</source>
+    <translation>Eine Konvertierung ist fehlgeschlagen.</translation>
+  </message>
+  <message>
+    <source>%d conversions failed.</source>
+    <translation>%d Konvertierungen sind fehlgeschlagen.</translation>
+  </message>
+  <message>
+    <source>%d files have been converted.</source>
+    <translation>%d Dateien wurden konvertiert.</translation>
+  </message>
+  <message>
+    <source>%d files have been converted, %d of them with warnings.</source>
+    <translation>%d Dateien wurden konvertiert, %d davon mit Warnungen.</translation>
+  </message>
 </context>
 </TS>

@@ -41,7 +41,8 @@ bool isOn(const KVPreferences::Key &key) {
 } // namespace
 
 KVApplicationController::KVApplicationController(Surroundings surroundings)
-    : _surroundings(std::move(surroundings)) {}
+    : _surroundings(std::move(surroundings))
+    , _notifications(_surroundings.services) {}
 
 KVApplicationController::~KVApplicationController() {
     _counting.waitUntilIdle();
@@ -225,14 +226,12 @@ void KVApplicationController::conversionQueueConversionDidUpdateStatus(const Que
 void KVApplicationController::conversionQueueDidSuccessfullyFinishConversion(const Queue &,
                                                                              const Conversion &conversion) {
     _countConversion();
-    _notify("Conversion finished!", "File %@ has been successfully converted.",
-            "Files %@ have been successfully stitched.", conversion);
+    _notifications.conversionDidEnd(*conversion);
     _letSleepWithout(conversion);
 }
 
 void KVApplicationController::conversionQueueDidFailConversion(const Queue &, const Conversion &conversion) {
-    _notify("Conversion failed!", "Conversion for file %@ has failed.", "Stitching files %@ has failed.",
-            conversion);
+    _notifications.conversionDidEnd(*conversion);
     _letSleepWithout(conversion);
 }
 
@@ -262,23 +261,13 @@ void KVApplicationController::_letSleepWithout(const Conversion &endedConversion
     _surroundings.services.showTaskbarProgress(std::nullopt);
 }
 
-void KVApplicationController::_notify(const char *title, const char *oneFile, const char *severalFiles,
-                                      const Conversion &conversion) {
-    QStringList names;
-    for (const auto &file : conversion->mediaFiles())
-        names.append(KVFileManager::lastPathComponent(file->url()));
-    _surroundings.services.postUserNotification(
-        KVLocalizationCenter::localized(title),
-        KVLocalizationCenter::localized(names.size() > 1 ? severalFiles : oneFile, {names.join(", ")}));
-}
-
 void KVApplicationController::conversionQueueDidFinishAllConversions(const Queue &) {
     // The actions run once, when the last queue ends.
     if (KVConversionQueue::isAnyQueueWorking()) return;
     KVApplicationServices &services = _surroundings.services;
     services.setKeepsAwake(false);
     services.showTaskbarProgress(std::nullopt);
-    services.postUserNotification(KVLocalizationCenter::localized("All conversions are done!"), {});
+    _notifications.runDidEnd();
     if (!isOn(DontPlaySoundOnDone)) services.playFinishedSound();
     if (isOn(PutComputerToSleepOnDone)) services.putComputerToSleep();
     if (isOn(BounceIconInDockOnDone)) services.requestUserAttention();

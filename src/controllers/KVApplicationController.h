@@ -2,6 +2,7 @@
 
 #include "controllers/KVApplicationServices.h"
 #include "controllers/KVKalvoraAppDelegate.h"
+#include "controllers/KVRunNotifications.h"
 #include "kvcore/KVSerialQueue.h"
 #include "queues/KVConversionQueue.h"
 
@@ -57,10 +58,9 @@ class KVApplicationController : public KVKalvoraAppDelegate,
     void _showReleaseNotesOnce();
     void _countConversion();
     void _letSleepWithout(const Conversion &endedConversion);
-    void _notify(const char *title, const char *oneFile, const char *severalFiles,
-                 const Conversion &conversion);
     void _clearConversions(const std::function<bool(const KVConversion &)> &matches, int tag);
 
     Surroundings _surroundings;
+    KVRunNotifications _notifications;
     KVSerialQueue _counting{QStringLiteral("com.brenholt.Kalvora.counting")};
 };

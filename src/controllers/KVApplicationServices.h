@@ -11,7 +11,9 @@ class KVApplicationServices {
   public:
     virtual ~KVApplicationServices() = default;
 
-    virtual void postUserNotification(const QString &title, const QString &subtitle) = 0;
+    /// With a topic it replaces the last notification of the same topic.
+    virtual void postUserNotification(const QString &title, const QString &subtitle,
+                                      const QString &topic = {}) = 0;
     /// A sound of the desktop's theme, by the event that it stands for.
     virtual void playFinishedSound() = 0;
     virtual void putComputerToSleep() = 0;

@@ -1,5 +1,6 @@
 #include "controllers/KVConversionTableRow.h"
 
+#include "controllers/KVConversionRetry.h"
 #include "conversion/conversions/KVVideoConversion.h"
 #include "kvcore/KVFatalError.h"
 #include "kvcore/KVLocalizationCenter.h"
@@ -49,6 +50,7 @@ QString KVConversionTableRow::title() const {
 
 QString KVConversionTableRow::statusText() const {
     if (_conversion->state == KVConversionState::paused) return KVLocalizationCenter::localized("Paused");
+    if (const QString summary = outcome().summary; !summary.isEmpty()) return summary;
     const QString status = _conversion->statusString();
     return status.isEmpty() ? _conversion->estimatedTimeString() : status;
 }
@@ -57,6 +59,8 @@ QString KVConversionTableRow::toolTip() const {
     QStringList paths;
     for (const auto &file : _conversion->mediaFiles())
         paths.append(file->url().toLocalFile());
+    if (const QStringList sentences = outcome().sentences; !sentences.isEmpty())
+        paths += QStringList{QString()} + sentences;
     return paths.join("\n");
 }
 
@@ -64,7 +68,8 @@ QString KVConversionTableRow::accessibleText() const {
     const QString beginning = KVLocalizationCenter::localized("Conversion") + " " + title() + ". ";
     switch (_conversion->state.load()) {
     case KVConversionState::finished:
-        return beginning + KVLocalizationCenter::localized("Finished");
+        return (QStringList{beginning + KVLocalizationCenter::localized("Finished")} + outcome().sentences)
+            .join(". ");
     case KVConversionState::paused:
         return beginning + KVLocalizationCenter::localized("Paused.");
     case KVConversionState::waitingToStart:
@@ -92,8 +97,7 @@ KVMenu KVConversionTableRow::menu() const {
     KVMenu menu = _stateItems();
     menu.push_back(KVMenuItem::separator());
     if (_conversion->isFinished()) {
-        if (_conversion->outputURL())
-            menu.push_back(_item<&KVConversionTableRow::showInFinder>("Show in Finder"));
+        append(menu, _finishedItems());
         return menu;
     }
     menu.push_back(_presetItem());
@@ -123,8 +127,33 @@ KVMenu KVConversionTableRow::_stateItems() const {
     case KVConversionState::finished:
         break;
     }
-    return {_item<&Row::removeConversionAndReadd>("Remove and Add Again to Queue"),
-            _item<&Row::removeConversion>("Remove")};
+    KVMenu menu = _retryItems();
+    append(menu, {_item<&Row::removeConversionAndReadd>("Remove and Add Again to Queue"),
+                  _item<&Row::removeConversion>("Remove")});
+    return menu;
+}
+
+/// Further tries of a failed row, and a separator behind them.
+KVMenu KVConversionTableRow::_retryItems() const {
+    using Row = KVConversionTableRow;
+    if (!canTryAgain()) return {};
+    KVMenu menu{_item<&Row::tryAgain>("Try Again")};
+    const auto cause = _conversion->failureCause();
+    const auto helps = cause ? cause->retry : KVFailureRetry::again;
+    if (helps == KVFailureRetry::withoutSubtitles)
+        menu.push_back(_item<&Row::tryAgainWithoutSubtitles>("Try Again Without Subtitles"));
+    if (helps == KVFailureRetry::inAnotherFolder)
+        menu.push_back(_item<&Row::tryAgainInAnotherFolder>("Try Again in Another Folder..."));
+    menu.push_back(KVMenuItem::separator());
+    return menu;
+}
+
+KVMenu KVConversionTableRow::_finishedItems() const {
+    KVMenu menu;
+    if (_conversion->outputURL())
+        menu.push_back(_item<&KVConversionTableRow::showInFinder>("Show in Finder"));
+    if (outcome().hasDetails()) menu.push_back(_item<&KVConversionTableRow::showDetails>("Details..."));
+    return menu;
 }
 
 KVMenuItem KVConversionTableRow::_presetItem() const {
@@ -262,6 +291,22 @@ void KVConversionTableRow::removeConversionAndReadd() const {
         urls.append(file->url());
     removeConversion();
     KVMainThread::after(0.5, [services = _services, urls] { services->addFiles(urls); });
+}
+
+void KVConversionTableRow::tryAgain() const {
+    if (canTryAgain()) KVRetryConversion(_conversion);
+}
+
+void KVConversionTableRow::tryAgainWithoutSubtitles() const {
+    if (canTryAgain()) KVRetryConversion(_conversion, {.isWithoutSubtitles = true});
+}
+
+void KVConversionTableRow::tryAgainInAnotherFolder() const {
+    if (!canTryAgain()) return;
+    KVOpenPanel panel;
+    panel.message = KVLocalizationCenter::localized("Choose another folder for '%@'.", {title()});
+    const auto chosen = KVUserQuestion::runModalOnMainThread(panel);
+    if (!chosen.isEmpty()) KVRetryConversion(_conversion, {.destinationFolder = chosen.first()});
 }
 
 void KVConversionTableRow::renameConversion() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controllers/KVMenuItem.h"
+#include "controllers/KVRowOutcome.h"
 #include "queues/KVConversionQueue.h"
 
 #include <QList>
@@ -18,6 +19,8 @@ class KVConversionRowServices {
     virtual ~KVConversionRowServices() = default;
     virtual void addFiles(const QList<QUrl> &urls) = 0;
     virtual void showInFileManager(const QUrl &url) = 0;
+    /// Opens the panel with everything that is known about a failure or about warnings.
+    virtual void showDetails(const std::shared_ptr<KVConversion> &conversion) = 0;
     /// The name of the text encoding that the user picked for a subtitles file; nothing if the user
     /// cancelled.
     virtual std::optional<QString> chooseSubtitleEncoding(const KVVideoFile &videoFile,
@@ -33,9 +36,11 @@ class KVConversionTableRow {
 
     /// The files' names, or the name that the user gave, and the row's own preset in brackets.
     QString title() const;
-    /// What stands below the title: the state, the present step or the time left.
+    /// What stands below the title: the state, the present step, the time left, why it failed or what the
+    /// result lacks.
     QString statusText() const;
-    /// The paths of the files.
+    KVRowOutcome outcome() const { return KVRowOutcome::of(*_conversion); }
+    /// The paths of the files, and the cause of a failure or the warnings.
     QString toolTip() const;
     /// What a screen reader says of the row.
     QString accessibleText() const;
@@ -57,6 +62,16 @@ class KVConversionTableRow {
     void removeConversionAndReadd() const;
     /// A name counts until the conversion starts.
     bool canBeRenamed() const { return _conversion->state == KVConversionState::waitingToStart; }
+    /// A row that has ended in a failure.
+    bool canTryAgain() const {
+        return _conversion->hasFailed() && outcome().kind == KVRowOutcome::Kind::failed;
+    }
+    /// Puts a new row in the place of a failed one and starts it.
+    void tryAgain() const;
+    void tryAgainWithoutSubtitles() const;
+    /// Asks for the folder.
+    void tryAgainInAnotherFolder() const;
+    void showDetails() const { _services->showDetails(_conversion); }
     void renameConversion() const;
     void changeDVDName() const;
     void selectPreset(const std::shared_ptr<KVPreset> &preset) const;
@@ -72,6 +87,8 @@ class KVConversionTableRow {
 
   private:
     KVMenu _stateItems() const;
+    KVMenu _finishedItems() const;
+    KVMenu _retryItems() const;
     KVMenuItem _presetItem() const;
     KVMenu _videoItems() const;
     KVMenu _mergeItems() const;

@@ -148,7 +148,7 @@ void KVQueueTableViewController::_queueDidAddConversion(const std::shared_ptr<KV
     if (hasGroupJustAppeared)
         _insertRows(location, length);
     else
-        _insertRows(location + length - 1, 1);
+        _insertRows(row(conversion), 1);
 }
 
 void KVQueueTableViewController::_queueWillRemoveConversion(const std::shared_ptr<KVConversion> &conversion) {

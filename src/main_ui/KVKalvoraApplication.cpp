@@ -31,6 +31,9 @@ class KVKalvoraApplication::RowServices : public KVConversionRowServices {
 
     void addFiles(const QList<QUrl> &urls) override { _application.addFiles(urls); }
     void showInFileManager(const QUrl &url) override { _application.showInFileManager(url); }
+    void showDetails(const std::shared_ptr<KVConversion> &conversion) override {
+        _application._window->showDetails(conversion);
+    }
     std::optional<QString> chooseSubtitleEncoding(const KVVideoFile &videoFile,
                                                   const QUrl &subtitles) override {
         return KVSubtitleEncodingChooser(subtitles, videoFile.subtitlesFileEncoding,
@@ -189,8 +192,9 @@ void KVKalvoraApplication::quit() {
     QApplication::exit(0);
 }
 
-void KVKalvoraApplication::postUserNotification(const QString &title, const QString &subtitle) {
-    _desktop.postNotification(title, subtitle);
+void KVKalvoraApplication::postUserNotification(const QString &title, const QString &subtitle,
+                                                const QString &topic) {
+    _desktop.postNotification(title, subtitle, topic);
 }
 
 void KVKalvoraApplication::playFinishedSound() {

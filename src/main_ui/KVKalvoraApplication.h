@@ -47,7 +47,7 @@ class KVKalvoraApplication : public KVMainWindowDelegate,
     void showDebugPane() override;
     void terminate() override;
 
-    void postUserNotification(const QString &title, const QString &subtitle) override;
+    void postUserNotification(const QString &title, const QString &subtitle, const QString &topic) override;
     void playFinishedSound() override;
     void putComputerToSleep() override;
     void requestUserAttention() override;

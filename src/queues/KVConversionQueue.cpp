@@ -45,15 +45,18 @@ KVConversionQueue::createConversion(const std::shared_ptr<KVMediaFile> &file,
     const auto self = shared_from_this();
     if (!conversion->delegates().contains(self)) conversion->delegates().append(self);
     conversion->setQueue(self);
-    if (addToQueue) {
-        {
-            const std::scoped_lock lock(_fieldsMutex);
-            _operations += conversion;
-            _mediaURLs += file->url();
-        }
-        KVNotificationCenter::defaultCenter().post(ConversionQueueDidAddConversion, conversion);
-    }
+    if (addToQueue) insertConversion(conversion, conversions().size());
     return conversion;
+}
+
+void KVConversionQueue::insertConversion(const std::shared_ptr<KVConversion> &conversion, qsizetype index) {
+    {
+        const std::scoped_lock lock(_fieldsMutex);
+        _operations.insert(index, conversion);
+        for (const auto &file : conversion->mediaFiles())
+            _mediaURLs += file->url();
+    }
+    KVNotificationCenter::defaultCenter().post(ConversionQueueDidAddConversion, conversion);
 }
 
 void KVConversionQueue::cancelConversion(const std::shared_ptr<KVConversion> &conversion) {

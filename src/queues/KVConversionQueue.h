@@ -83,6 +83,9 @@ class KVConversionQueue : public KVConversionHost,
     std::shared_ptr<KVConversion> createConversion(const std::shared_ptr<KVMediaFile> &file,
                                                    const std::shared_ptr<KVPreset> &customPreset,
                                                    bool addToQueue);
+    /// Puts a conversion that `createConversion` has not added before the row `index`; at the end for the
+    /// number of rows.
+    void insertConversion(const std::shared_ptr<KVConversion> &conversion, qsizetype index);
     /// Starts the queue or, while it runs, resumes its paused conversions.
     void start();
     /// Suspends what this queue is running.

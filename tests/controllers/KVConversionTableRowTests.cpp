@@ -14,6 +14,7 @@ class Services : public KVConversionRowServices {
   public:
     void addFiles(const QList<QUrl> &urls) override { added += urls; }
     void showInFileManager(const QUrl &url) override { shown = url; }
+    void showDetails(const std::shared_ptr<KVConversion> &) override {}
     std::optional<QString> chooseSubtitleEncoding(const KVVideoFile &, const QUrl &) override {
         return encoding;
     }

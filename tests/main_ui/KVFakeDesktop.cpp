@@ -29,6 +29,10 @@ QStringList KVFakeDesktop::notifications() const {
 
 bool KVFakeDesktop::handleMessage(const QDBusMessage &message, const QDBusConnection &connection) {
     calls.push_back({message.member(), message.arguments()});
-    connection.send(message.member() == "Notify" ? message.createReply(1U) : message.createReply());
-    return true;
+    const QVariantList words = message.arguments();
+    if (message.member() != "Notify") return connection.send(message.createReply());
+    const uint replaced = words.at(1).toUInt();
+    const uint id = replaced != 0 ? replaced : uint(_shown.size()) + 1;
+    _shown[id] = words.at(3).toString() + "|" + words.at(4).toString();
+    return connection.send(message.createReply(id));
 }

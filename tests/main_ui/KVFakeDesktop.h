@@ -2,6 +2,7 @@
 
 #include <QDBusConnection>
 #include <QDBusVirtualObject>
+#include <QMap>
 #include <QVariantList>
 
 #include <vector>
@@ -22,9 +23,13 @@ class KVFakeDesktop : public QDBusVirtualObject {
     /// Title and text of each notification, as "title|text".
     QStringList notifications() const;
 
+    /// The notifications that are on the screen: each replaces the one whose number it names.
+    QStringList shown() const { return _shown.values(); }
+
     QString introspect(const QString &) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
 
   private:
     QDBusConnection _bus;
+    QMap<uint, QString> _shown;
 };

@@ -1,6 +1,7 @@
 #include "main_ui/KVAppearance.h"
 #include "main_ui/KVWindowTestCase.h"
 #include "main_ui/main_window/KVLook.h"
+#include "main_ui/main_window/details/KVFailureDetailsPanel.h"
 #include "main_ui/main_window/subtitles/KVSubtitleEncodingChooser.h"
 #include "main_ui/options/KVPresetSettingsWindow.h"
 #include "presets/KVPresetRegistry.h"
@@ -69,8 +70,9 @@ TEST_F(KVLookTest, EveryColourOfTextIsReadableInLightAndDark) {
         const QPalette palette = QApplication::palette();
         EXPECT_EQ(KVLook::isDark(palette), isDark);
         const QColor base = palette.color(QPalette::Base);
-        for (const QColor &ink : {palette.color(QPalette::Text), KVLook::secondaryText(palette),
-                                  KVLook::success(palette), KVLook::failure(palette)})
+        for (const QColor &ink :
+             {palette.color(QPalette::Text), KVLook::secondaryText(palette), KVLook::success(palette),
+              KVLook::warning(palette), KVLook::failure(palette)})
             EXPECT_GE(contrast(ink, base), 4.5)
                 << ink.name(QColor::HexArgb).toStdString() << " on " << isDark;
         EXPECT_GE(contrast(palette.color(QPalette::WindowText), palette.color(QPalette::Window)), 4.5);
@@ -90,6 +92,18 @@ TEST_F(KVLookTest, NoTextIsCutOffInGermanAtLargerFonts) {
     write("a.srt", "text");
     KVSubtitleEncodingChooser chooser(url("a.srt"), "UTF-8");
     expectNoTextIsCutOff(chooser);
+    for (const auto retry : {KVFailureRetry::withoutSubtitles, KVFailureRetry::inAnotherFolder}) {
+        KVFailureDetailsPanel panel({.name = "a.wav",
+                                     .hasFailed = true,
+                                     .cause = QString("It failed. ").repeated(30),
+                                     .remedy = QString("Do something. ").repeated(10),
+                                     .command = "ffmpeg",
+                                     .log = "log",
+                                     .retry = retry},
+                                    nullptr);
+        panel.setAttribute(Qt::WA_DeleteOnClose, false);
+        expectNoTextIsCutOff(panel);
+    }
     for (const auto &preset : KVPresetRegistry::shared().allPresets()) {
         KVPresetSettingsWindow window(preset);
         expectNoTextIsCutOff(window);

@@ -91,16 +91,31 @@ TEST_F(KVSessionBusTest, TellsTheDesktopWhatHappens) {
     ASSERT_TRUE(runUntil([&] { return application->window().tableModel().rowCount() == 3; }));
     QFile::remove(path("gone.wav"));
     application->start();
-    ASSERT_TRUE(runUntil([&] { return desktop.notifications().contains("All conversions are done!|"); }));
+    ASSERT_TRUE(runUntil([&] {
+        return desktop.notifications().contains("All conversions are done!|One conversion failed.");
+    }));
     EXPECT_TRUE(desktop.notifications().contains(
         "Conversion finished!|File a &amp; b.wav has been successfully converted."));
-    EXPECT_TRUE(
-        desktop.notifications().contains("Conversion failed!|Conversion for file gone.wav has failed."));
+    EXPECT_FALSE(desktop.notifications()
+                     .filter("Conversion failed!|Conversion for file gone.wav has failed.\n")
+                     .isEmpty());
 
     application->showInFileManager(url("a & b.mp3"));
     ASSERT_TRUE(runUntil([&] { return desktop.calls.back().member == "ShowItems"; }));
     EXPECT_EQ(desktop.calls.back().arguments.first().toStringList(),
               QStringList{url("a & b.mp3").toString(QUrl::FullyEncoded)});
+}
+
+TEST_F(KVSessionBusTest, ANotificationIsReplacedByTheNextOneOfItsTopic) {
+    KVFakeDesktop service(bus.address());
+    KVDesktop desktop;
+    for (const char *text : {"1", "2", "3"}) // the second has to wait for the number of the first
+        desktop.postNotification("title", text, "topic");
+    desktop.postNotification("title", "other");
+    ASSERT_TRUE(runUntil([&] { return service.notifications().contains("title|3"); }));
+    desktop.postNotification("title", "4", "topic");
+    ASSERT_TRUE(runUntil([&] { return service.notifications().contains("title|4"); }));
+    EXPECT_EQ(service.shown(), (QStringList{"title|4", "title|other"}));
 }
 
 TEST_F(KVSessionBusTest, NothingBreaksWhereTheServicesAreMissing) {

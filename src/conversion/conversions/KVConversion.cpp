@@ -58,9 +58,10 @@ void KVConversion::_takeSnapshot() {
     for (const auto &file : mediaFiles())
         snapshot->files += file->snapshot();
     snapshot->preset = preset->snapshot();
-    snapshot->outputDirectoryURL = owner->outputDirectoryURL();
+    const auto ownFolder = destinationFolder();
+    snapshot->outputDirectoryURL = ownFolder ? ownFolder : owner->outputDirectoryURL();
     snapshot->savesToSourceFolder =
-        KVPreferences::shared().boolean(KVPreferenceKeys::SaveToSourceFolder, true);
+        !ownFolder && KVPreferences::shared().boolean(KVPreferenceKeys::SaveToSourceFolder, true);
     snapshot->numberOfTasks = numberOfTasks();
     auto shownPreset = preset->snapshot();
 
@@ -119,7 +120,7 @@ bool KVConversion::performTaskNumber(int) {
 }
 
 void KVConversion::cancel() {
-    if (!isFinished()) _isCancelled = true;
+    if (!isFinished()) _isCancelled = true; // a row that is removed after its end keeps its outcome
 }
 
 void KVConversion::resume() {
@@ -191,9 +192,13 @@ void KVConversion::_tellDelegates(
 void KVConversion::_recordError(const QStringList &arguments, const QString &output, int status,
                                 const QString &reason) {
     const KVConversionError error{_inWork().files, _inWork().preset, arguments, output, status, reason};
+    const auto cause = KVFailureCause::of(error);
     {
         const std::scoped_lock lock(_mutex);
-        if (!_failure) _failure = error;
+        if (!_failure) {
+            _failure = error;
+            _failureCause = cause;
+        }
     }
     KVErrorCenter::shared().addError(error);
 }
@@ -203,6 +208,11 @@ void KVConversion::_recordError(const QStringList &arguments, const QString &out
 std::optional<KVConversionError> KVConversion::failure() const {
     const std::scoped_lock lock(_mutex);
     return _failure;
+}
+
+std::optional<KVFailureCause> KVConversion::failureCause() const {
+    const std::scoped_lock lock(_mutex);
+    return _failureCause;
 }
 
 QStringList KVConversion::warnings() const {
@@ -288,6 +298,16 @@ bool KVConversion::setOutputFileName(const std::optional<QString> &name) {
         _outputURL = KVFileManager::appendingPathComponent(
             KVFileManager::deletingLastPathComponent(*_outputURL), *name);
     return true;
+}
+
+std::optional<QUrl> KVConversion::destinationFolder() const {
+    const std::scoped_lock lock(_mutex);
+    return _destinationFolder;
+}
+
+void KVConversion::setDestinationFolder(const std::optional<QUrl> &folder) {
+    const std::scoped_lock lock(_mutex);
+    _destinationFolder = folder;
 }
 
 std::shared_ptr<KVConversionHost> KVConversion::queue() const {

@@ -4,6 +4,7 @@
 #include "conversion/conversions/KVConversionHost.h"
 #include "conversion/conversions/KVConversionSnapshot.h"
 #include "core/KVErrorCenter.h"
+#include "core/KVFailureCause.h"
 #include "core/KVQueueNotifications.h"
 #include "kvcore/KVWeakArray.h"
 #include "presets/KVPreset.h"
@@ -77,6 +78,11 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
     std::optional<QString> outputFileName() const;
     bool setOutputFileName(const std::optional<QString> &name);
 
+    /// A folder for this row's output alone, which comes before the queue's and the source's; empty for most
+    /// rows. Set before the start.
+    std::optional<QUrl> destinationFolder() const;
+    void setDestinationFolder(const std::optional<QUrl> &folder);
+
     /// The owning queue, held strongly; its absence at run time is a programming error.
     std::shared_ptr<KVConversionHost> queue() const;
     void setQueue(const std::shared_ptr<KVConversionHost> &queue);
@@ -106,6 +112,8 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
 
     /// What failed; empty if nothing did or if the user cancelled. Any thread.
     std::optional<KVConversionError> failure() const;
+    /// Why it failed, as far as that was known when it failed; empty if `failure` is. Any thread.
+    std::optional<KVFailureCause> failureCause() const;
     /// What a successful result lacks, one sentence each in the user's language, in the order of discovery.
     /// Any thread.
     QStringList warnings() const;
@@ -159,7 +167,9 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
     std::shared_ptr<KVConversionHost> _queue;
     std::shared_ptr<const KVConversionSnapshot> _snapshot;
     std::shared_ptr<KVPreset> _shownPreset; ///< From the start on; a copy apart from the snapshot's.
+    std::optional<QUrl> _destinationFolder;
     std::optional<KVConversionError> _failure;
+    std::optional<KVFailureCause> _failureCause;
     QStringList _warnings;
     bool _hasFinished = false;
     std::atomic<bool> _isCancelled = false;

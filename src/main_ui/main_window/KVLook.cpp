@@ -34,6 +34,10 @@ QColor KVLook::success(const QPalette &palette) {
     return isDark(palette) ? QColor(0x7f, 0xcf, 0x8a) : QColor(0x2e, 0x7d, 0x32);
 }
 
+QColor KVLook::warning(const QPalette &palette) {
+    return isDark(palette) ? QColor(0xf5, 0xb9, 0x4a) : QColor(0x9a, 0x58, 0x00);
+}
+
 QColor KVLook::failure(const QPalette &palette) {
     return isDark(palette) ? QColor(0xff, 0x9b, 0x94) : QColor(0xb7, 0x1c, 0x1c);
 }

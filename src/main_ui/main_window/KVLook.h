@@ -19,6 +19,7 @@ QColor secondaryText(const QPalette &palette);
 /// Thin lines between things.
 QColor line(const QPalette &palette);
 QColor success(const QPalette &palette);
+QColor warning(const QPalette &palette);
 QColor failure(const QPalette &palette);
 
 /// The font of second lines.

@@ -6,6 +6,7 @@
 #include "main_ui/main_window/KVDropZoneView.h"
 #include "main_ui/main_window/KVFooterView.h"
 #include "main_ui/main_window/KVMainMenu.h"
+#include "main_ui/main_window/details/KVFailureDetailsPanels.h"
 #include "main_ui/main_window/history/KVHistoryView.h"
 #include "main_ui/main_window/table_view/KVQueueTableWidget.h"
 #include "queues/KVConversionQueue.h"
@@ -39,12 +40,13 @@ std::map<KVConversionState, qsizetype> countedByState(const KVConversionQueue &q
 
 KVMainWindow::KVMainWindow(KVMainWindowDelegate &delegate, std::shared_ptr<KVConversionRowServices> services)
     : _delegate(delegate)
-    , _model(new KVQueueTableModel(std::move(services), this))
+    , _model(new KVQueueTableModel(services, this))
     , _table(new KVQueueTableWidget)
     , _dropZone(new KVDropZoneView)
     , _footer(new KVFooterView)
     , _content(new QStackedWidget)
-    , _historyDock(new QDockWidget(KVLocalizationCenter::localized("History"))) {
+    , _historyDock(new QDockWidget(KVLocalizationCenter::localized("History")))
+    , _detailsPanels(new KVFailureDetailsPanels(std::move(services), this)) {
     setWindowTitle(QStringLiteral("Kalvora"));
     setAcceptDrops(true);
     resize(680, 520);
@@ -113,6 +115,9 @@ void KVMainWindow::_connectTable() {
             });
     connect(_table, &KVQueueTableWidget::stopButtonPressed, this, [this](const QModelIndex &index) {
         if (const auto row = _model->tableRow(index)) row->stopButtonAction(_model->isOptionKeyDown());
+    });
+    connect(_table, &KVQueueTableWidget::detailsRequested, this, [this](const QModelIndex &index) {
+        if (const auto row = _model->tableRow(index)) row->showDetails();
     });
 }
 
@@ -192,6 +197,10 @@ void KVMainWindow::_updateCommands() {
     _menu->setState(state);
     _footer->setIsWorking(running > 0);
     _footer->setCanStart(running > 0 || startable > 0);
+}
+
+void KVMainWindow::showDetails(const std::shared_ptr<KVConversion> &conversion) {
+    _detailsPanels->show(conversion);
 }
 
 void KVMainWindow::toggleHistory() {

@@ -11,6 +11,7 @@
 
 class KVAppearance;
 class KVDropZoneView;
+class KVFailureDetailsPanels;
 class KVFooterView;
 class KVHistoryView;
 class KVMainMenu;
@@ -33,6 +34,8 @@ class KVMainWindow : public QMainWindow {
     KVDropZoneView &dropZone() { return *_dropZone; }
     bool showsDropZone() const;
 
+    /// Opens the panel with what is known about a failure or about warnings, or raises it.
+    void showDetails(const std::shared_ptr<KVConversion> &conversion);
     /// Shows or hides the history.
     void toggleHistory();
     void showProgressBar();
@@ -64,6 +67,7 @@ class KVMainWindow : public QMainWindow {
     QStackedWidget *_content;
     QDockWidget *_historyDock;
     KVMainMenu *_menu = nullptr;
+    KVFailureDetailsPanels *_detailsPanels;
     QTimer _commandsUpdate; ///< Gathers many changes into one update.
     std::vector<KVNotificationCenter::Observation> _observations;
 };

@@ -39,6 +39,16 @@ void ask(const QDBusConnection &bus, const QDBusMessage &message, QObject &conte
     });
 }
 
+QDBusMessage notification(const QString &title, const QString &text, uint replacedId) {
+    auto message =
+        QDBusMessage::createMethodCall("org.freedesktop.Notifications", "/org/freedesktop/Notifications",
+                                       "org.freedesktop.Notifications", "Notify");
+    const QVariantMap hints{{"desktop-entry", desktopEntry}};
+    message << QStringLiteral("Kalvora") << replacedId << desktopEntry << title << text.toHtmlEscaped()
+            << QStringList() << hints << -1;
+    return message;
+}
+
 // The country of a zone by the time zone database's own table: "DE\t+5230+01322\tEurope/Berlin".
 QString countryOfTimeZone(const QByteArray &zone) {
     QFile table(QStringLiteral("/usr/share/zoneinfo/zone.tab"));
@@ -56,16 +66,30 @@ KVDesktop::KVDesktop() = default;
 
 KVDesktop::~KVDesktop() {
     setKeepsAwake(false);
+    for (const Shown &shown : std::as_const(_shown)) // the last word counts, also without a reply
+        if (shown.next)
+            send(QDBusConnection::sessionBus(), notification(shown.next->first, shown.next->second, 0));
 }
 
-void KVDesktop::postNotification(const QString &title, const QString &text) {
-    auto message =
-        QDBusMessage::createMethodCall("org.freedesktop.Notifications", "/org/freedesktop/Notifications",
-                                       "org.freedesktop.Notifications", "Notify");
-    const QVariantMap hints{{"desktop-entry", desktopEntry}};
-    message << QStringLiteral("Kalvora") << 0U << desktopEntry << title << text.toHtmlEscaped()
-            << QStringList() << hints << -1;
-    send(QDBusConnection::sessionBus(), message);
+void KVDesktop::postNotification(const QString &title, const QString &text, const QString &topic) {
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) return;
+    if (topic.isEmpty()) return send(bus, notification(title, text, 0));
+    Shown &shown = _shown[topic];
+    if (shown.id != 0) return send(bus, notification(title, text, shown.id));
+    // Its number is known after the first reply; until then only the newest text is kept.
+    if (std::exchange(shown.isPending, true)) {
+        shown.next = {title, text};
+        return;
+    }
+    ask(bus, notification(title, text, 0), _context, [this, topic](const QDBusPendingCall &call) {
+        const QDBusPendingReply<uint> reply = call;
+        Shown &answered = _shown[topic];
+        answered.isPending = false;
+        if (!reply.isError()) answered.id = reply.value();
+        if (const auto next = std::exchange(answered.next, std::nullopt))
+            postNotification(next->first, next->second, topic);
+    });
 }
 
 void KVDesktop::playCompleteSound() {

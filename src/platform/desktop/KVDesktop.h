@@ -3,11 +3,13 @@
 #include "kvcore/KVFileDescriptor.h"
 #include "platform/desktop/KVCompletionSound.h"
 
+#include <QHash>
 #include <QObject>
 #include <QString>
 #include <QUrl>
 
 #include <optional>
+#include <utility>
 
 /// The services of the user's session, over D-Bus. Each is an action without a result: where a service is
 /// missing nothing happens, and nothing waits for an answer. Main thread.
@@ -18,8 +20,8 @@ class KVDesktop {
     KVDesktop(const KVDesktop &) = delete;
     KVDesktop &operator=(const KVDesktop &) = delete;
 
-    /// org.freedesktop.Notifications
-    void postNotification(const QString &title, const QString &text);
+    /// org.freedesktop.Notifications. With a topic it replaces the last notification of the same topic.
+    void postNotification(const QString &title, const QString &text, const QString &topic = {});
     /// The sound theme's event for something that is complete, through libcanberra.
     void playCompleteSound();
     /// logind's Suspend.
@@ -37,10 +39,18 @@ class KVDesktop {
     static bool isSandboxed();
 
   private:
+    /// The notification of a topic that is shown now.
+    struct Shown {
+        uint id = 0; ///< The service's number; 0 until the service has replied.
+        bool isPending = false;
+        std::optional<std::pair<QString, QString>> next{}; ///< Title and text that wait for the number.
+    };
+
     void _askManagerToKeepAwake();
     void _askPortalToKeepAwake();
 
-    QObject _context; ///< Answers that come after our end find nobody.
+    QHash<QString, Shown> _shown; ///< By topic.
+    QObject _context;             ///< Answers that come after our end find nobody.
     KVCompletionSound _sound;
     KVFileDescriptor _inhibitor; ///< Holds logind's inhibitor.
     QString _inhibitionRequest;  ///< Object path of the portal's inhibitor.

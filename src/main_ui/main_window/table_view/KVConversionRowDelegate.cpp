@@ -21,12 +21,28 @@ constexpr int stackOffset = 4; // of a thumbnail behind another
 constexpr int progressHeight = 5;
 constexpr int lineGap = 2; // between title and status
 constexpr int stateSymbolSide = 18;
+constexpr int signSide = 28; // with the space around the symbol that takes clicks
 constexpr int widestDragImage = 320;
 
 using Role = KVQueueTableModel::Role;
 
 KVConversionState stateOf(const QModelIndex &index) {
     return KVConversionState(index.data(Role::stateRole).toInt());
+}
+
+KVRowOutcome::Kind outcomeOf(const QModelIndex &index) {
+    return KVRowOutcome::Kind(index.data(Role::outcomeRole).toInt());
+}
+
+const char *symbolOf(KVRowOutcome::Kind outcome) {
+    switch (outcome) {
+    case KVRowOutcome::Kind::succeeded:
+        return "done";
+    case KVRowOutcome::Kind::succeededWithWarnings:
+        return "warning";
+    default:
+        return "failed";
+    }
 }
 
 QRect mirrored(const QRect &rect, const QRect &row) {
@@ -165,13 +181,25 @@ void paintTexts(QPainter &painter, const QStyleOptionViewItem &option, const QMo
                          status.height());
         status = mirrored(rest, status);
     }
-    const bool hasFailed =
-        state == KVConversionState::finished && !index.data(Role::isSuccessfulRole).toBool();
+    const bool isPlain = outcomeOf(index) == KVRowOutcome::Kind::succeeded;
     painter.setFont(small);
-    painter.setPen(hasFailed ? KVLook::failure(palette) : KVLook::secondaryText(palette));
+    painter.setPen(isPlain ? KVLook::secondaryText(palette)
+                           : KVConversionRowDelegate::outcomeColor(index, palette));
     painter.drawText(
         status, alignment,
         smallMetrics.elidedText(index.data(Role::statusRole).toString(), Qt::ElideRight, status.width()));
+}
+
+void paintSign(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index,
+               const QRect &rect) {
+    const bool isUsed = option.state.testFlag(QStyle::State_MouseOver);
+    if (isUsed && KVConversionRowDelegate::hasDetails(index)) paintButton(painter, option, rect, {}, false);
+    const QSize size(stateSymbolSide, stateSymbolSide);
+    QRect place(QPoint(), size);
+    place.moveCenter(rect.center());
+    painter.drawPixmap(place, KVLook::symbol(symbolOf(outcomeOf(index)), size,
+                                             KVConversionRowDelegate::outcomeColor(index, option.palette),
+                                             painter.device()->devicePixelRatioF()));
 }
 
 void paintConversion(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index) {
@@ -181,16 +209,9 @@ void paintConversion(QPainter &painter, const QStyleOptionViewItem &option, cons
 
     QRect space = option.rect.adjusted(2 * margin + thumbnailSide, 0, -(2 * margin + stop.width()), 0);
     if (stateOf(index) == KVConversionState::finished) {
-        const bool isSuccessful = index.data(Role::isSuccessfulRole).toBool();
-        const QSize size(stateSymbolSide, stateSymbolSide);
-        const QRect place(option.rect.right() - margin - size.width(),
-                          option.rect.center().y() - size.height() / 2, size.width(), size.height());
-        painter.drawPixmap(
-            mirrored(place, option.rect),
-            KVLook::symbol(isSuccessful ? "done" : "failed", size,
-                           isSuccessful ? KVLook::success(option.palette) : KVLook::failure(option.palette),
-                           painter.device()->devicePixelRatioF()));
-        space.setRight(place.left() - margin);
+        const QRect sign = KVConversionRowDelegate::signRect(option.rect);
+        paintSign(painter, option, index, sign);
+        space.setRight(option.rect.right() - sign.width() - margin);
     } else {
         paintButton(painter, option, stop, index.data(Role::stopTitleRole).toString(), false);
     }
@@ -223,10 +244,37 @@ QRect KVConversionRowDelegate::presetRect(const QRect &groupRow) {
                     groupRow);
 }
 
+QRect KVConversionRowDelegate::signRect(const QRect &row) {
+    const int aside = margin - (signSide - stateSymbolSide) / 2; // the symbol itself has the usual margin
+    return mirrored(
+        {row.right() - aside - signSide + 1, row.top() + (row.height() - signSide) / 2, signSide, signSide},
+        row);
+}
+
+bool KVConversionRowDelegate::hasDetails(const QModelIndex &index) {
+    return index.data(Role::hasDetailsRole).toBool();
+}
+
+QColor KVConversionRowDelegate::outcomeColor(const QModelIndex &index, const QPalette &palette) {
+    switch (outcomeOf(index)) {
+    case KVRowOutcome::Kind::succeeded:
+        return KVLook::success(palette);
+    case KVRowOutcome::Kind::succeededWithWarnings:
+        return KVLook::warning(palette);
+    case KVRowOutcome::Kind::failed:
+        return KVLook::failure(palette);
+    case KVRowOutcome::Kind::cancelled:
+    case KVRowOutcome::Kind::unfinished:
+        break;
+    }
+    return KVLook::secondaryText(palette);
+}
+
 QRect KVConversionRowDelegate::buttonRect(const QModelIndex &index, const QRect &row) {
     if (!index.isValid()) return {};
     if (index.data(Role::isGroupRole).toBool()) return presetRect(row);
-    return stateOf(index) == KVConversionState::finished ? QRect() : stopRect(row);
+    if (stateOf(index) != KVConversionState::finished) return stopRect(row);
+    return hasDetails(index) ? signRect(row) : QRect();
 }
 
 QPixmap KVConversionRowDelegate::dragImage(QStyleOptionViewItem option, const QModelIndex &index) {

@@ -15,8 +15,15 @@ class KVConversionRowDelegate : public QStyledItemDelegate {
     static QRect thumbnailRect(const QRect &row);
     static QRect stopRect(const QRect &row);
     static QRect presetRect(const QRect &groupRow);
-    /// The button of any row: preset or stop; empty where it has none.
+    /// The sign of a finished row; it opens the details if there are any.
+    static QRect signRect(const QRect &row);
+    /// The button of any row: preset, stop or a sign that opens the details; empty where it has none.
     static QRect buttonRect(const QModelIndex &index, const QRect &row);
+
+    /// True for a finished row with more to read than it shows.
+    static bool hasDetails(const QModelIndex &index);
+    /// Of the sign and the second line of a finished row.
+    static QColor outcomeColor(const QModelIndex &index, const QPalette &palette);
 
     /// A conversion row, small enough to hang on the mouse.
     static QPixmap dragImage(QStyleOptionViewItem option, const QModelIndex &index);

@@ -130,7 +130,11 @@ QVariant KVQueueTableModel::data(const QModelIndex &index, int role) const {
     case stateRole:
         return int(row.conversion->state.load());
     case isSuccessfulRole:
-        return row.conversion->hasSucceeded();
+        return tableRow.outcome().isSuccess();
+    case outcomeRole:
+        return int(tableRow.outcome().kind);
+    case hasDetailsRole:
+        return tableRow.outcome().hasDetails();
     case stopTitleRole:
         return tableRow.stopButtonTitle(_isOptionKeyDown);
     default:

@@ -26,6 +26,8 @@ class KVQueueTableModel : public QAbstractListModel, public KVQueueTableView {
         progressRole, ///< Invalid while there is none to show.
         stateRole,
         isSuccessfulRole,
+        outcomeRole,    ///< A `KVRowOutcome::Kind`.
+        hasDetailsRole, ///< Whether there is more to read about the outcome than the row shows.
         stopTitleRole,
         presetNameRole, ///< Of a group row: the preset that its conversions get.
     };

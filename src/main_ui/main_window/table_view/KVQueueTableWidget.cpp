@@ -176,7 +176,7 @@ void KVQueueTableWidget::_paintRow(QPainter &painter, QStyleOptionViewItem &opti
     option.state.setFlag(QStyle::State_MouseOver, index == _hovered);
     option.state.setFlag(QStyle::State_Sunken, index == _pressed && index == _hovered);
     if (const double glow = _glows.value(index); glow > 0) {
-        QColor color = KVLook::success(palette());
+        QColor color = KVConversionRowDelegate::outcomeColor(index, palette());
         color.setAlphaF(float(0.3 * glow));
         painter.fillRect(option.rect, color);
     }
@@ -224,14 +224,20 @@ QModelIndex KVQueueTableWidget::_buttonAt(const QPoint &point) const {
 void KVQueueTableWidget::_activate(const QModelIndex &index, const QPoint &point) {
     // What is asked for may remove the row: nothing looks at it afterwards.
     if (_buttonAt(point) == index) {
-        if (_queueModel->isGroup(index))
-            _requestMenu(index);
-        else
-            Q_EMIT stopButtonPressed(index);
+        _pressButton(index);
     } else if (!_queueModel->isGroup(index) &&
                KVConversionRowDelegate::thumbnailRect(visualRect(index)).contains(point)) {
         _requestMenu(index);
     }
+}
+
+void KVQueueTableWidget::_pressButton(const QModelIndex &index) {
+    if (_queueModel->isGroup(index))
+        _requestMenu(index);
+    else if (KVConversionRowDelegate::hasDetails(index))
+        Q_EMIT detailsRequested(index);
+    else
+        Q_EMIT stopButtonPressed(index);
 }
 
 void KVQueueTableWidget::_requestMenu(const QModelIndex &index) {
@@ -302,11 +308,11 @@ void KVQueueTableWidget::keyPressEvent(QKeyEvent *event) {
     switch (index.isValid() ? event->key() : Qt::Key_unknown) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        return isControl ? event->ignore() : _requestMenu(index);
+        if (isControl) return event->ignore();
+        return KVConversionRowDelegate::hasDetails(index) ? Q_EMIT detailsRequested(index)
+                                                          : _requestMenu(index);
     case Qt::Key_Space:
-        if (!row) return _requestMenu(index);
-        if (!KVConversionRowDelegate::buttonRect(index, visualRect(index)).isEmpty())
-            Q_EMIT stopButtonPressed(index);
+        if (!KVConversionRowDelegate::buttonRect(index, visualRect(index)).isEmpty()) _pressButton(index);
         return;
     case Qt::Key_Delete:
         if (row) row->cancelConversion();

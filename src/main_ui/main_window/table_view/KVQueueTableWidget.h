@@ -25,6 +25,7 @@ class KVQueueTableWidget : public QAbstractItemView {
     void rowMenuRequested(const QModelIndex &index, const QPoint &globalPosition);
     void presetMenuRequested(const QModelIndex &index, const QPoint &globalPosition);
     void stopButtonPressed(const QModelIndex &index);
+    void detailsRequested(const QModelIndex &index);
 
   protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
@@ -63,6 +64,8 @@ class KVQueueTableWidget : public QAbstractItemView {
     void _paintDropTarget(QPainter &painter) const;
     void _paintRow(QPainter &painter, QStyleOptionViewItem &option, const QModelIndex &index) const;
     void _activate(const QModelIndex &index, const QPoint &point);
+    /// Does what the row's button is for.
+    void _pressButton(const QModelIndex &index);
     void _requestMenu(const QModelIndex &index);
     void _setHovered(const QModelIndex &index);
     /// What a drag of the current row by one place would do; `direction` is -1 or 1.
