@@ -92,7 +92,7 @@ class Photographer {
         _window().toggleHistory();
         QFile::copy(_media.filePath("Birthday.mp4"), _media.filePath("Lost.mp4"));
         for (const char *name :
-             {"Birthday.mp4", "Lost.mp4", "Cut off.wav", "01 Prelude.mp3", "Mountain lake.png"})
+             {"Birthday.mp4", "Lost.mp4", "Concert.wav", "01 Prelude.mp3", "Mountain lake.png"})
             _application->addFiles({_url(name)});
         _wait([&] { return _haveThumbnails(); });
         QFile::remove(_media.filePath("Lost.mp4"));

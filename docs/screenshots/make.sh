@@ -48,8 +48,11 @@ make_media() {
 Впереди — тысяча фьордов
 и ни одного облака.
 TEXT
+    # The end is missing: four minutes by its header, and 17 seconds of sound.
+    ffmpeg -y -nostdin -loglevel error -f lavfi -i sine=frequency=294:sample_rate=44100:duration=240 "$work/whole.wav"
+    head -c 1500000 "$work/whole.wav" > "$media/Concert.wav"
 }
-[ -e "$media/Through the fjords.srt.txt" ] || make_media
+[ -e "$media/Concert.wav" ] || make_media
 
 rm -rf "${work:?}/home"
 export HOME=$work/home XDG_CONFIG_HOME=$work/home/config XDG_CACHE_HOME=$work/home/cache XDG_DATA_HOME=$work/home/data
