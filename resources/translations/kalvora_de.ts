@@ -1032,6 +1032,444 @@ Ausgabe in Teilen.</translation>
   <message>
     <source>The disc image is smaller than what it should hold.</source>
     <translation>Das Disc-Abbild ist kleiner als das, was es enthalten soll.</translation>
+    <source>The file to be converted cannot be found: it has been moved, renamed or removed.</source>
+    <translation>Die zu konvertierende Datei wurde nicht gefunden: Sie wurde verschoben, umbenannt oder entfernt.</translation>
+  </message>
+  <message>
+    <source>Put the file back, or add it again from its new place.</source>
+    <translation>Legen Sie die Datei zurück, oder fügen Sie sie von ihrem neuen Ort aus hinzu.</translation>
+  </message>
+  <message>
+    <source>You have used up the space that you may use on this disk.</source>
+    <translation>Sie haben den Platz aufgebraucht, den Sie auf diesem Datenträger belegen dürfen.</translation>
+  </message>
+  <message>
+    <source>The result is larger than a file on this disk may be.</source>
+    <translation>Das Ergebnis ist größer, als eine Datei auf diesem Datenträger sein darf.</translation>
+  </message>
+  <message>
+    <source>Choose a folder on another disk (on a disk in the FAT format a file holds at most 4 GB), or a lower quality.</source>
+    <translation>Wählen Sie einen Ordner auf einem anderen Datenträger (im Format FAT fasst eine Datei höchstens 4 GB) oder eine geringere Qualität.</translation>
+  </message>
+  <message>
+    <source>The disk of the destination folder is write-protected.</source>
+    <translation>Der Datenträger des Zielordners ist schreibgeschützt.</translation>
+  </message>
+  <message>
+    <source>You have no permission to write into the destination folder.</source>
+    <translation>Sie dürfen nicht in den Zielordner schreiben.</translation>
+  </message>
+  <message>
+    <source>The destination folder does not exist.</source>
+    <translation>Den Zielordner gibt es nicht.</translation>
+  </message>
+  <message>
+    <source>A folder has the name that the result should get.</source>
+    <translation>Ein Ordner hat den Namen, den das Ergebnis bekommen soll.</translation>
+  </message>
+  <message>
+    <source>The name of the result is too long for this disk.</source>
+    <translation>Der Name des Ergebnisses ist zu lang für diesen Datenträger.</translation>
+  </message>
+  <message>
+    <source>Give the file a shorter name and add it again.</source>
+    <translation>Geben Sie der Datei einen kürzeren Namen, und fügen Sie sie noch einmal hinzu.</translation>
+  </message>
+  <message>
+    <source>The result would replace the file that is converted.</source>
+    <translation>Das Ergebnis würde die Datei ersetzen, die konvertiert wird.</translation>
+  </message>
+  <message>
+    <source>There is no destination folder.</source>
+    <translation>Es gibt keinen Zielordner.</translation>
+  </message>
+  <message>
+    <source>You have no permission to read the file.</source>
+    <translation>Sie dürfen die Datei nicht lesen.</translation>
+  </message>
+  <message>
+    <source>Change the permissions of the file, or copy it into a folder of yours.</source>
+    <translation>Ändern Sie die Zugriffsrechte der Datei, oder kopieren Sie sie in einen eigenen Ordner.</translation>
+  </message>
+  <message>
+    <source>This is a folder and no media file.</source>
+    <translation>Das ist ein Ordner und keine Mediendatei.</translation>
+  </message>
+  <message>
+    <source>Add the files in the folder instead.</source>
+    <translation>Fügen Sie stattdessen die Dateien im Ordner hinzu.</translation>
+  </message>
+  <message>
+    <source>There is not enough memory.</source>
+    <translation>Der Arbeitsspeicher reicht nicht aus.</translation>
+  </message>
+  <message>
+    <source>A library that ffmpeg needs is missing or damaged.</source>
+    <translation>Eine Bibliothek, die ffmpeg braucht, fehlt oder ist beschädigt.</translation>
+  </message>
+  <message>
+    <source>A program that the conversion needs cannot be started.</source>
+    <translation>Ein Programm, das die Konvertierung braucht, lässt sich nicht starten.</translation>
+  </message>
+  <message>
+    <source>Too many files are open at once.</source>
+    <translation>Es sind zu viele Dateien gleichzeitig geöffnet.</translation>
+  </message>
+  <message>
+    <source>The converter was ended by the system or another program; perhaps the memory ran out.</source>
+    <translation>Der Konverter wurde vom System oder einem anderen Programm beendet; vielleicht ging der Arbeitsspeicher aus.</translation>
+  </message>
+  <message>
+    <source>The converter crashed.</source>
+    <translation>Der Konverter ist abgestürzt.</translation>
+  </message>
+  <message>
+    <source>Try again. If it happens once more, update ffmpeg, or save the file anew with another program.</source>
+    <translation>Versuchen Sie es noch einmal. Geschieht es wieder, aktualisieren Sie ffmpeg, oder speichern Sie die Datei mit einem anderen Programm neu.</translation>
+  </message>
+  <message>
+    <source>The converter has used all the processor time that it may use on this computer.</source>
+    <translation>Der Konverter hat die Prozessorzeit verbraucht, die es auf diesem Rechner verwenden darf.</translation>
+  </message>
+  <message>
+    <source>Choose faster settings, or ask the administrator of this computer for more time.</source>
+    <translation>Wählen Sie schnellere Einstellungen, oder bitten Sie den Betreuer dieses Rechners um mehr Zeit.</translation>
+  </message>
+  <message>
+    <source>Another program or the system asked the converter to stop.</source>
+    <translation>Ein anderes Programm oder das System hat den Konverter angehalten.</translation>
+  </message>
+  <message>
+    <source>Try the conversion again.</source>
+    <translation>Konvertieren Sie noch einmal.</translation>
+  </message>
+  <message>
+    <source>The installed ffmpeg cannot draw subtitles into the picture.</source>
+    <translation>Das installierte ffmpeg kann keine Untertitel ins Bild zeichnen.</translation>
+  </message>
+  <message>
+    <source>The installed ffmpeg lacks a filter that the preset needs.</source>
+    <translation>Dem installierten ffmpeg fehlt ein Filter, den die Voreinstellung braucht.</translation>
+  </message>
+  <message>
+    <source>The installed ffmpeg lacks the encoder that the preset needs.</source>
+    <translation>Dem installierten ffmpeg fehlt der Encoder, den die Voreinstellung braucht.</translation>
+  </message>
+  <message>
+    <source>The installed ffmpeg does not know a setting of the preset.</source>
+    <translation>Das installierte ffmpeg kennt eine Einstellung der Voreinstellung nicht.</translation>
+  </message>
+  <message>
+    <source>The installed ffmpeg cannot write this format.</source>
+    <translation>Das installierte ffmpeg kann dieses Format nicht schreiben.</translation>
+  </message>
+  <message>
+    <source>The graphics processor or its driver cannot encode this video.</source>
+    <translation>Der Grafikprozessor oder sein Treiber kann dieses Video nicht kodieren.</translation>
+  </message>
+  <message>
+    <source>Choose a preset with another video format, or install the driver of the graphics processor.</source>
+    <translation>Wählen Sie eine Voreinstellung mit einem anderen Videoformat, oder installieren Sie den Treiber des Grafikprozessors.</translation>
+  </message>
+  <message>
+    <source>The file is protected against copying.</source>
+    <translation>Die Datei ist kopiergeschützt.</translation>
+  </message>
+  <message>
+    <source>Use a copy without protection, if its provider offers one.</source>
+    <translation>Verwenden Sie eine Fassung ohne Kopierschutz, wenn der Anbieter eine hat.</translation>
+  </message>
+  <message>
+    <source>The installed ffmpeg cannot decode a track of the file.</source>
+    <translation>Das installierte ffmpeg kann eine Spur der Datei nicht dekodieren.</translation>
+  </message>
+  <message>
+    <source>The subtitles file is in no format that can be read.</source>
+    <translation>Die Untertiteldatei hat kein lesbares Format.</translation>
+  </message>
+  <message>
+    <source>Choose another subtitles file, or try again without the subtitles.</source>
+    <translation>Wählen Sie eine andere Untertiteldatei, oder versuchen Sie es ohne Untertitel.</translation>
+  </message>
+  <message>
+    <source>The text of the subtitles is in another encoding.</source>
+    <translation>Der Text der Untertitel hat eine andere Kodierung.</translation>
+  </message>
+  <message>
+    <source>Choose the right encoding of the subtitles, or try again without them.</source>
+    <translation>Wählen Sie die richtige Kodierung der Untertitel, oder versuchen Sie es ohne sie.</translation>
+  </message>
+  <message>
+    <source>The format of the result cannot hold these subtitles.</source>
+    <translation>Das Format des Ergebnisses kann diese Untertitel nicht aufnehmen.</translation>
+  </message>
+  <message>
+    <source>The encoder takes only pictures with an even width and height.</source>
+    <translation>Der Encoder nimmt nur Bilder mit gerader Breite und Höhe.</translation>
+  </message>
+  <message>
+    <source>Set an even size in the preset, or choose another preset.</source>
+    <translation>Stellen Sie in der Voreinstellung eine gerade Größe ein, oder wählen Sie eine andere.</translation>
+  </message>
+  <message>
+    <source>The picture is too large for the encoder.</source>
+    <translation>Das Bild ist zu groß für den Encoder.</translation>
+  </message>
+  <message>
+    <source>Set a smaller size in the preset.</source>
+    <translation>Stellen Sie in der Voreinstellung eine kleinere Größe ein.</translation>
+  </message>
+  <message>
+    <source>The format allows only a few sizes of the picture, and this is none of them.</source>
+    <translation>Das Format lässt nur wenige Bildgrößen zu, diese nicht.</translation>
+  </message>
+  <message>
+    <source>The encoder's profile cannot hold the colors of this video.</source>
+    <translation>Das Profil des Encoders kann die Farben dieses Videos nicht aufnehmen.</translation>
+  </message>
+  <message>
+    <source>The format does not allow this number of frames per second.</source>
+    <translation>Das Format lässt diese Anzahl von Bildern pro Sekunde nicht zu.</translation>
+  </message>
+  <message>
+    <source>The format does not allow this sample rate.</source>
+    <translation>Das Format lässt diese Abtastrate nicht zu.</translation>
+  </message>
+  <message>
+    <source>The format cannot hold this number of audio channels.</source>
+    <translation>Das Format kann so viele Tonkanäle nicht aufnehmen.</translation>
+  </message>
+  <message>
+    <source>Choose fewer channels in the preset, or another preset.</source>
+    <translation>Wählen Sie in der Voreinstellung weniger Kanäle oder eine andere Voreinstellung.</translation>
+  </message>
+  <message>
+    <source>The format does not allow this bit rate.</source>
+    <translation>Das Format lässt diese Bitrate nicht zu.</translation>
+  </message>
+  <message>
+    <source>The part to be cut out is larger than the picture, or empty.</source>
+    <translation>Der Ausschnitt ist größer als das Bild oder leer.</translation>
+  </message>
+  <message>
+    <source>The volume or speed of the preset is outside the limits.</source>
+    <translation>Die Lautstärke oder Geschwindigkeit der Voreinstellung liegt außerhalb der Grenzen.</translation>
+  </message>
+  <message>
+    <source>The times of a track are missing or not in order, so it cannot be copied.</source>
+    <translation>Die Zeiten einer Spur fehlen oder sind ungeordnet, darum lässt sie sich nicht kopieren.</translation>
+  </message>
+  <message>
+    <source>The format of the result cannot hold a track of the file as it is.</source>
+    <translation>Das Format des Ergebnisses kann eine Spur der Datei nicht unverändert aufnehmen.</translation>
+  </message>
+  <message>
+    <source>The files differ in size, so they cannot be joined.</source>
+    <translation>Die Bilder der Dateien sind verschieden groß, darum lassen sie sich nicht verbinden.</translation>
+  </message>
+  <message>
+    <source>Convert the files one by one first, with the same settings.</source>
+    <translation>Konvertieren Sie die Dateien zuerst einzeln mit gleichen Einstellungen.</translation>
+  </message>
+  <message>
+    <source>One of the files lacks a track that the others have, so they cannot be joined.</source>
+    <translation>Einer der Dateien fehlt eine Spur, die die anderen haben, darum lassen sie sich nicht verbinden.</translation>
+  </message>
+  <message>
+    <source>Convert the files one by one, or remove the file without this track.</source>
+    <translation>Konvertieren Sie die Dateien einzeln, oder entfernen Sie die Datei ohne diese Spur.</translation>
+  </message>
+  <message>
+    <source>The chosen track is not in the file any more.</source>
+    <translation>Die gewählte Spur ist nicht mehr in der Datei.</translation>
+  </message>
+  <message>
+    <source>Remove the file and add it again.</source>
+    <translation>Entfernen Sie die Datei, und fügen Sie sie noch einmal hinzu.</translation>
+  </message>
+  <message>
+    <source>The file has no track of the kind that the preset makes.</source>
+    <translation>Die Datei hat keine Spur der Art, die die Voreinstellung erzeugt.</translation>
+  </message>
+  <message>
+    <source>Choose a preset that fits the file.</source>
+    <translation>Wählen Sie eine Voreinstellung, die zur Datei passt.</translation>
+  </message>
+  <message>
+    <source>The file does not tell the size of its picture.</source>
+    <translation>Die Datei nennt die Größe ihres Bildes nicht.</translation>
+  </message>
+  <message>
+    <source>A track of the file holds nothing that can be decoded.</source>
+    <translation>Eine Spur der Datei enthält nichts, was sich dekodieren lässt.</translation>
+  </message>
+  <message>
+    <source>You have no permission to read files of the DVD folder.</source>
+    <translation>Sie dürfen Dateien des DVD-Ordners nicht lesen.</translation>
+  </message>
+  <message>
+    <source>Change the permissions of the folder VIDEO_TS, or copy it into a folder of yours.</source>
+    <translation>Ändern Sie die Zugriffsrechte des Ordners VIDEO_TS, oder kopieren Sie ihn in einen eigenen Ordner.</translation>
+  </message>
+  <message>
+    <source>The DVD folder is incomplete: a file with the ending IFO is missing.</source>
+    <translation>Der DVD-Ordner ist unvollständig: Eine Datei mit der Endung IFO fehlt.</translation>
+  </message>
+  <message>
+    <source>The DVD folder is damaged: a file with the ending IFO cannot be understood.</source>
+    <translation>Der DVD-Ordner ist beschädigt: Eine Datei mit der Endung IFO ist unverständlich.</translation>
+  </message>
+  <message>
+    <source>The folder holds no DVD: it has no folder VIDEO_TS.</source>
+    <translation>Der Ordner enthält keine DVD: Ihm fehlt der Ordner VIDEO_TS.</translation>
+  </message>
+  <message>
+    <source>A file of the disc is larger than the 4 GB that an image of a disc can hold.</source>
+    <translation>Eine Datei der DVD ist größer als die 4 GB, die ein Abbild aufnehmen kann.</translation>
+  </message>
+  <message>
+    <source>Choose a lower bit rate in the preset, or put fewer or shorter films on the disc.</source>
+    <translation>Wählen Sie in der Voreinstellung eine geringere Bitrate oder weniger oder kürzere Filme.</translation>
+  </message>
+  <message>
+    <source>The name of the disc is too long.</source>
+    <translation>Der Name der DVD ist zu lang.</translation>
+  </message>
+  <message>
+    <source>Give the disc a shorter name.</source>
+    <translation>Geben Sie der DVD einen kürzeren Namen.</translation>
+  </message>
+  <message>
+    <source>The disc could not be written to its end.</source>
+    <translation>Die DVD konnte nicht zu Ende geschrieben werden.</translation>
+  </message>
+  <message>
+    <source>See that there is enough space and that the disk can be written to, and try again.</source>
+    <translation>Sorgen Sie für genügend Platz und Schreibrechte, und versuchen Sie es noch einmal.</translation>
+  </message>
+  <message>
+    <source>An intermediate file has been removed during the conversion.</source>
+    <translation>Eine Zwischendatei wurde während der Konvertierung entfernt.</translation>
+  </message>
+  <message>
+    <source>There is no film that can be put on the disc.</source>
+    <translation>Es gibt keinen Film, der auf die DVD passt.</translation>
+  </message>
+  <message>
+    <source>The disc program dvdauthor does not understand what the disc should hold.</source>
+    <translation>Das Programm dvdauthor versteht nicht, was die DVD enthalten soll.</translation>
+  </message>
+  <message>
+    <source>The file holds no picture of a kind that can be read, whatever its name says.</source>
+    <translation>Die Datei enthält kein Bild einer lesbaren Art, was immer ihr Name sagt.</translation>
+  </message>
+  <message>
+    <source>The picture is incomplete.</source>
+    <translation>Das Bild ist unvollständig.</translation>
+  </message>
+  <message>
+    <source>The picture is damaged.</source>
+    <translation>Das Bild ist beschädigt.</translation>
+  </message>
+  <message>
+    <source>Make the picture smaller with another program first.</source>
+    <translation>Verkleinern Sie das Bild zuerst mit einem anderen Programm.</translation>
+  </message>
+  <message>
+    <source>The file is incomplete: the index that belongs to it is missing.</source>
+    <translation>Die Datei ist unvollständig: Das Verzeichnis ihrer Inhalte fehlt.</translation>
+  </message>
+  <message>
+    <source>The file cannot be read to its end: it is incomplete, or its disk has a fault.</source>
+    <translation>Die Datei lässt sich nicht zu Ende lesen: Sie ist unvollständig, oder ihr Datenträger ist fehlerhaft.</translation>
+  </message>
+  <message>
+    <source>The file is damaged, or it is no media file.</source>
+    <translation>Die Datei ist beschädigt oder keine Mediendatei.</translation>
+  </message>
+  <message>
+    <source>Most of the file could not be decoded: it is damaged or protected.</source>
+    <translation>Der größte Teil der Datei ließ sich nicht dekodieren: Sie ist beschädigt oder geschützt.</translation>
+  </message>
+  <message>
+    <source>The encoder does not accept the settings of the preset for this file.</source>
+    <translation>Der Encoder nimmt die Einstellungen der Voreinstellung für diese Datei nicht an.</translation>
+  </message>
+  <message>
+    <source>Choose another destination folder and try again.</source>
+    <translation>Wählen Sie einen anderen Zielordner, und versuchen Sie es noch einmal.</translation>
+  </message>
+  <message>
+    <source>Copy or download the file again, or play it to see whether it is damaged.</source>
+    <translation>Kopieren oder laden Sie die Datei noch einmal, oder spielen Sie sie ab, um zu sehen, ob sie beschädigt ist.</translation>
+  </message>
+  <message>
+    <source>Change this setting of the preset, or choose another preset.</source>
+    <translation>Ändern Sie diese Einstellung, oder wählen Sie eine andere Voreinstellung.</translation>
+  </message>
+  <message>
+    <source>Install a complete and recent ffmpeg, or choose another preset.</source>
+    <translation>Installieren Sie ein vollständiges und aktuelles ffmpeg, oder wählen Sie eine andere Voreinstellung.</translation>
+  </message>
+  <message>
+    <source>Choose a preset that encodes the tracks instead of copying them.</source>
+    <translation>Wählen Sie eine Voreinstellung, die die Spuren kodiert, statt sie zu kopieren.</translation>
+  </message>
+  <message>
+    <source>Close other programs, or let fewer conversions run at once.</source>
+    <translation>Schließen Sie andere Programme, oder lassen Sie weniger Konvertierungen gleichzeitig laufen.</translation>
+  </message>
+  <message>
+    <source>Try again without the subtitles, or choose another preset.</source>
+    <translation>Versuchen Sie es ohne Untertitel, oder wählen Sie eine andere Voreinstellung.</translation>
+  </message>
+  <message>
+    <source>Copy the whole folder VIDEO_TS from the disc again.</source>
+    <translation>Kopieren Sie den ganzen Ordner VIDEO_TS noch einmal von der DVD.</translation>
+  </message>
+  <message>
+    <source>Update or reinstall the packages of ffmpeg, dvdauthor and genisoimage.</source>
+    <translation>Aktualisieren Sie die Pakete von ffmpeg, dvdauthor und genisoimage, oder installieren Sie sie neu.</translation>
+  </message>
+  <message>
+    <source>Open the picture in another program and save it again.</source>
+    <translation>Öffnen Sie das Bild in einem anderen Programm, und sichern Sie es neu.</translation>
+  </message>
+  <message>
+    <source>The destination folder %@ is missing or cannot be written to.</source>
+    <translation>Der Zielordner %@ fehlt oder ist nicht beschreibbar.</translation>
+  </message>
+  <message>
+    <source>The preset can make nothing of this file.</source>
+    <translation>Die Voreinstellung kann mit dieser Datei nichts anfangen.</translation>
+  </message>
+  <message>
+    <source>The conversion failed: %@</source>
+    <translation>Die Konvertierung ist fehlgeschlagen: %@</translation>
+  </message>
+  <message>
+    <source>The conversion failed.</source>
+    <translation>Die Konvertierung ist fehlgeschlagen.</translation>
+  </message>
+  <message>
+    <source>Install the package and try the conversion again.</source>
+    <translation>Installieren Sie das Paket, und konvertieren Sie noch einmal.</translation>
+  </message>
+  <message>
+    <source>The disc could not be put together: %@</source>
+    <translation>Die DVD konnte nicht zusammengestellt werden: %@</translation>
+  </message>
+  <message>
+    <source>The image of the disc could not be made: %@</source>
+    <translation>Das Abbild der DVD konnte nicht erzeugt werden: %@</translation>
+  </message>
+  <message>
+    <source>A film could not be prepared for the disc: %@</source>
+    <translation>Ein Film konnte nicht für die DVD vorbereitet werden: %@</translation>
+  </message>
+  <message>
+    <source>The subtitles %@ were left out: %@</source>
+    <translation>Die Untertitel %@ wurden weggelassen: %@</translation>
   </message>
   <message>
     <source>Done, but %@</source>

@@ -1,13 +1,11 @@
 #include "core/KVErrorCenter.h"
 
+#include "core/KVFailureTable.h"
 #include "core/KVQueueNotifications.h"
 #include "kvcore/KVLocalizationCenter.h"
 #include "kvcore/KVMainThread.h"
 #include "kvcore/KVText.h"
 #include "platform/KVUserQuestions.h"
-
-#include <algorithm>
-#include <optional>
 
 namespace {
 
@@ -27,38 +25,6 @@ QString textOf(const QVariant &value) {
         return '[' + parts.join(", ") + ']';
     }
     return value.typeId() == QMetaType::QString ? '"' + value.toString() + '"' : value.toString();
-}
-
-/// A cause that a person can mend, and how.
-struct Verdict {
-    std::vector<const char *> patterns;
-    const char *messageText;
-    const char *informativeText;
-};
-
-/// In the order in which they are tried.
-const std::vector<Verdict> &verdicts() {
-    static const std::vector<Verdict> verdicts{
-        {{"No space left on device"},
-         "There is no more space left on your hard drive.",
-         "Remove unnecessary files and try the conversion again."},
-        {{"The destination folder is gone."},
-         "The destination folder has been moved or removed during the conversion.",
-         "Put it back or choose another one, and try the conversion again."},
-        {{"Operation not permitted", "file not found", "No such file or directory"},
-         "The file to be converted cannot be found. Please make sure that you haven't moved or renamed the "
-         "files or enclosing folders before the conversion started.",
-         "Re-add the files into the queue and start the conversion again. Renaming or moving the file before "
-         "the conversion starts is currently not supported."}};
-    return verdicts;
-}
-
-const Verdict *verdictOn(const QString &report) {
-    const auto matches = [&](const char *pattern) { return report.contains(QLatin1String(pattern)); };
-    const auto verdict = std::ranges::find_if(verdicts(), [&](const Verdict &candidate) {
-        return std::ranges::any_of(candidate.patterns, matches);
-    });
-    return verdict == verdicts().end() ? nullptr : &*verdict;
 }
 
 QString reportOf(const std::vector<KVConversionError> &errors) {
@@ -123,10 +89,11 @@ void KVErrorCenter::_conversionDidEnd() {
     if (errors.empty()) return;
 
     const QString report = reportOf(errors);
-    if (const Verdict *verdict = verdictOn(report)) {
+    if (const KVFailureRow *row = KVFailureTable::alertFor(report)) {
         KVAlert alert;
-        alert.messageText = KVLocalizationCenter::localized(verdict->messageText);
-        alert.informativeText = KVLocalizationCenter::localized(verdict->informativeText);
+        alert.messageText = KVLocalizationCenter::localized(row->alertText ? row->alertText : row->text);
+        alert.informativeText =
+            KVLocalizationCenter::localized(row->alertRemedy ? row->alertRemedy : row->remedy);
         alert.buttons = {KVLocalizationCenter::localized("OK")};
         alert.isReportedElsewhere = true;
         KVUserQuestion::runModalOnMainThread(alert);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 struct KVConversionError;
 
@@ -18,6 +19,18 @@ struct KVFailureCause {
     QString remedy; ///< What the user can do; empty if nothing is known to help.
     KVFailureRetry retry = KVFailureRetry::again;
 
-    /// Returns the cause that the error's text, arguments and status point to. Any thread.
+    /// Returns the cause that the error's text, arguments and status point to. A failure while a disc is made
+    /// also names the step. May look at the source's size and at the destination folder: not for a paint
+    /// event. Any thread.
     static KVFailureCause of(const KVConversionError &error);
+
+    /// Returns the line of the output that explains the failure most, or the program's own reason; never
+    /// empty. For scripts and reports: most of it is English. Any thread.
+    static QString errorText(const KVConversionError &error);
+
+    /// Returns the command as it was run, quoted for a shell; empty if no program was run.
+    static QString commandLine(const KVConversionError &error);
+
+    /// Returns the last `count` lines of the output without its progress and without empty lines.
+    static QStringList lastLines(const KVConversionError &error, int count);
 };
