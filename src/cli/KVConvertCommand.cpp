@@ -19,13 +19,20 @@ QString KVConvertCommand::details() const {
            "\"input\",\n"
            "\"output\", \"preset\", \"successful\", \"terminationStatus\", \"seconds\" (the time that it "
            "took) and\n"
-           "\"error\". Behind them stands one for each refused file, with null for what there is not.";
+           "\"error\" (a line of ffmpeg's), \"cause\" and \"remedy\" (why it failed and what helps; null "
+           "if "
+           "it\n"
+           "did not fail) and \"warnings\" (what a successful result lacks). Behind them stands one for "
+           "each\n"
+           "refused file, with null for what there is not.\n\n"
+           "A result with warnings is a success; with --strict it makes the exit status 1.";
 }
 
 QList<KVCommandOption> KVConvertCommand::options() const {
     return KVConversionRequest::options() +
            QList<KVCommandOption>{{"stitch", {}, "merge all files of one media type into one output"},
                                   {"recursive", {}, "descend into subfolders"},
+                                  {"strict", {}, "count a result with warnings as a failure"},
                                   jsonOption};
 }
 
@@ -70,6 +77,8 @@ KVExitStatus KVConvertCommand::_convert(const KVConversionRequest &request, cons
         signals.endSuddenly();
     }
     if (const auto signal = signals.signal()) return static_cast<KVExitStatus>(128 + *signal);
-    const bool isEverythingDone = hasDestination && run->isEverythingDone() && !lostSubtitles.haveChosen();
+    const bool areWarningsFine = !words.isSet("strict") || !run->hasWarnings();
+    const bool isEverythingDone =
+        hasDestination && run->isEverythingDone() && areWarningsFine && !lostSubtitles.haveChosen();
     return isEverythingDone ? KVExitStatus::success : KVExitStatus::failure;
 }

@@ -1,9 +1,9 @@
 #include "cli/KVConvertRun.h"
 
-#include "cli/KVFailureText.h"
 #include "cli/KVJSONValue.h"
 #include "cli/KVPresetChoice.h"
 #include "cli/KVRequestIntake.h"
+#include "core/KVFailureCause.h"
 #include "kvcore/KVMainThread.h"
 #include "kvcore/KVTime.h"
 #include "platform/KVFileManager.h"
@@ -79,6 +79,11 @@ void KVConvertRun::removePartialOutputs() {
 
 bool KVConvertRun::isEverythingDone() const {
     return !_rows.empty() && _refusals.empty() && std::ranges::all_of(_rows, &Row::isSuccessful);
+}
+
+bool KVConvertRun::hasWarnings() const {
+    return std::ranges::any_of(
+        _rows, [](const Row &row) { return row.isSuccessful && !row.conversion->warnings().isEmpty(); });
 }
 
 void KVConvertRun::_didQueue(const Conversion &conversion) {
@@ -176,7 +181,7 @@ void KVConvertRun::_didEnd(const Conversion &conversion, bool isSuccessful) {
     _display->remove(conversion);
     if (row->start) row->seconds = std::chrono::duration<double>(Clock::now() - *row->start).count();
     row->isSuccessful = isSuccessful;
-    row->error = conversion->failure();
+    if (!isSuccessful && !_isCancelled && !conversion->isCancelled()) row->failure = conversion->failure();
     ++_numberOfEnded;
     _updateCounts();
     _sayEnd(*row);
@@ -184,16 +189,31 @@ void KVConvertRun::_didEnd(const Conversion &conversion, bool isSuccessful) {
 
 void KVConvertRun::_sayEnd(const Row &row) const {
     const QString names = namesOf(*row.conversion);
-    if (!row.isSuccessful)
-        return _console.say(QStringLiteral("kalvoractl: %1: %2").arg(names, _failureText(row)));
+    if (!row.isSuccessful) return _sayFailure(row);
     const auto output = row.conversion->outputURL();
     _console.say(QStringLiteral("%1: done, %2 (%3 s)")
                      .arg(names, output ? output->toLocalFile() : QString())
                      .arg(row.seconds.value_or(0), 0, 'f', 1));
+    for (const QString &warning : row.conversion->warnings())
+        _console.say(QStringLiteral("%1: warning: %2").arg(names, warning));
 }
 
-QString KVConvertRun::_failureText(const Row &row) const {
-    if (row.error) return KVFailureText(*row.error);
+/// The cause, followed by the line of the output if that differs, and the remedy on a line of its own.
+void KVConvertRun::_sayFailure(const Row &row) const {
+    const QString error = _errorText(row);
+    QString text = error;
+    QString remedy;
+    if (row.failure) {
+        const auto cause = KVFailureCause::of(*row.failure);
+        text = cause.text.contains(error) ? cause.text : QStringLiteral("%1 (%2)").arg(cause.text, error);
+        remedy = cause.remedy;
+    }
+    _console.say(QStringLiteral("kalvoractl: %1: %2").arg(namesOf(*row.conversion), text));
+    if (!remedy.isEmpty()) _console.say("  " + remedy);
+}
+
+QString KVConvertRun::_errorText(const Row &row) const {
+    if (row.failure) return KVFailureCause::errorText(*row.failure);
     return _isCancelled || row.conversion->isCancelled() ? QStringLiteral("Cancelled.")
                                                          : QStringLiteral("The conversion failed.");
 }
@@ -218,7 +238,10 @@ QJsonArray KVConvertRun::report() const {
                                   {"successful", false},
                                   {"terminationStatus", QJsonValue()},
                                   {"seconds", QJsonValue()},
-                                  {"error", refusal.reason}});
+                                  {"error", refusal.reason},
+                                  {"cause", refusal.reason},
+                                  {"remedy", QJsonValue()},
+                                  {"warnings", QJsonArray()}});
     return report;
 }
 
@@ -229,12 +252,22 @@ QJsonObject KVConvertRun::_object(const Row &row) const {
     const auto output = row.isSuccessful ? row.conversion->outputURL() : std::nullopt;
     QJsonValue status;
     if (row.isSuccessful) status = 0;
-    if (row.error) status = row.error->terminationStatus;
+    QJsonValue cause, remedy;
+    if (row.failure) {
+        status = row.failure->terminationStatus;
+        const auto found = KVFailureCause::of(*row.failure);
+        cause = found.text;
+        if (!found.remedy.isEmpty()) remedy = found.remedy;
+    }
+    const auto warnings = row.isSuccessful ? row.conversion->warnings() : QStringList();
     return {{"input", inputs},
             {"output", output ? QJsonValue(output->toLocalFile()) : QJsonValue()},
             {"preset", row.conversion->presetInForce()->name},
             {"successful", row.isSuccessful},
             {"terminationStatus", status},
             {"seconds", KVJSONValueOrNull(row.seconds)},
-            {"error", row.isSuccessful ? QJsonValue() : QJsonValue(_failureText(row))}};
+            {"error", row.isSuccessful ? QJsonValue() : QJsonValue(_errorText(row))},
+            {"cause", cause},
+            {"remedy", remedy},
+            {"warnings", QJsonArray::fromStringList(warnings)}};
 }

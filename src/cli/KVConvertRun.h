@@ -13,7 +13,6 @@
 #include <QUrl>
 
 #include <chrono>
-#include <map>
 #include <mutex>
 #include <set>
 #include <unordered_map>
@@ -34,9 +33,11 @@ class KVConvertRun : public KVConversionQueueDelegate, public std::enable_shared
     void removePartialOutputs();
 
     bool isEverythingDone() const;
-    /// Nothing was queued and nothing refused.
+    /// True if a successful result has warnings.
+    bool hasWarnings() const;
     /// False where work did not let itself be ended in time.
     bool haveWorkersEnded() const { return _haveWorkersEnded; }
+    /// True if nothing was queued and nothing refused.
     bool hadNothingToDo() const { return _rows.empty() && _refusals.empty(); }
     /// One object for each conversion in queue order, then one for each refused input.
     QJsonArray report() const;
@@ -55,7 +56,7 @@ class KVConvertRun : public KVConversionQueueDelegate, public std::enable_shared
         std::optional<Clock::time_point> start;
         std::optional<double> seconds; ///< From the start to the end.
         bool isSuccessful = false;
-        std::optional<KVConversionError> error;
+        std::optional<KVConversionError> failure; ///< Absent if the user cancelled.
     };
 
     void _didQueue(const Conversion &conversion);
@@ -67,7 +68,8 @@ class KVConvertRun : public KVConversionQueueDelegate, public std::enable_shared
     Row *_rowOf(const Conversion &conversion);
     void _didEnd(const Conversion &conversion, bool isSuccessful);
     void _sayEnd(const Row &row) const;
-    QString _failureText(const Row &row) const;
+    void _sayFailure(const Row &row) const;
+    QString _errorText(const Row &row) const;
     void _updateCounts();
     QJsonObject _object(const Row &row) const;
 

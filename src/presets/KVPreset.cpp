@@ -9,6 +9,7 @@
 #include "presets/KVPresetClasses.h"
 #include "presets/KVPresetFields.h"
 #include "presets/KVPresetRegistry.h"
+#include "presets/video/base/KVSubtitlesFile.h"
 #include "util/KVOutputClaim.h"
 
 namespace {
@@ -104,6 +105,7 @@ std::optional<KVPresetTask> KVPreset::taskForConversionOfFiles(const KVMediaFile
     }
 
     const QUrl output = claim->url();
+    const KVSubtitlesFile::FailureCollector lostSubtitles;
     const QStringList arguments = argumentsForFiles(files, output);
     if (arguments.isEmpty()) return std::nullopt;
     const auto task = KVFFmpegTask::create(arguments);
@@ -111,7 +113,7 @@ std::optional<KVPresetTask> KVPreset::taskForConversionOfFiles(const KVMediaFile
         KVLog("Failed to create FFmpeg task: " + task.error().reason);
         return std::nullopt;
     }
-    return KVPresetTask{*task, output, claim};
+    return KVPresetTask{*task, output, claim, lostSubtitles.warnings()};
 }
 
 std::optional<QUrl> KVPreset::outputURLForFiles(const KVMediaFileList &files,

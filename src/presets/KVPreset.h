@@ -34,6 +34,7 @@ struct KVPresetTask {
     /// Holds the output's name for this task; a claim that is dropped without `keep` removes what was
     /// written.
     std::shared_ptr<KVOutputClaim> claim;
+    QStringList warnings{}; ///< What the result will lack, one sentence each in the user's language.
 };
 
 /// A named, persisted recipe that turns probed media files into a command for the converter. Every preset is

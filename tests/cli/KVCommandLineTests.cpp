@@ -1,11 +1,11 @@
 #include "cli/KVCommandTestCase.h"
-#include "cli/KVFailureText.h"
 #include "cli/KVInputPath.h"
 #include "cli/KVNearestNames.h"
 #include "cli/KVParsedWords.h"
 #include "cli/KVPrintableText.h"
 #include "cli/KVValueText.h"
 #include "core/KVErrorCenter.h"
+#include "core/KVFailureCause.h"
 
 #include <QDir>
 
@@ -177,7 +177,7 @@ TEST_F(KVCommandLineTest, DrawsOneSentenceFromWhatAToolPrints) {
         error.taskArguments = QStringList("-y");
         error.taskOutput = row.output;
         error.terminationStatus = row.status;
-        EXPECT_EQ(KVFailureText(error), row.text) << row.output.toStdString();
+        EXPECT_EQ(KVFailureCause::errorText(error), row.text) << row.output.toStdString();
     }
 }
 

@@ -31,8 +31,8 @@ TEST_F(KVConvertCommandTest, ConvertsAFileBesideItsSource) {
     EXPECT_EQ(result.status, 0) << result.errors.toStdString();
     ASSERT_EQ(result.array().size(), 1);
     const QJsonObject entry = result.array()[0].toObject();
-    EXPECT_EQ(entry.keys(), QStringList({"error", "input", "output", "preset", "seconds", "successful",
-                                         "terminationStatus"}));
+    EXPECT_EQ(entry.keys(), QStringList({"cause", "error", "input", "output", "preset", "remedy", "seconds",
+                                         "successful", "terminationStatus", "warnings"}));
     EXPECT_EQ(entry["input"], QJsonArray{path("song.wav")});
     EXPECT_EQ(entry["output"], path("song.mp3"));
     EXPECT_EQ(entry["preset"], "MP3");

@@ -77,6 +77,11 @@ TEST_F(KVConvertFailureTest, TellsWhatIsWrongWithAVideoAndWithADisc) {
     EXPECT_EQ(result.status, 1);
     ASSERT_EQ(result.array().size(), 3) << result.output.toStdString();
     EXPECT_EQ(errorOf(result, 0), "The file does not tell the size of its picture.");
+    EXPECT_EQ(result.array()[0]["cause"], "The file does not tell the size of its picture.");
+    EXPECT_FALSE(result.array()[0]["remedy"].toString().isEmpty());
+    EXPECT_TRUE(result.errors.contains("  " + result.array()[0]["remedy"].toString().toUtf8() + "\n"));
+    EXPECT_TRUE(result.array()[2]["cause"].isNull() && result.array()[2]["remedy"].isNull());
+    EXPECT_TRUE(result.array()[2]["warnings"].isArray());
     EXPECT_EQ(errorOf(result, 1), "A track of the file holds nothing that can be decoded.");
     EXPECT_EQ(result.array()[2]["output"], path("good.mp4"));
     EXPECT_EQ(names().filter(".mp4"), QStringList("good.mp4"));
@@ -90,11 +95,28 @@ TEST_F(KVConvertFailureTest, TellsWhatIsWrongWithAVideoAndWithADisc) {
     result = run({"convert", "--json", "--preset", "MP4", "blank.mkv"});
     EXPECT_EQ(result.status, 0);
     EXPECT_TRUE(result.errors.contains("blank.srt is left out: it is empty")) << result.errors.toStdString();
+    const QJsonArray warnings = result.array()[0]["warnings"].toArray();
+    ASSERT_EQ(warnings.size(), 1) << result.output.toStdString();
+    EXPECT_TRUE(warnings[0].toString().contains("blank.srt"));
+    EXPECT_TRUE(result.errors.contains("blank.mkv: warning: The subtitles ")) << result.errors.toStdString();
+    result = run({"convert", "--strict", "--json", "--preset", "MP4", "blank.mkv"});
+    EXPECT_EQ(result.status, 1) << "a warning counts";
+    EXPECT_TRUE(result.array()[0]["successful"].toBool());
+    EXPECT_EQ(run({"convert", "--strict", "--preset", "MP3", "good.mkv"}).status, 0);
+
+    write("empty.mp4", "");
+    result = run({"convert", "--json", "--preset", "MP3", "empty.mp4"});
+    ASSERT_EQ(result.array().size(), 1) << result.output.toStdString();
+    EXPECT_EQ(result.array()[0]["cause"], result.array()[0]["error"]);
+    EXPECT_TRUE(result.array()[0]["remedy"].isNull() && result.array()[0]["warnings"].isArray());
 
     write("disc/VIDEO_TS/VTS_01_1.VOB", "no film");
     result = run({"convert", "--json", "--preset", "DVD", "disc/VIDEO_TS", "good.mkv"});
     ASSERT_EQ(result.array().size(), 2) << result.output.toStdString() << result.errors.toStdString();
     QStringList errors{errorOf(result, 0), errorOf(result, 1)};
+    const QString causes = result.array()[0]["cause"].toString() + result.array()[1]["cause"].toString();
+    EXPECT_TRUE(causes.startsWith("The image of the disc could not be made: The DVD folder is incomplete"))
+        << causes.toStdString();
     EXPECT_TRUE(errors.filter("Failed to open VIDEO_TS.IFO").size() == 1 && errors.contains(""))
         << result.output.toStdString();
     EXPECT_EQ(names().filter(".iso"), QStringList("good.iso"));

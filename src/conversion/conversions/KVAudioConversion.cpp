@@ -116,6 +116,8 @@ bool KVAudioConversion::convertFiles(const KVMediaFileList &files, const QUrl &d
         notifyDelegatesAboutProgress();
         return false;
     }
+    for (const QString &warning : made->warnings)
+        addWarning(warning);
     KVLog("Preset: " + preset->description() + ", files: " + describe(files) +
           ", output: " + made->outputURL.toLocalFile());
     KVLog("Task arguments: " + made->task->arguments().join(' ') + ", " + made->task->launchPath());

@@ -1,5 +1,6 @@
 #include "presets/video/base/KVSubtitlesFile.h"
 
+#include "kvcore/KVLocalizationCenter.h"
 #include "kvcore/KVLog.h"
 #include "util/KVTempDirectory.h"
 
@@ -14,6 +15,7 @@
 
 #include <memory>
 #include <mutex>
+#include <utility>
 
 namespace {
 
@@ -40,8 +42,11 @@ Observer &observer() {
     return observer;
 }
 
+thread_local KVSubtitlesFile::FailureCollector *collectorOfThread = nullptr;
+
 std::optional<QString> failure(const QUrl &url, const QString &reason) {
     KVLog("Failed to read subtitles file at URL " + url.toString() + ": " + reason);
+    if (collectorOfThread) collectorOfThread->add(url, reason);
     const std::scoped_lock lock(observer().mutex);
     if (observer().tell) observer().tell(url, reason);
     return std::nullopt;
@@ -70,6 +75,18 @@ bool KVSubtitlesFile::isBlank(QString text) {
 void KVSubtitlesFile::setFailureObserver(FailureObserver tell) {
     const std::scoped_lock lock(observer().mutex);
     observer().tell = std::move(tell);
+}
+
+KVSubtitlesFile::FailureCollector::FailureCollector()
+    : _previous(std::exchange(collectorOfThread, this)) {}
+
+KVSubtitlesFile::FailureCollector::~FailureCollector() {
+    collectorOfThread = _previous;
+}
+
+void KVSubtitlesFile::FailureCollector::add(const QUrl &url, const QString &reason) {
+    _warnings +=
+        KVLocalizationCenter::localized("The subtitles %@ were left out: %@", {url.toLocalFile(), reason});
 }
 
 std::optional<QString> KVSubtitlesFile::convertedToUTF8(const QUrl &url, const QString &encoding) {

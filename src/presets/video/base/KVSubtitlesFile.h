@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <QUrl>
 
 #include <functional>
@@ -25,5 +26,23 @@ using FailureObserver = std::function<void(const QUrl &url, const QString &reaso
 /// Told of every file that could not be converted, one at a time, on the thread where it happens: the video
 /// is converted without those subtitles. For a front end that has no log.
 void setFailureObserver(FailureObserver tell);
+
+/// Collects, as long as it lives, what could not be converted on its own thread. The collectors of a thread
+/// are destroyed in the reverse order of their construction.
+class FailureCollector {
+  public:
+    FailureCollector();
+    ~FailureCollector();
+    FailureCollector(const FailureCollector &) = delete;
+    FailureCollector &operator=(const FailureCollector &) = delete;
+
+    /// Returns one sentence for each file, in the user's language.
+    QStringList warnings() const { return _warnings; }
+    void add(const QUrl &url, const QString &reason);
+
+  private:
+    FailureCollector *_previous;
+    QStringList _warnings;
+};
 
 } // namespace KVSubtitlesFile
