@@ -2,6 +2,7 @@
 
 #include "kvcore/KVLog.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <csignal>
@@ -12,6 +13,7 @@
 #include <poll.h>
 #include <sched.h>
 #include <sys/prctl.h>
+#include <sys/resource.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -30,6 +32,7 @@ struct Launch {
     char *const *environment;
     int streams[3]; // what standard input, output and error become; -1 leaves one as it is
     pid_t parent;
+    KVChildLimits limits;
     int problem;
 };
 
@@ -59,6 +62,12 @@ __attribute__((no_sanitize("address", "thread", "undefined"))) int runInChild(vo
     ::syscall(SYS_close_range, 3U, UINT_MAX, static_cast<unsigned>(CLOSE_RANGE_CLOEXEC));
     for (int stream = 0; stream < 3; ++stream)
         if (launch->streams[stream] >= 0) ::syscall(SYS_dup3, launch->streams[stream], stream, 0);
+
+    const KVChildLimits &limits = launch->limits;
+    const rlimit64 space = {limits.addressSpace, limits.addressSpace};
+    const rlimit64 time = {limits.processorSeconds, limits.processorSeconds + 1};
+    if (limits.addressSpace > 0) ::syscall(SYS_prlimit64, 0, RLIMIT_AS, &space, nullptr);
+    if (limits.processorSeconds > 0) ::syscall(SYS_prlimit64, 0, RLIMIT_CPU, &time, nullptr);
 
     const unsigned long noSignals = 0;
     ::syscall(SYS_rt_sigprocmask, SIG_SETMASK, &noSignals, nullptr, kernelSignalMaskSize);
@@ -110,6 +119,17 @@ void waitForExit(int pidFD) {
     }
 }
 
+bool hasExitedBefore(std::chrono::steady_clock::time_point end, int pidFD) {
+    using namespace std::chrono;
+    pollfd child = {pidFD, POLLIN, 0};
+    int result;
+    do {
+        const auto rest = duration_cast<milliseconds>(end - steady_clock::now()).count();
+        result = ::poll(&child, 1, static_cast<int>(std::clamp<qint64>(rest, 0, INT_MAX)));
+    } while (result < 0 && errno == EINTR);
+    return result > 0;
+}
+
 } // namespace
 
 KVResult<std::shared_ptr<KVChild>> KVChild::start(const KVChildPlan &plan) {
@@ -129,6 +149,7 @@ KVResult<std::shared_ptr<KVChild>> KVChild::start(const KVChildPlan &plan) {
                      {null.get(), plan.silencesOutput ? null.get() : plan.standardOutput,
                       plan.silencesError ? null.get() : plan.standardError},
                      ::getpid(),
+                     plan.limits,
                      0};
 
     constexpr size_t stackSize = size_t{64} * 1024;
@@ -156,6 +177,12 @@ bool KVChild::hasExited() const {
 void KVChild::waitUntilExit() {
     waitForExit(pidFD());
     status();
+}
+
+bool KVChild::waitUntilExit(std::chrono::milliseconds atMost) {
+    if (!hasExitedBefore(std::chrono::steady_clock::now() + atMost, pidFD())) return false;
+    status();
+    return true;
 }
 
 int KVChild::status() {

@@ -6,9 +6,16 @@
 #include <QByteArray>
 #include <QList>
 
+#include <chrono>
 #include <memory>
 #include <mutex>
 #include <optional>
+
+/// What a child may use up. 0 sets no limit.
+struct KVChildLimits {
+    quint64 addressSpace = 0;     ///< Bytes; an allocation beyond it fails in the child.
+    quint64 processorSeconds = 0; ///< The system ends the child after them.
+};
 
 /// How a child is started. Texts are as the system takes them.
 struct KVChildPlan {
@@ -17,6 +24,7 @@ struct KVChildPlan {
     std::optional<QList<QByteArray>> environment;       ///< "NAME=value"; without it the program's own.
     int standardOutput = -1, standardError = -1;        ///< What they become; -1 leaves them as they are.
     bool silencesOutput = false, silencesError = false; ///< To the null device.
+    KVChildLimits limits;
 };
 
 /// One started child, known by its pidfd: waiting, one reaping, signals. Any thread may use it.
@@ -34,6 +42,8 @@ class KVChild {
     bool hasExited() const;
     /// Blocks until the child has exited, and reaps it.
     void waitUntilExit();
+    /// The same, but for this long at most. False if the child still runs.
+    bool waitUntilExit(std::chrono::milliseconds atMost);
     /// The exit code, or 128 + the signal that ended the child; 0 before the exit.
     int status();
     /// False where the child has exited already.

@@ -8,7 +8,8 @@
 namespace {
 
 std::mutex mutex;
-QString replacement; // under the mutex
+QString replacement;       // under the mutex
+QString helperReplacement; // under the mutex
 
 QString installedPath(const std::string &place) {
     std::error_code ignored;
@@ -34,6 +35,17 @@ QString KVResources::directory() {
 
 QString KVResources::modulePath(const QString &name) {
     return installedPath("lib/kalvora/lib" + name.toStdString() + ".so");
+}
+
+QString KVResources::helperPath(const QString &name) {
+    const std::scoped_lock lock(mutex);
+    if (!helperReplacement.isEmpty()) return helperReplacement + "/" + name;
+    return installedPath("lib/kalvora/" + name.toStdString());
+}
+
+void KVResources::setHelperDirectory(const QString &directory) {
+    const std::scoped_lock lock(mutex);
+    helperReplacement = directory;
 }
 
 void KVResources::setDirectory(const QString &directory) {

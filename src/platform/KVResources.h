@@ -18,6 +18,12 @@ QString directory();
 /// "<prefix>/lib/kalvora/lib<name>.so".
 QString modulePath(const QString &name);
 
+/// A helper program that is started when it is needed: "<prefix>/lib/kalvora/<name>".
+QString helperPath(const QString &name);
+
+/// For tests: look for helper programs in this folder instead. Empty restores the default.
+void setHelperDirectory(const QString &directory);
+
 /// For tests and for a build tree that is laid out otherwise: look here instead. Empty restores the default.
 void setDirectory(const QString &directory);
 
