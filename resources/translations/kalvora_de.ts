@@ -1551,5 +1551,21 @@ Ausgabe in Teilen.</translation>
     <source>%d files have been converted, %d of them with warnings.</source>
     <translation>%d Dateien wurden konvertiert, %d davon mit Warnungen.</translation>
   </message>
+  <message>
+    <source>Only the first of %i pages is converted.</source>
+    <translation>Nur die erste von %i Seiten wird konvertiert.</translation>
+  </message>
+  <message>
+    <source>The helper program "%@" does not start: %@</source>
+    <translation>Das Hilfsprogramm „%@“ startet nicht: %@</translation>
+  </message>
+  <message>
+    <source>Reading it took too long.</source>
+    <translation>Das Lesen hat zu lange gedauert.</translation>
+  </message>
+  <message>
+    <source>The helper program that reads it crashed or ran out of memory.</source>
+    <translation>Das Hilfsprogramm, das es liest, ist abgestürzt, oder der Speicher reichte nicht.</translation>
+  </message>
 </context>
 </TS>

@@ -63,11 +63,6 @@ bool KVHiddenOutput::_noteFailure() {
     return false;
 }
 
-bool KVHiddenOutput::restart() {
-    _writeError = 0;
-    return (::ftruncate(_file.get(), 0) == 0 && ::lseek(_file.get(), 0, SEEK_SET) == 0) || _noteFailure();
-}
-
 qint64 KVHiddenOutput::write(const void *data, qint64 size) {
     if (_isCancelled) return -1;
     const ssize_t written = ::write(_file.get(), data, static_cast<std::size_t>(size));

@@ -28,8 +28,6 @@ class KVHiddenOutput {
     qint64 read(void *data, qint64 size) const;
     qint64 seek(qint64 offset, int whence) const;
 
-    /// Forgets what has been written.
-    bool restart();
     /// Lets every later write fail. Any thread, also while another one writes.
     void cancel() { _isCancelled = true; }
 

@@ -26,7 +26,7 @@ class KVOpenedPicture {
     virtual int numberOfPages() const = 0;
 
     /// Made smaller until no side is longer than `longestSide` pixels.
-    virtual KVResult<QImage> reducedImage(int longestSide) const = 0;
+    virtual KVResult<QImage> reducedImage(int longestSide, const std::stop_token &stop) const = 0;
 
     /// Why no file of this kind can hold a picture of this size, in the user's language.
     virtual std::optional<KVError> objectionTo(const KVSize &size, KVImageFileType type) const = 0;
@@ -48,6 +48,8 @@ class KVPictureModule {
 
     /// Makes the image library ready; later calls do nothing.
     virtual void prepare() = 0;
-    /// The reason of the error is in the user's language.
-    virtual KVResult<std::unique_ptr<KVOpenedPicture>> open(const QString &path) = 0;
+    /// The reason of the error is in the user's language. The rare kinds that a helper program reads take
+    /// longer, until `stop` is requested.
+    virtual KVResult<std::unique_ptr<KVOpenedPicture>> open(const QString &path,
+                                                            const std::stop_token &stop) = 0;
 };

@@ -39,8 +39,9 @@ void KVPictureLibrary::prepare() {
     module().prepare();
 }
 
-KVResult<std::unique_ptr<KVOpenedPicture>> KVPictureLibrary::open(const QString &path) {
-    return module().open(path);
+KVResult<std::unique_ptr<KVOpenedPicture>> KVPictureLibrary::open(const QString &path,
+                                                                  const std::stop_token &stop) {
+    return module().open(path, stop);
 }
 
 KVResult<KVPictureLibrary::Header> KVPictureLibrary::header(const QString &path) {
@@ -50,8 +51,9 @@ KVResult<KVPictureLibrary::Header> KVPictureLibrary::header(const QString &path)
     return Header{static_cast<int>(size.width), static_cast<int>(size.height), (*picture)->numberOfPages()};
 }
 
-KVResult<QImage> KVPictureLibrary::reducedImage(const QString &path, int longestSide) {
-    const auto picture = logged(path, open(path));
+KVResult<QImage> KVPictureLibrary::reducedImage(const QString &path, int longestSide,
+                                                const std::stop_token &stop) {
+    const auto picture = logged(path, open(path, stop));
     if (!picture) return tl::unexpected(picture.error());
-    return logged(path, (*picture)->reducedImage(longestSide));
+    return logged(path, (*picture)->reducedImage(longestSide, stop));
 }

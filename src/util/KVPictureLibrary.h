@@ -10,7 +10,7 @@ namespace KVPictureLibrary {
 void prepare();
 
 /// The reason of an error is in the user's language.
-KVResult<std::unique_ptr<KVOpenedPicture>> open(const QString &path);
+KVResult<std::unique_ptr<KVOpenedPicture>> open(const QString &path, const std::stop_token &stop = {});
 
 /// What stands in a picture's header.
 struct Header {
@@ -23,6 +23,6 @@ struct Header {
 KVResult<Header> header(const QString &path);
 
 /// The picture, made smaller until no side is longer than `longestSide` pixels. Failures also go to the log.
-KVResult<QImage> reducedImage(const QString &path, int longestSide);
+KVResult<QImage> reducedImage(const QString &path, int longestSide, const std::stop_token &stop = {});
 
 } // namespace KVPictureLibrary

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 #include <vips/vips8>
@@ -28,5 +29,8 @@ std::vector<Colour> fieldColours(const vips::VImage &picture);
 
 /// True where no channel differs by more than `tolerance`.
 bool areClose(const std::vector<Colour> &one, const std::vector<Colour> &other, double tolerance = 12);
+
+/// Of a PNG chunk: its type and its content.
+quint32 checksum(const QByteArray &chunk);
 
 } // namespace KVTestPictures

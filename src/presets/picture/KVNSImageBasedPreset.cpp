@@ -50,7 +50,7 @@ KVResult<QUrl> KVNSImageBasedPreset::convertPictureFile(const std::shared_ptr<KV
         return KVFileManager::appendingPathComponent(toURL, fileName).toLocalFile();
     };
 
-    const auto picture = KVPictureLibrary::open(file->url().toLocalFile());
+    const auto picture = KVPictureLibrary::open(file->url().toLocalFile(), stop);
     if (!picture) return failed("Failed to read image from " + file->url().toString(), picture.error());
 
     const auto output = KVHiddenOutput::create(toURL.toLocalFile());

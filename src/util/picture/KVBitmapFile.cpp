@@ -1,6 +1,7 @@
 #include "util/picture/KVBitmapFile.h"
 
-#include "platform/KVFileHandle.h"
+#include "kvcore/KVFileDescriptor.h"
+#include "util/picture/KVRowReader.h"
 
 #include <QByteArray>
 #include <QFile>
@@ -8,7 +9,6 @@
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <bit>
 #include <cstdlib>
 #include <memory>
@@ -150,18 +150,26 @@ std::optional<Header> readHeader(QFile &file) {
 }
 
 /// The open file behind an image, for as long as the image lives.
-class Rows {
+class BitmapRows : public KVRowReader {
   public:
-    Rows(const QString &path, Header header)
+    BitmapRows(const QString &path, Header header)
         : _header(std::move(header))
-        , _file(::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC)) {
-        _isReady = true;
+        , _file(::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC)) {}
+
+    bool read(VipsRegion *region) override {
+        const VipsRect &part = region->valid;
+        QByteArray stored;
+        for (int y = part.top; y < part.top + part.height; y++) {
+            if (!_read(y, stored)) return false;
+            _decode(stored, part.left, part.width,
+                    reinterpret_cast<uchar *>(VIPS_REGION_ADDR(region, part.left, y)));
+        }
+        return true;
     }
 
-    const Header &header() const { return _header; }
-
+  private:
     /// One row as it is stored; counted from the top.
-    bool read(int row, QByteArray &stored) const {
+    bool _read(int row, QByteArray &stored) const {
         const int index = _header.isTopDown ? row : _header.height - 1 - row;
         const qint64 size = _header.bytesPerRow();
         stored.resize(size);
@@ -169,16 +177,12 @@ class Rows {
                        _header.pixelOffset + index * size) == size;
     }
 
-    void decode(const QByteArray &stored, int left, int width, uchar *to) const {
+    void _decode(const QByteArray &stored, int left, int width, uchar *to) const {
         const auto *row = reinterpret_cast<const uchar *>(stored.constData());
         for (int x = left; x < left + width; x++, to += _header.bands())
             _decodePixel(row, x, to);
     }
 
-    /// The library's threads see a finished object.
-    bool isReady() const { return _isReady; }
-
-  private:
     void _decodePixel(const uchar *row, qint64 x, uchar *to) const {
         const int bits = _header.bitsPerPixel;
         if (bits <= 8) {
@@ -203,24 +207,7 @@ class Rows {
 
     const Header _header;
     const KVFileDescriptor _file;
-    std::atomic<bool> _isReady = false;
 };
-
-/// Called by the library, on its threads, for a part of the image.
-int generateRows(VipsRegion *region, void *, void *client, void *, gboolean *) {
-    const auto *rows = static_cast<const Rows *>(client);
-    const VipsRect &part = region->valid;
-    QByteArray stored;
-    for (int y = part.top; y < part.top + part.height; y++) {
-        if (!rows->isReady() || !rows->read(y, stored)) {
-            vips_error("bitmap", "%s", "The bitmap ends too early.");
-            return -1;
-        }
-        rows->decode(stored, part.left, part.width,
-                     reinterpret_cast<uchar *>(VIPS_REGION_ADDR(region, part.left, y)));
-    }
-    return 0;
-}
 
 } // namespace
 
@@ -234,20 +221,14 @@ VImage KVBitmapFile::image(const QString &path) {
     if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error(file.errorString().toStdString());
     const auto header = readHeader(file);
     if (!header) throw std::runtime_error("The bitmap is compressed.");
-    auto rows = std::make_unique<Rows>(path, *header);
-
-    VImage image(vips_image_new());
-    VipsImage *raw = image.get_image();
-    vips_image_init_fields(raw, header->width, header->height, header->bands(), VIPS_FORMAT_UCHAR,
-                           VIPS_CODING_NONE, VIPS_INTERPRETATION_sRGB, header->pixelsPerMeter / 1000,
-                           header->pixelsPerMeter / 1000);
-    if (vips_image_pipelinev(raw, VIPS_DEMAND_STYLE_THINSTRIP, nullptr) != 0 ||
-        vips_image_generate(raw, nullptr, generateRows, nullptr, rows.get(), nullptr) != 0)
-        throw vips::VError();
+    KVRowReader::Layout layout;
+    layout.width = header->width;
+    layout.height = header->height;
+    layout.bands = header->bands();
+    layout.horizontalResolution = layout.verticalResolution = header->pixelsPerMeter / 1000;
+    const VImage image = KVRowReader::picture(layout, std::make_unique<BitmapRows>(path, *header));
     if (!header->profile.isEmpty())
-        vips_image_set_blob_copy(raw, VIPS_META_ICC_NAME, header->profile.constData(),
+        vips_image_set_blob_copy(image.get_image(), VIPS_META_ICC_NAME, header->profile.constData(),
                                  static_cast<std::size_t>(header->profile.size()));
-    const auto deleteRows = [](gpointer owned) { delete static_cast<Rows *>(owned); };
-    g_object_set_data_full(G_OBJECT(raw), "kalvora-rows", rows.release(), deleteRows);
     return image;
 }

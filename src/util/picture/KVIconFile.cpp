@@ -1,5 +1,7 @@
 #include "util/picture/KVIconFile.h"
 
+#include "util/picture/KVVipsLibrary.h"
+
 #include <QtEndian>
 
 #include <algorithm>
@@ -93,8 +95,10 @@ VImage imageOfPlanes(const std::array<const char *, 4> &planes, int side) {
 
 VImage imageOf(const IconKind &kind, const QByteArray &icon, const Entries &entries) {
     if (icon.startsWith("\x89PNG")) return imageOfFile("pngload_source", icon);
-    if (icon.startsWith(QByteArray("\0\0\0\x0CjP", 6)) || icon.startsWith("\xFF\x4F"))
+    if (icon.startsWith(QByteArray("\0\0\0\x0CjP", 6)) || icon.startsWith("\xFF\x4F")) {
+        KVVipsLibrary::requireUntrustedLoaders();
         return imageOfFile("jp2kload_source", icon);
+    }
 
     const qsizetype plane = qsizetype{kind.side} * kind.side;
     if (icon.startsWith("ARGB")) {

@@ -1,67 +1,181 @@
 #include "util/picture/KVPhotoshopFile.h"
 
-#include <optional>
+#include "kvcore/KVFileDescriptor.h"
+#include "util/picture/KVPhotoshopHeader.h"
+#include "util/picture/KVRowReader.h"
+
+#include <algorithm>
+#include <limits>
+#include <memory>
+#include <stdexcept>
+#include <vector>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+using vips::VImage;
 
 namespace {
 
-enum PackingOfRows : quint16 { raw = 0, runLength = 1 };
+constexpr double millimetresPerInch = 25.4;
 
-/// Reads numbers one after the other; absent from the end of the file on.
-class Reader {
+/// Counts of bytes that follow and of repetitions of one byte. False if a row is too short.
+bool unpackRow(const QByteArray &packed, QByteArray &row, qint64 size) {
+    row.clear();
+    for (qsizetype at = 0; row.size() < size && at + 1 < packed.size();) {
+        const int count = static_cast<signed char>(packed[at++]);
+        if (count >= 0) {
+            row.append(packed.mid(at, std::min<qint64>(count + 1, size - row.size())));
+            at += count + 1;
+        } else if (count > -128) {
+            row.append(std::min<qint64>(1 - count, size - row.size()), packed[at++]);
+        }
+    }
+    return row.size() == size;
+}
+
+class DocumentRows : public KVRowReader {
   public:
-    explicit Reader(const QByteArray &content)
-        : _content(content) {}
+    DocumentRows(const QString &path, KVPhotoshopHeader header)
+        : _header(std::move(header))
+        , _file(::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC)) {}
 
-    std::optional<quint64> number(int bytes) {
-        if (remaining() < bytes) return std::nullopt;
-        quint64 value = 0;
-        for (int i = 0; i < bytes; i++)
-            value = value << 8 | static_cast<uchar>(_content[_at++]);
-        return value;
+    Layout layout() const {
+        Layout layout;
+        layout.width = _header.width;
+        layout.height = _header.height;
+        layout.bands = _colours() + (_hasAlpha() ? 1 : 0);
+        layout.has16Bits = _header.depth == 16;
+        layout.interpretation =
+            _colours() == 4   ? VIPS_INTERPRETATION_CMYK
+            : _colours() == 3 ? (layout.has16Bits ? VIPS_INTERPRETATION_RGB16 : VIPS_INTERPRETATION_sRGB)
+                              : (layout.has16Bits ? VIPS_INTERPRETATION_GREY16 : VIPS_INTERPRETATION_B_W);
+        if (_header.pixelsPerInch > 0)
+            layout.horizontalResolution = layout.verticalResolution =
+                _header.pixelsPerInch / millimetresPerInch;
+        return layout;
     }
 
-    /// A section that begins with its length.
-    bool skipSection(int bytesOfLength) {
-        const auto length = number(bytesOfLength);
-        return length && skip(*length);
-    }
-
-    bool skip(quint64 bytes) {
-        if (bytes > quint64(remaining())) return false;
-        _at += qsizetype(bytes);
+    bool read(VipsRegion *region) override {
+        const VipsRect &part = region->valid;
+        const int stored = _isIndexed() ? 1 : _colours() + (_hasAlpha() ? 1 : 0);
+        std::vector<QByteArray> rows(static_cast<std::size_t>(stored));
+        for (int y = part.top; y < part.top + part.height; y++) {
+            for (int channel = 0; channel < stored; channel++)
+                if (!_read(channel, y, rows[std::size_t(channel)])) return false;
+            VipsPel *to = VIPS_REGION_ADDR(region, part.left, y);
+            if (_isIndexed())
+                _decodeIndexes(rows.front(), part, to);
+            else if (_header.depth == 16)
+                _decode<quint16>(rows, part, reinterpret_cast<quint16 *>(to));
+            else
+                _decode<quint8>(rows, part, to);
+        }
         return true;
     }
 
-    qsizetype remaining() const { return _content.size() - _at; }
-
   private:
-    const QByteArray _content;
-    qsizetype _at = 0;
+    bool _isIndexed() const { return _header.mode == KVPhotoshopHeader::indexed; }
+    int _colours() const {
+        return _header.mode == KVPhotoshopHeader::cmyk                  ? 4
+               : _header.mode == KVPhotoshopHeader::rgb || _isIndexed() ? 3
+                                                                        : 1;
+    }
+    bool _hasAlpha() const {
+        return _isIndexed() ? _header.transparentIndex >= 0 : _header.holdsTransparency;
+    }
+
+    /// One row of a channel as it is stored when it is not packed.
+    bool _read(int channel, int y, QByteArray &row) const {
+        const qint64 index = qint64{channel} * _header.height + y, size = _header.bytesPerRow();
+        if (_header.packing == KVPhotoshopHeader::raw)
+            return _readBytes(_header.pixelOffset + index * size, size, row);
+        const qint64 start = _header.packedOffsets[std::size_t(index)];
+        QByteArray packed;
+        return _readBytes(start, _header.packedOffsets[std::size_t(index) + 1] - start, packed) &&
+               unpackRow(packed, row, size);
+    }
+
+    bool _readBytes(qint64 offset, qint64 size, QByteArray &bytes) const {
+        bytes.resize(size);
+        return ::pread(_file.get(), bytes.data(), static_cast<std::size_t>(size), offset) == size;
+    }
+
+    template <class Number>
+    Number _value(const QByteArray &row, int x) const {
+        const auto *bytes = reinterpret_cast<const uchar *>(row.constData());
+        if constexpr (sizeof(Number) == 2) return static_cast<Number>(bytes[2 * x] << 8 | bytes[2 * x + 1]);
+        if (_header.depth == 8) return bytes[x];
+        return (bytes[x / 8] >> (7 - x % 8) & 1) != 0 ? 0 : 255; // 1 is black
+    }
+
+    template <class Number>
+    void _decode(const std::vector<QByteArray> &rows, const VipsRect &part, Number *to) const {
+        constexpr Number full = std::numeric_limits<Number>::max();
+        const auto colours = static_cast<std::size_t>(_colours());
+        for (int x = part.left; x < part.left + part.width; x++) {
+            const Number alpha = _hasAlpha() ? _value<Number>(rows[colours], x) : full;
+            for (std::size_t channel = 0; channel < colours; channel++) {
+                Number value = _value<Number>(rows[channel], x);
+                if (_header.isBlendedWithWhite) value = _unblended(value, alpha, full);
+                *to++ = colours == 4 ? full - value : value; // inks are stored as what they leave over
+            }
+            if (_hasAlpha()) *to++ = alpha;
+        }
+    }
+
+    template <class Number>
+    static Number _unblended(Number value, Number alpha, Number full) {
+        if (alpha == 0 || alpha == full) return value;
+        const qint64 colour = full - (qint64{full} - value) * full / alpha;
+        return static_cast<Number>(std::max<qint64>(colour, 0));
+    }
+
+    void _decodeIndexes(const QByteArray &row, const VipsRect &part, VipsPel *to) const {
+        for (int x = part.left; x < part.left + part.width; x++) {
+            const int index = static_cast<uchar>(row[x]);
+            for (int colour = 0; colour < 3; colour++)
+                *to++ = static_cast<VipsPel>(_header.palette[colour * 256 + index]);
+            if (_hasAlpha()) *to++ = index == _header.transparentIndex ? 0 : 255;
+        }
+    }
+
+    const KVPhotoshopHeader _header;
+    const KVFileDescriptor _file;
 };
+
+void setBlock(const VImage &image, const char *field, const QByteArray &block) {
+    if (block.isEmpty()) return;
+    vips_image_set_blob_copy(image.get_image(), field, block.constData(),
+                             static_cast<std::size_t>(block.size()));
+}
 
 } // namespace
 
-bool KVPhotoshopFile::isWhole(const QByteArray &content) {
-    Reader reader(content);
-    if (!reader.skip(4)) return false;
-    const bool isLargeForm = reader.number(2) == 2; // with wider lengths
-    if (!reader.skip(6)) return false;
-    const auto channels = reader.number(2), height = reader.number(4), width = reader.number(4);
-    const auto depth = reader.number(2);
-    if (!depth || !reader.skip(2)) return false;
-    const bool hasSections =
-        reader.skipSection(4) && reader.skipSection(4) && reader.skipSection(isLargeForm ? 8 : 4);
-    const auto compression = hasSections ? reader.number(2) : std::nullopt;
-    if (!compression) return false;
-
-    const quint64 rows = *channels * *height;
-    if (*compression == raw) return reader.skip(rows * ((*width * *depth + 7) / 8));
-    if (*compression != runLength) return reader.remaining() > 0;
-    quint64 packed = 0;
-    for (quint64 row = 0; row < rows; row++) {
-        const auto length = reader.number(isLargeForm ? 4 : 2);
-        if (!length) return false;
-        packed += *length;
+bool KVPhotoshopFile::canRead(const KVPhotoshopHeader &header) {
+    if (header.packing > KVPhotoshopHeader::runLength) return false;
+    switch (header.mode) {
+    case KVPhotoshopHeader::bitmap:
+        return header.depth == 1;
+    case KVPhotoshopHeader::indexed:
+        return header.depth == 8;
+    case KVPhotoshopHeader::grey:
+    case KVPhotoshopHeader::rgb:
+    case KVPhotoshopHeader::cmyk:
+    case KVPhotoshopHeader::duotone:
+        return header.depth == 8 || header.depth == 16;
+    default:
+        return false;
     }
-    return reader.skip(packed);
+}
+
+VImage KVPhotoshopFile::image(const QString &path, const KVPhotoshopHeader &header) {
+    auto rows = std::make_unique<DocumentRows>(path, header);
+    const auto layout = rows->layout();
+    const VImage image = KVRowReader::picture(layout, std::move(rows));
+    if (!header.exif.isEmpty())
+        setBlock(image, VIPS_META_EXIF_NAME, "Exif" + QByteArray(2, '\0') + header.exif);
+    setBlock(image, VIPS_META_ICC_NAME, header.profile);
+    setBlock(image, VIPS_META_XMP_NAME, header.xmp);
+    return image;
 }

@@ -1,12 +1,18 @@
 #pragma once
 
-#include <QByteArray>
+#include <QString>
 
-/// What a Photoshop document says about itself.
+#include <vips/vips8>
+
+struct KVPhotoshopHeader;
+
+/// Reads the merged picture of Photoshop documents row by row.
 namespace KVPhotoshopFile {
 
-/// False where the file ends before its merged picture does; readers that are lenient would fill up with
-/// grey.
-bool isWhole(const QByteArray &content);
+/// False for the rarer kinds: Lab and multichannel colours, 32 bits for a channel, compressed with zip.
+bool canRead(const KVPhotoshopHeader &header);
+
+/// The picture of the document with this header.
+vips::VImage image(const QString &path, const KVPhotoshopHeader &header);
 
 } // namespace KVPhotoshopFile

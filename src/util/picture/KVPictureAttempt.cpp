@@ -4,124 +4,77 @@
 
 #include <vips/vips8>
 
-#include <condition_variable>
 #include <mutex>
 
 namespace {
 
-/// Who is at work. While a failure has not been looked at, nobody begins: the library's text stays as it is.
-class Attempts {
-  public:
+thread_local QString firstWarning;
+
+/// Counts the attempts of the program, to see which of them overlap.
+struct Attempts {
+    std::mutex mutex; // never held while something runs
+    int running = 0;
+    quint64 begun = 0;
+
     static Attempts &shared() {
         static Attempts &attempts = *new Attempts; // workers may outlast the end of the program
         return attempts;
     }
-
-    /// Answers the number of failures until now.
-    int begin() {
-        std::unique_lock lock(_mutex);
-        _changed.wait(lock, [this] { return _unanswered == 0; });
-        ++_running;
-        return _failures;
-    }
-
-    void end(bool hasFailed) {
-        const std::scoped_lock lock(_mutex);
-        --_running;
-        if (hasFailed) {
-            ++_failures;
-            ++_unanswered;
-        } else if (_running == 0 && _unanswered == 0) {
-            KVVipsLibrary::takeErrorText(); // of what went well in the end
-        }
-        _changed.notify_all();
-    }
-
-    /// For one that has failed. Answers the number of failures until now, when nobody is at work.
-    int beginAlone() {
-        std::unique_lock lock(_mutex);
-        _changed.wait(lock, [this] { return _running == 0 && !_isOneAlone; });
-        _isOneAlone = true;
-        return _failures;
-    }
-
-    void endAlone() {
-        const std::scoped_lock lock(_mutex);
-        _isOneAlone = false;
-        --_unanswered;
-        _changed.notify_all();
-    }
-
-  private:
-    std::mutex _mutex;
-    std::condition_variable _changed;
-    int _running = 0;
-    int _failures = 0;
-    int _unanswered = 0; ///< Failures whose text has not been taken.
-    bool _isOneAlone = false;
 };
-
-thread_local QString firstWarning;
-
-/// Why the attempt on this thread has failed; nobody else is at work.
-QString takeReason() {
-    QString text = KVVipsLibrary::takeErrorText();
-    if (!text.isEmpty()) return text;
-    return firstWarning.isEmpty() ? QStringLiteral("The file is damaged.") : firstWarning;
-}
 
 class Attempt {
   public:
-    Attempt()
-        : failuresBefore(Attempts::shared().begin()) {
+    Attempt() {
+        Attempts &all = Attempts::shared();
+        const std::scoped_lock lock(all.mutex);
+        _beganAlone = all.running++ == 0;
+        _number = ++all.begun;
+        if (_beganAlone) KVVipsLibrary::takeErrorText(); // of what worked in the end
         firstWarning.clear();
     }
-    ~Attempt() { Attempts::shared().end(hasFailed); }
+    ~Attempt() {
+        Attempts &all = Attempts::shared();
+        const std::scoped_lock lock(all.mutex);
+        --all.running;
+    }
     Attempt(const Attempt &) = delete;
     Attempt &operator=(const Attempt &) = delete;
 
-    const int failuresBefore;
-    bool hasFailed = false;
+    /// Why this attempt failed. Empty if another one ran meanwhile.
+    QString reason() const {
+        const QString warning = firstWarning;
+        Attempts &all = Attempts::shared();
+        const std::scoped_lock lock(all.mutex);
+        if (!_beganAlone || all.begun != _number) return {};
+        const QString text = KVVipsLibrary::takeErrorText();
+        if (!text.isEmpty()) return text;
+        return warning.isEmpty() ? QStringLiteral("The file is damaged.") : warning;
+    }
+
+  private:
+    bool _beganAlone = false;
+    quint64 _number = 0;
 };
 
-class AloneTurn {
-  public:
-    AloneTurn()
-        : failures(Attempts::shared().beginAlone()) {}
-    ~AloneTurn() { Attempts::shared().endAlone(); }
-    AloneTurn(const AloneTurn &) = delete;
-    AloneTurn &operator=(const AloneTurn &) = delete;
-
-    const int failures;
-};
-
-/// The failures before this one, if it is one.
-std::optional<int> failuresBefore(const std::function<void()> &attempt) {
-    Attempt present;
+/// Its reason is empty if another attempt ran meanwhile.
+std::optional<QString> failureOfAttempt(const std::function<void()> &attempt) {
+    const Attempt present;
     try {
         attempt();
         return std::nullopt;
     } catch (const vips::VError &) {
-        present.hasFailed = true;
-        return present.failuresBefore;
+        return present.reason();
     }
 }
 
 } // namespace
 
-std::optional<QString> KVPictureAttempt::failure(const std::function<void()> &attempt) {
-    const auto before = failuresBefore(attempt);
-    if (!before) return std::nullopt;
-    const AloneTurn turn;
-    if (turn.failures == *before + 1) return takeReason();
-    KVVipsLibrary::takeErrorText();
-    firstWarning.clear();
-    try {
-        attempt();
-        return std::nullopt;
-    } catch (const vips::VError &) {
-        return takeReason();
-    }
+std::optional<QString> KVPictureAttempt::failure(const std::function<void()> &attempt,
+                                                 const std::function<QString()> &reasonElsewhere) {
+    auto reason = failureOfAttempt(attempt);
+    if (!reason || !reason->isEmpty()) return reason;
+    if (reasonElsewhere) reason = reasonElsewhere();
+    return reason->isEmpty() ? QStringLiteral("The image library cannot process it.") : reason;
 }
 
 void KVPictureAttempt::noteWarning(const QString &text) {

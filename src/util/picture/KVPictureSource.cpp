@@ -5,8 +5,11 @@
 #include "util/picture/KVBitmapFile.h"
 #include "util/picture/KVIconFile.h"
 #include "util/picture/KVJPEGFile.h"
+#include "util/picture/KVPNGFile.h"
 #include "util/picture/KVPhotoshopFile.h"
+#include "util/picture/KVPhotoshopHeader.h"
 #include "util/picture/KVPictureAttempt.h"
+#include "util/picture/KVPictureHelper.h"
 #include "util/picture/KVTIFFFile.h"
 #include "util/picture/KVTIFFMetadata.h"
 #include "util/picture/KVVipsLibrary.h"
@@ -55,51 +58,66 @@ QByteArray contentOf(const QString &path) {
     return file.readAll();
 }
 
-VImage imageOfOtherKind(const QByteArray &content) {
+VImage imageOfOtherKind(const QString &path) {
+    KVVipsLibrary::requireUntrustedLoaders();
+    const QByteArray content = contentOf(path);
     const auto unref = [](VipsBlob *blob) { vips_area_unref(VIPS_AREA(blob)); };
     const std::unique_ptr<VipsBlob, decltype(unref)> blob(
         vips_blob_copy(content.constData(), static_cast<std::size_t>(content.size())), unref);
     return VImage::magickload_buffer(blob.get(), VImage::option()->set("fail_on", VIPS_FAIL_ON_TRUNCATED));
 }
 
-VImage imageOfDocument(const QByteArray &content) {
-    if (!KVPhotoshopFile::isWhole(content)) throw std::runtime_error("The document ends too early.");
-    return imageOfOtherKind(content);
+VImage imageOfDocument(const QString &path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error(file.errorString().toStdString());
+    const auto header = KVPhotoshopHeader::read(file);
+    if (KVPhotoshopFile::canRead(header)) return KVPhotoshopFile::image(path, header);
+    const VImage image = imageOfOtherKind(path);
+    // A single channel would be its own transparency.
+    if (!image.has_alpha() || header.holdsTransparency) return image;
+    return image.extract_band(0, VImage::option()->set("n", image.bands() - 1));
 }
 
 } // namespace
 
-KVPictureSource::KVPictureSource(const QString &path)
+KVPictureSource::KVPictureSource(const QString &path, const std::stop_token &stop)
     : _path(path) {
     // To open a pipe is to wait for somebody who writes into it.
     if (KVFileManager::isSpecialFile(QUrl::fromLocalFile(path)))
         throw std::runtime_error("This is no regular file.");
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error(file.errorString().toStdString());
-    const QByteArray start = file.peek(4);
-    const bool isTIFF = start.startsWith("II") || start.startsWith("MM");
-    if (start == "icns")
-        _image = KVIconFile::largestImage(contentOf(path));
-    else if (start.startsWith("BM"))
-        _image = KVBitmapFile::canRead(path) ? KVBitmapFile::image(path) : imageOfOtherKind(contentOf(path));
-    else if (start == "8BPS")
-        _image = imageOfDocument(contentOf(path));
-    else if (isTIFF && KVTIFFFile::holdsLumaAndChroma(path))
-        _image = KVTIFFFile::image(path);
-    else {
-        const VSource source = sourceOf(path);
-        const char *loader = loaderFor(source);
-        _isJPEG = loader == jpegLoader;
-        _image = load(loader, source, readingOptions());
+    try {
+        _image = _read();
+    } catch (const KVUntrustedLoader &) {
+        _image = KVPictureHelper::image(path, stop);
     }
-    if (isTIFF) _image = KVTIFFMetadata::withMetadataOf(path, _image);
 }
 
-KVResult<KVPictureSource> KVPictureSource::open(const QString &path) {
+VImage KVPictureSource::_read() {
+    QFile file(_path);
+    if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error(file.errorString().toStdString());
+    const QByteArray start = file.peek(4);
+    if (start == "icns") return KVIconFile::largestImage(contentOf(_path));
+    if (start.startsWith("BM"))
+        return KVBitmapFile::canRead(_path) ? KVBitmapFile::image(_path) : imageOfOtherKind(_path);
+    if (start == "8BPS") return imageOfDocument(_path);
+    _isTIFF = start.startsWith("II") || start.startsWith("MM");
+    if (_isTIFF && KVTIFFFile::canOnlyBeReadHere(_path))
+        return KVTIFFMetadata::withMetadataOf(_path, KVTIFFFile::image(_path));
+
+    const VSource source = sourceOf(_path);
+    const char *loader = loaderFor(source);
+    _isJPEG = loader == jpegLoader;
+    const VImage image = load(loader, source, readingOptions());
+    if (_isTIFF) return KVTIFFMetadata::withMetadataOf(_path, image);
+    return start == "\x89PNG" ? KVPNGFile::withMetadataOf(_path, image) : image;
+}
+
+KVResult<KVPictureSource> KVPictureSource::open(const QString &path, const std::stop_token &stop) {
     KVVipsLibrary::prepare();
     std::optional<KVPictureSource> source;
     try {
-        const auto failure = KVPictureAttempt::failure([&] { source = KVPictureSource(path); });
+        const auto failure = KVPictureAttempt::failure([&] { source = KVPictureSource(path, stop); },
+                                                       [&] { return reasonElsewhere(path, stop); });
         if (failure) return tl::unexpected(unreadable(*failure));
     } catch (const std::exception &error) {
         return tl::unexpected(unreadable(QString::fromUtf8(error.what()).simplified()));
@@ -111,6 +129,10 @@ KVResult<KVPictureSource> KVPictureSource::open(const QString &path) {
 
 bool KVPictureSource::isWithinLimit(const KVSize &size) {
     return size.width * size.height <= static_cast<double>(maximumPixels);
+}
+
+QString KVPictureSource::reasonElsewhere(const QString &path, const std::stop_token &stop) {
+    return stop.stop_requested() ? QString() : KVPictureHelper::failureOf(path, stop).value_or(QString());
 }
 
 KVError KVPictureSource::unreadable(const QString &detail) {
@@ -136,6 +158,7 @@ KVSize KVPictureSource::uprightSize() const {
 }
 
 int KVPictureSource::numberOfPages() const {
+    if (_isTIFF) return KVTIFFFile::numberOfPages(_path);
     return _image.get_typeof(VIPS_META_N_PAGES) ? _image.get_int(VIPS_META_N_PAGES) : 1;
 }
 

@@ -16,8 +16,15 @@ class KVPictureSource {
     /// that claim to be billions of pixels do not.
     static constexpr qint64 maximumPixels = 500'000'000;
 
-    /// The reason of the error is in the user's language. Any thread.
-    static KVResult<KVPictureSource> open(const QString &path);
+    /// The reason of the error is in the user's language. Any thread. Takes seconds for the rare kinds that a
+    /// helper program reads, which ends when `stop` is requested.
+    static KVResult<KVPictureSource> open(const QString &path, const std::stop_token &stop = {});
+
+    /// The same, but throws the library's errors and std::runtime_error.
+    explicit KVPictureSource(const QString &path, const std::stop_token &stop = {});
+
+    /// Why the helper program cannot decode the file, in English. Empty if it can.
+    static QString reasonElsewhere(const QString &path, const std::stop_token &stop);
 
     /// True where a picture of this size may be read or made.
     static bool isWithinLimit(const KVSize &size);
@@ -26,13 +33,12 @@ class KVPictureSource {
     /// "... is too large" for the size, in the user's language.
     static KVError tooLarge(const KVSize &size);
 
-    /// The same picture, to be read once more. Throws the library's errors.
-    KVPictureSource openedAnew() const { return KVPictureSource(_path); }
+    const QString &path() const { return _path; }
 
     /// Pixels, as the picture is looked at.
     KVSize uprightSize() const;
 
-    /// Frames of an animation, pages of a document.
+    /// Frames of an animation, pages of a document. Reads the headers of all pages.
     int numberOfPages() const;
 
     /// The picture as it is stored, to be read once from top to bottom.
@@ -47,9 +53,10 @@ class KVPictureSource {
     static int orientation(const vips::VImage &image);
 
   private:
-    explicit KVPictureSource(const QString &path);
+    vips::VImage _read();
 
     QString _path;
+    bool _isTIFF = false;
     bool _isJPEG = false;
     vips::VImage _image;
 };

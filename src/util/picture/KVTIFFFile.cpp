@@ -1,8 +1,11 @@
 #include "util/picture/KVTIFFFile.h"
 
+#include "util/picture/KVRowReader.h"
 #include "util/picture/KVTIFFHandle.h"
+#include "util/picture/KVTIFFPlanes.h"
 
 #include <algorithm>
+#include <climits>
 #include <memory>
 #include <mutex>
 #include <stdexcept>
@@ -12,40 +15,32 @@ using vips::VImage;
 
 namespace {
 
-template <class Number>
-Number tag(TIFF *file, uint32_t name) {
-    Number value = 0;
-    TIFFGetFieldDefaulted(file, name, &value);
-    return value;
-}
-
 /// The open file behind an image, for as long as the image lives.
-class Strips {
+class Strips : public KVRowReader {
   public:
     explicit Strips(const QString &path)
         : _file(KVTIFFHandles::toRead(path)) {
-        const std::scoped_lock lock(_mutex); // the library's threads see a finished object
         char reason[1024] = "The file cannot be read.";
         if (!_file || !TIFFRGBAImageBegin(&_decoder, _file.get(), 1, reason))
             throw std::runtime_error(reason);
         // The pixels come as they are stored; the picture is turned by its tag like every other.
         _decoder.orientation = _decoder.req_orientation = ORIENTATION_TOPLEFT;
-        const uint32_t rows = TIFFIsTiled(_file.get()) ? tag<uint32_t>(_file.get(), TIFFTAG_TILELENGTH)
-                                                       : tag<uint32_t>(_file.get(), TIFFTAG_ROWSPERSTRIP);
+        const uint32_t rows = TIFFIsTiled(_file.get())
+                                  ? KVTIFFHandles::tag<uint32_t>(_file.get(), TIFFTAG_TILELENGTH)
+                                  : KVTIFFHandles::tag<uint32_t>(_file.get(), TIFFTAG_ROWSPERSTRIP);
         _rowsOfStrip = std::clamp<uint32_t>(rows, 1, std::max<uint32_t>(_decoder.height, 1));
     }
-    ~Strips() {
+    ~Strips() override {
         if (_file) TIFFRGBAImageEnd(&_decoder);
     }
     Strips(const Strips &) = delete;
     Strips &operator=(const Strips &) = delete;
 
-    TIFF *file() const { return _file.get(); }
     uint32_t width() const { return _decoder.width; }
     uint32_t height() const { return _decoder.height; }
 
     /// Writes this part of the picture; false where the file is damaged or too short.
-    bool read(VipsRegion *region) {
+    bool read(VipsRegion *region) override {
         const std::scoped_lock lock(_mutex);
         const VipsRect &part = region->valid;
         for (int y = part.top; y < part.top + part.height; y++) {
@@ -85,16 +80,9 @@ class Strips {
     std::vector<uint32_t> _pixels; ///< The strip that begins there.
 };
 
-/// Called by the library, on its threads, for a part of the image.
-int generateStrips(VipsRegion *region, void *, void *client, void *, gboolean *) {
-    if (static_cast<Strips *>(client)->read(region)) return 0;
-    vips_error("tiff", "%s", "The picture is damaged or ends too early.");
-    return -1;
-}
-
 /// The facts beside the pixels that a conversion keeps.
 void copyFacts(TIFF *file, VipsImage *image) {
-    vips_image_set_int(image, VIPS_META_ORIENTATION, tag<uint16_t>(file, TIFFTAG_ORIENTATION));
+    vips_image_set_int(image, VIPS_META_ORIENTATION, KVTIFFHandles::tag<uint16_t>(file, TIFFTAG_ORIENTATION));
     uint32_t size = 0;
     void *profile = nullptr;
     if (TIFFGetField(file, TIFFTAG_ICCPROFILE, &size, &profile) && size > 0)
@@ -103,37 +91,59 @@ void copyFacts(TIFF *file, VipsImage *image) {
 
 /// Pixels per millimetre; 1 where the file tells of no unit.
 double resolution(TIFF *file, uint32_t name) {
-    const auto value = static_cast<double>(tag<float>(file, name));
-    const auto unit = tag<uint16_t>(file, TIFFTAG_RESOLUTIONUNIT);
+    const auto value = static_cast<double>(KVTIFFHandles::tag<float>(file, name));
+    const auto unit = KVTIFFHandles::tag<uint16_t>(file, TIFFTAG_RESOLUTIONUNIT);
     if (!(value > 0) || (unit != RESUNIT_INCH && unit != RESUNIT_CENTIMETER)) return 1;
     return value / (unit == RESUNIT_INCH ? 25.4 : 10);
 }
 
-} // namespace
-
-bool KVTIFFFile::holdsLumaAndChroma(const QString &path) {
-    const KVTIFFHandle file = KVTIFFHandles::toRead(path);
-    if (!file || tag<uint16_t>(file.get(), TIFFTAG_PHOTOMETRIC) != PHOTOMETRIC_YCBCR) return false;
-    const auto compression = tag<uint16_t>(file.get(), TIFFTAG_COMPRESSION);
+bool holdsLumaAndChroma(TIFF *file) {
+    if (KVTIFFHandles::tag<uint16_t>(file, TIFFTAG_PHOTOMETRIC) != PHOTOMETRIC_YCBCR) return false;
+    const auto compression = KVTIFFHandles::tag<uint16_t>(file, TIFFTAG_COMPRESSION);
     return compression != COMPRESSION_JPEG && compression != COMPRESSION_OJPEG;
 }
 
-VImage KVTIFFFile::image(const QString &path) {
-    auto strips = std::make_unique<Strips>(path);
-    if (strips->width() > VIPS_MAX_COORD || strips->height() > VIPS_MAX_COORD)
-        throw std::runtime_error("The header of the picture is damaged.");
+/// False for a smaller copy of a page and for a mask.
+bool isPage(TIFF *file) {
+    return (KVTIFFHandles::tag<uint32_t>(file, TIFFTAG_SUBFILETYPE) &
+            (FILETYPE_REDUCEDIMAGE | FILETYPE_MASK)) == 0;
+}
 
-    const VImage image(vips_image_new());
-    VipsImage *raw = image.get_image();
-    vips_image_init_fields(raw, static_cast<int>(strips->width()), static_cast<int>(strips->height()), 3,
-                           VIPS_FORMAT_UCHAR, VIPS_CODING_NONE, VIPS_INTERPRETATION_sRGB,
-                           resolution(strips->file(), TIFFTAG_XRESOLUTION),
-                           resolution(strips->file(), TIFFTAG_YRESOLUTION));
-    copyFacts(strips->file(), raw);
-    if (vips_image_pipelinev(raw, VIPS_DEMAND_STYLE_THINSTRIP, nullptr) != 0 ||
-        vips_image_generate(raw, nullptr, generateStrips, nullptr, strips.get(), nullptr) != 0)
-        throw vips::VError();
-    const auto deleteStrips = [](gpointer owned) { delete static_cast<Strips *>(owned); };
-    g_object_set_data_full(G_OBJECT(raw), "kalvora-strips", strips.release(), deleteStrips);
+} // namespace
+
+bool KVTIFFFile::canOnlyBeReadHere(const QString &path) {
+    const KVTIFFHandle file = KVTIFFHandles::toRead(path);
+    return file && (holdsLumaAndChroma(file.get()) || KVTIFFPlanes::needsReader(file.get()));
+}
+
+VImage KVTIFFFile::image(const QString &path) {
+    const KVTIFFHandle file = KVTIFFHandles::toRead(path);
+    if (!file) throw std::runtime_error("The file cannot be read.");
+    KVRowReader::Layout layout;
+    std::unique_ptr<KVRowReader> reader;
+    if (const auto planes = KVTIFFPlanes::layout(file.get())) {
+        layout = *planes;
+        reader = KVTIFFPlanes::reader(path, layout);
+    } else {
+        auto strips = std::make_unique<Strips>(path);
+        layout.width = static_cast<int>(std::min<uint32_t>(strips->width(), INT_MAX));
+        layout.height = static_cast<int>(std::min<uint32_t>(strips->height(), INT_MAX));
+        reader = std::move(strips);
+    }
+    if (layout.width > VIPS_MAX_COORD || layout.height > VIPS_MAX_COORD)
+        throw std::runtime_error("The header of the picture is damaged.");
+    layout.horizontalResolution = resolution(file.get(), TIFFTAG_XRESOLUTION);
+    layout.verticalResolution = resolution(file.get(), TIFFTAG_YRESOLUTION);
+    const VImage image = KVRowReader::picture(layout, std::move(reader));
+    copyFacts(file.get(), image.get_image());
     return image.sequential();
+}
+
+int KVTIFFFile::numberOfPages(const QString &path) {
+    const KVTIFFHandle file = KVTIFFHandles::toRead(path);
+    int pages = 0;
+    if (file) do
+            if (isPage(file.get())) pages++;
+        while (TIFFReadDirectory(file.get()));
+    return std::max(pages, 1);
 }

@@ -5,14 +5,19 @@
 #include <vips/vips8>
 
 /// Reads the TIFF files that the image library takes for RGB or refuses: those that hold luma and chroma, of
-/// which chroma may have fewer pixels.
+/// which chroma may have fewer pixels, and those of
+/// KVTIFFPlanes.
 namespace KVTIFFFile {
 
-/// False for every other TIFF, for one that is packed as JPEG, which the library understands, and for what is
-/// none.
-bool holdsLumaAndChroma(const QString &path);
+/// False for every other TIFF, for luma and chroma packed as JPEG, which the library understands, and for
+/// other files.
+bool canOnlyBeReadHere(const QString &path);
 
-/// The first page in RGB, strip by strip. Throws where its header contradicts itself.
+/// The first page, strip by strip or one row of tiles after the other. Throws if its header contradicts
+/// itself.
 vips::VImage image(const QString &path);
+
+/// Without smaller copies of pages and masks. 1 for what is no TIFF. Reads the headers only.
+int numberOfPages(const QString &path);
 
 } // namespace KVTIFFFile

@@ -268,6 +268,9 @@ VImage KVTIFFMetadata::withMetadataOf(const QString &path, const VImage &picture
     if (!file) return picture;
     VImage pixel =
         VImage::black(1, 1).copy(VImage::option()->set("xres", picture.xres())->set("yres", picture.yres()));
+    // It replaces that of the picture with the fields below.
+    if (picture.get_typeof(VIPS_META_ORIENTATION))
+        pixel.set(VIPS_META_ORIENTATION, picture.get_int(VIPS_META_ORIENTATION));
     for (const uint32_t tag : {TIFFTAG_MAKE, TIFFTAG_MODEL, TIFFTAG_SOFTWARE, TIFFTAG_DATETIME,
                                TIFFTAG_ARTIST, TIFFTAG_COPYRIGHT, TIFFTAG_IMAGEDESCRIPTION})
         take(file, TIFFFieldWithTag(file, tag), Part::main, pixel);

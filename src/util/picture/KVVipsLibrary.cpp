@@ -12,6 +12,8 @@
 
 namespace {
 
+bool allowsUntrustedLoaders = false;
+
 void writeToLog(const gchar *, GLogLevelFlags, const gchar *message, gpointer) {
     const QString text = QString::fromUtf8(message);
     KVLog("Image library: " + text);
@@ -21,6 +23,11 @@ void writeToLog(const gchar *, GLogLevelFlags, const gchar *message, gpointer) {
 void start() {
     if (VIPS_INIT("kalvora") != 0)
         KVFatalError("The image library does not start: " + KVVipsLibrary::takeErrorText());
+    vips_block_untrusted_set(TRUE);
+    vips_operation_block_set("VipsForeignLoadVips", FALSE); // only for files that we have written
+    if (allowsUntrustedLoaders)
+        for (const char *loaders : {"VipsForeignLoadMagick", "VipsForeignLoadJp2k"})
+            vips_operation_block_set(loaders, FALSE);
     // Every file is read once: a cache would only hold memory.
     vips_cache_set_max(0);
     g_log_set_handler("VIPS", static_cast<GLogLevelFlags>(G_LOG_LEVEL_MASK | G_LOG_FLAG_RECURSION),
@@ -30,8 +37,9 @@ void start() {
 class VipsModule : public KVPictureModule {
   public:
     void prepare() override { KVVipsLibrary::prepare(); }
-    KVResult<std::unique_ptr<KVOpenedPicture>> open(const QString &path) override {
-        return KVVipsPicture::open(path);
+    KVResult<std::unique_ptr<KVOpenedPicture>> open(const QString &path,
+                                                    const std::stop_token &stop) override {
+        return KVVipsPicture::open(path, stop);
     }
 };
 
@@ -40,6 +48,14 @@ class VipsModule : public KVPictureModule {
 void KVVipsLibrary::prepare() {
     static std::once_flag once;
     std::call_once(once, start);
+}
+
+void KVVipsLibrary::allowUntrustedLoaders() {
+    allowsUntrustedLoaders = true;
+}
+
+void KVVipsLibrary::requireUntrustedLoaders() {
+    if (!allowsUntrustedLoaders) throw KVUntrustedLoader();
 }
 
 QString KVVipsLibrary::takeErrorText() {

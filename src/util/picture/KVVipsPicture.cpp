@@ -8,6 +8,7 @@
 #include "util/picture/KVPictureWriter.h"
 
 #include <algorithm>
+#include <functional>
 #include <stdexcept>
 #include <utility>
 
@@ -42,17 +43,11 @@ QImage imageOf(vips::VImage picture) {
     return view.copy();
 }
 
-/// Calls `attempt` with the source, and where it has to start anew, with the source opened anew and true.
-/// Answers the reason of what it throws.
-template <class Attempt>
-std::optional<QString> failure(const KVPictureSource &source, const Attempt &attempt) {
+/// Calls `attempt` and returns the reason if it throws.
+std::optional<QString> failureIn(const std::function<void()> &attempt,
+                                 const std::function<QString()> &reasonElsewhere) {
     try {
-        return KVPictureAttempt::failure([&, isFirst = true]() mutable {
-            if (std::exchange(isFirst, false))
-                attempt(source, false);
-            else
-                attempt(source.openedAnew(), true);
-        });
+        return KVPictureAttempt::failure(attempt, reasonElsewhere);
     } catch (const std::exception &error) {
         return QString::fromUtf8(error.what());
     }
@@ -60,16 +55,17 @@ std::optional<QString> failure(const KVPictureSource &source, const Attempt &att
 
 } // namespace
 
-KVResult<std::unique_ptr<KVOpenedPicture>> KVVipsPicture::open(const QString &path) {
-    auto source = KVPictureSource::open(path);
+KVResult<std::unique_ptr<KVOpenedPicture>> KVVipsPicture::open(const QString &path,
+                                                               const std::stop_token &stop) {
+    auto source = KVPictureSource::open(path, stop);
     if (!source) return tl::unexpected(source.error());
     return std::make_unique<KVVipsPicture>(std::move(*source));
 }
 
-KVResult<QImage> KVVipsPicture::reducedImage(int longestSide) const {
+KVResult<QImage> KVVipsPicture::reducedImage(int longestSide, const std::stop_token &stop) const {
     QImage image;
-    const auto failed = failure(
-        _source, [&](const KVPictureSource &source, bool) { image = imageOf(reduced(source, longestSide)); });
+    const auto failed = failureIn([&] { image = imageOf(reduced(_source, longestSide)); },
+                                  [&] { return KVPictureSource::reasonElsewhere(_source.path(), stop); });
     if (failed) return tl::unexpected(KVPictureSource::unreadable(*failed));
     return image;
 }
@@ -84,16 +80,19 @@ std::optional<KVError> KVVipsPicture::objectionTo(const KVSize &size, KVImageFil
 std::optional<QString> KVVipsPicture::write(const KVSize &size, KVImageFileType type,
                                             const QVariantMap &properties, KVHiddenOutput &output,
                                             const std::stop_token &stop) const {
-    return failure(_source, [&](const KVPictureSource &source, bool isOnceMore) {
+    const auto encode = [&] {
         if (stop.stop_requested()) throw std::runtime_error("It was cancelled.");
-        if (isOnceMore) output.restart();
         const RunningPicture running;
-        auto picture = KVPictureRendering::render(source, size, KVPictureWriter::format(type), stop);
+        auto picture = KVPictureRendering::render(_source, size, KVPictureWriter::format(type), stop);
         picture.set(VIPS_META_CONCURRENCY, RunningPicture::threads());
         const std::stop_callback end(stop, [&] {
             vips_image_set_kill(picture.get_image(), TRUE);
             output.cancel();
         });
         KVPictureWriter::write(picture, type, properties, output);
+    };
+    return failureIn(encode, [&] {
+        const bool isOutput = output.writeError() != 0;
+        return isOutput ? QString() : KVPictureSource::reasonElsewhere(_source.path(), stop);
     });
 }

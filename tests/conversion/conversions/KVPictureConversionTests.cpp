@@ -2,12 +2,16 @@
 
 #include "core/KVErrorCenter.h"
 #include "core/KVHistoryCenter.h"
+#include "platform/KVResources.h"
 #include "presets/picture/KVJPEGPreset.h"
 #include "presets/picture/KVPNGPreset.h"
 #include "support/KVTestCase.h"
+#include "support/KVTestDocument.h"
 #include "support/KVTestPictures.h"
 #include "util/KVPreferenceKeys.h"
 #include "video_info/media_file/KVPictureFile.h"
+
+#include <QFileInfo>
 
 namespace {
 
@@ -107,4 +111,32 @@ TEST_F(KVPictureConversionTest, RecordsWhyThereIsNoFile) {
         EXPECT_EQ(error.taskArguments, QStringList());
         EXPECT_EQ(error.targetPreset->original(), host->preset);
     }
+}
+
+TEST_F(KVPictureConversionTest, APictureThatCrashesItsReaderFailsAloneAndAPagedOneWarns) {
+    KVTestPictures::fields(path("good.png"));
+    const vips::VImage grey = (vips::VImage::black(8, 8) + 90).cast(VIPS_FORMAT_UCHAR);
+    write("bad.psd", KVTestDocument{KVTestDocument::grey, 32, false, 0, {}, {}}.content(grey));
+    KVResources::setHelperDirectory(QFileInfo(writeScript("helper/kalvora-picture", "kill -SEGV $$")).path());
+    const auto bad = conversionOf("bad.psd");
+    bad->start();
+    KVResources::setHelperDirectory({});
+    EXPECT_FALSE(bad->conversionWasSuccessful);
+    ASSERT_EQ(errors.size(), 1U);
+    EXPECT_EQ(errors[0].reason, "The picture cannot be read: The helper program that reads it crashed or ran "
+                                "out of memory.");
+
+    const auto good = conversionOf("good.png");
+    good->start();
+    EXPECT_TRUE(good->conversionWasSuccessful);
+    EXPECT_EQ(good->warnings(), QStringList());
+
+    // Two pages with one picture each.
+    vips::VImage pages = KVTestPictures::fields(40, 80);
+    pages.set(VIPS_META_PAGE_HEIGHT, 40);
+    KVTestPictures::save(pages, path("pages.tif"));
+    const auto paged = conversionOf("pages.tif");
+    paged->start();
+    EXPECT_TRUE(paged->conversionWasSuccessful);
+    EXPECT_EQ(paged->warnings(), QStringList{"Only the first of 2 pages is converted."});
 }

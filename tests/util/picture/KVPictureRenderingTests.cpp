@@ -2,12 +2,56 @@
 
 #include "presets/picture/KVPictureTestCase.h"
 
+#include <QtEndian>
+
+#include <tiffio.h>
+
 using namespace KVTestPictures;
 using vips::VImage;
 
 namespace {
 
 class KVPictureRenderingTest : public KVPictureTestCase {};
+
+/// The four fields as they are looked at with this tag.
+VImage upright(int orientation) {
+    VImage picture = fields(80, 40);
+    picture.set(VIPS_META_ORIENTATION, orientation);
+    return picture.autorot();
+}
+
+/// With tags that are read as EXIF data as well.
+QString taggedTIFF(int orientation, const QString &path) {
+    VImage picture = fields(80, 40);
+    picture.set(VIPS_META_ORIENTATION, orientation);
+    save(picture, path);
+    TIFF *file = TIFFOpen(path.toUtf8().constData(), "r+");
+    TIFFSetField(file, TIFFTAG_ARTIST, "A. Painter");
+    TIFFSetField(file, TIFFTAG_DATETIME, "2020:01:02 03:04:05");
+    TIFFSetField(file, TIFFTAG_SOFTWARE, "Brush 1");
+    TIFFRewriteDirectory(file);
+    TIFFClose(file);
+    return path;
+}
+
+/// With an eXIf chunk before or behind the pixels.
+QString taggedPNG(int orientation, bool isBehind, const QString &path) {
+    save(fields(80, 40), path);
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadWrite));
+    QByteArray content = file.readAll();
+    QByteArray chunk = "eXIf" + QByteArray::fromHex("4d4d002a00000008000101120003000000010000000000000000");
+    chunk[4 + 19] = char(orientation);
+    const auto bigEndian = [](quint32 number) {
+        const quint32 stored = qToBigEndian(number);
+        return QByteArray(reinterpret_cast<const char *>(&stored), sizeof stored);
+    };
+    const quint32 sum = checksum(chunk);
+    const qsizetype at = isBehind ? content.size() - 12 : 33; // of the last chunk; behind the first
+    content.insert(at, bigEndian(quint32(chunk.size() - 4)) + chunk + bigEndian(sum));
+    EXPECT_TRUE(file.seek(0) && file.write(content) == content.size());
+    return path;
+}
 
 } // namespace
 
@@ -39,6 +83,32 @@ TEST_F(KVPictureRenderingTest, TurnsThePictureUprightAndForgetsTheTag) {
             EXPECT_TRUE(textOf(output, VIPS_META_XMP_NAME)
                             .contains(orientation > 1 ? "Orientation=\"1\"" : "Orientation=\"6\""));
         }
+}
+
+TEST_F(KVPictureRenderingTest, TurnsPicturesWhoseTagsStandElsewhere) {
+    const auto wanted = [](int orientation) { return fieldColours(upright(orientation)); };
+    for (int orientation = 1; orientation <= 8; orientation++) {
+        const QStringList sources{taggedTIFF(orientation, path("tags.tif")),
+                                  taggedPNG(orientation, false, path("before.png")),
+                                  taggedPNG(orientation, true, path("behind.png"))};
+        for (const QString &source : sources) {
+            const KVSize seen = orientation >= 5 ? KVSize{40, 80} : KVSize{80, 40};
+            EXPECT_EQ(sizeOf(source), seen) << source.toStdString() << orientation;
+            for (const VImage &output :
+                 {convertedPicture<KVTIFFPreset>(source), convertedPicture<KVBMPPreset>(source),
+                  convertedPicture<KVGIFPreset>(source), convertedPicture<KVJPEGPreset>(source),
+                  convertedPicture<KVPNGPreset>(source)}) {
+                EXPECT_EQ((KVSize{double(output.width()), double(output.height())}), seen);
+                EXPECT_TRUE(areClose(fieldColours(output), wanted(orientation), 20))
+                    << source.toStdString() << orientation << output.get_string("vips-loader");
+                EXPECT_TRUE(!output.get_typeof(VIPS_META_ORIENTATION) ||
+                            output.get_int(VIPS_META_ORIENTATION) == 1);
+            }
+        }
+        const VImage jpeg = convertedPicture<KVJPEGPreset>(sources.first());
+        ASSERT_TRUE(jpeg.get_typeof("exif-ifd0-Artist"));
+        EXPECT_TRUE(QByteArray(jpeg.get_string("exif-ifd0-Artist")).startsWith("A. Painter"));
+    }
 }
 
 TEST_F(KVPictureRenderingTest, KeepsTheColourProfileOrConvertsByIt) {

@@ -4,9 +4,18 @@
 #include "support/KVTestMedia.h"
 #include "support/KVTestPictures.h"
 
+#include "util/KVPictureLibrary.h"
+#include "util/picture/KVPictureAttempt.h"
+#include "video_info/media_file/KVPictureFile.h"
+
 #include <QtEndian>
 
+#include <atomic>
+#include <chrono>
+#include <thread>
+
 #include <sys/stat.h>
+#include <tiffio.h>
 
 using namespace KVTestPictures;
 using vips::VImage;
@@ -62,6 +71,57 @@ QByteArray planes(const std::vector<int> &bands, const VImage &picture) {
         for (int i = 0; i < held.width() * held.height(); i++)
             result += pixels[i * held.bands() + band];
     return result;
+}
+
+/// A picture whose channels all differ, without meaning.
+VImage channels(int bands, bool has16Bits) {
+    KVPictureLibrary::prepare();
+    const VImage places = VImage::xyz(70, 50);
+    std::vector<VImage> all;
+    for (int band = 0; band < bands; band++)
+        all.push_back(places.extract_band(0) * (band + 1) + places.extract_band(1) * 2);
+    const VImage picture = VImage::bandjoin(all);
+    return has16Bits ? (picture * 90 + 5).cast(VIPS_FORMAT_USHORT) : (picture * 0.5).cast(VIPS_FORMAT_UCHAR);
+}
+
+/// One page of a TIFF file; tiles have 32 x 16 pixels.
+void writeDirectory(TIFF *file, const VImage &picture, int photometric, bool isTiled, int planar) {
+    const int bands = picture.bands(), bits = picture.format() == VIPS_FORMAT_USHORT ? 16 : 8;
+    const int colours = photometric == PHOTOMETRIC_RGB ? 3 : photometric == PHOTOMETRIC_SEPARATED ? 4 : 1;
+    TIFFSetField(file, TIFFTAG_IMAGEWIDTH, picture.width());
+    TIFFSetField(file, TIFFTAG_IMAGELENGTH, picture.height());
+    TIFFSetField(file, TIFFTAG_BITSPERSAMPLE, bits);
+    TIFFSetField(file, TIFFTAG_SAMPLESPERPIXEL, bands);
+    TIFFSetField(file, TIFFTAG_PHOTOMETRIC, photometric);
+    TIFFSetField(file, TIFFTAG_PLANARCONFIG, planar);
+    TIFFSetField(file, TIFFTAG_COMPRESSION, COMPRESSION_ADOBE_DEFLATE);
+    const uint16_t kind = EXTRASAMPLE_UNASSALPHA;
+    if (bands > colours) TIFFSetField(file, TIFFTAG_EXTRASAMPLES, 1, &kind);
+    const int columns = isTiled ? 32 : picture.width(), rows = isTiled ? 16 : 20;
+    if (isTiled) {
+        TIFFSetField(file, TIFFTAG_TILEWIDTH, columns);
+        TIFFSetField(file, TIFFTAG_TILELENGTH, rows);
+    } else {
+        TIFFSetField(file, TIFFTAG_ROWSPERSTRIP, rows);
+    }
+    for (int plane = 0, index = 0; plane < (planar == PLANARCONFIG_SEPARATE ? bands : 1); plane++)
+        for (int y = 0; y < picture.height(); y += rows)
+            for (int x = 0; x < picture.width(); x += columns, index++) {
+                VImage part = planar == PLANARCONFIG_SEPARATE ? picture.extract_band(plane) : picture;
+                const int height = isTiled ? rows : std::min(rows, picture.height() - y);
+                part = part.embed(-x, -y, columns, height).copy_memory();
+                const auto size = tmsize_t(VIPS_IMAGE_SIZEOF_IMAGE(part.get_image()));
+                void *data = const_cast<void *>(part.data());
+                const auto written = isTiled ? TIFFWriteEncodedTile(file, uint32_t(index), data, size)
+                                             : TIFFWriteEncodedStrip(file, uint32_t(index), data, size);
+                EXPECT_EQ(written, size);
+            }
+}
+
+void writeTIFF(const VImage &picture, int photometric, bool isTiled, int planar, const QString &path) {
+    TIFF *file = TIFFOpen(path.toUtf8().constData(), "w");
+    writeDirectory(file, picture, photometric, isTiled, planar);
+    TIFFClose(file);
 }
 
 } // namespace
@@ -167,6 +227,87 @@ TEST_F(KVPictureSourceTest, ReadsLumaAndChromaOfATIFF) {
     const auto damaged = KVPictureSource::open(write("damaged.tif", content));
     ASSERT_TRUE(damaged);
     EXPECT_THROW(damaged->image().avg(), vips::VError);
+}
+
+TEST_F(KVPictureSourceTest, ReadsTilesAndStripsWithTheirChannelsTogetherOrApart) {
+    for (const auto &[photometric, bands] : {std::pair{PHOTOMETRIC_RGB, 3},
+                                             {PHOTOMETRIC_RGB, 4},
+                                             {PHOTOMETRIC_MINISBLACK, 1},
+                                             {PHOTOMETRIC_MINISWHITE, 1},
+                                             {PHOTOMETRIC_MINISBLACK, 2},
+                                             {PHOTOMETRIC_SEPARATED, 4}})
+        for (const bool has16Bits : {false, true})
+            for (const bool isTiled : {false, true})
+                for (const int planar : {PLANARCONFIG_CONTIG, PLANARCONFIG_SEPARATE}) {
+                    const VImage picture = channels(bands, has16Bits);
+                    const QString file = path("planes.tif");
+                    writeTIFF(picture, photometric, isTiled, planar, file);
+                    const auto source = KVPictureSource::open(file);
+                    ASSERT_TRUE(source) << source.error().reason.toStdString();
+                    const VImage wanted = photometric == PHOTOMETRIC_MINISWHITE ? picture.invert() : picture;
+                    ASSERT_EQ(source->image().bands(), bands);
+                    EXPECT_EQ(source->image().format(), picture.format());
+                    EXPECT_EQ((source->image() - wanted).abs().max(), 0)
+                        << photometric << ' ' << bands << has16Bits << isTiled << planar;
+                    if (photometric == PHOTOMETRIC_SEPARATED) {
+                        EXPECT_EQ(source->image().interpretation(), VIPS_INTERPRETATION_CMYK);
+                    }
+                }
+
+    QByteArray content = KVTestCase::read(path("planes.tif"));
+    const auto cut =
+        KVPictureSource::open(write("cut.tif", content.replace(200, 2000, QByteArray(2000, '\xFF'))));
+    if (cut) {
+        EXPECT_THROW(cut->image().avg(), vips::VError);
+    }
+}
+
+TEST_F(KVPictureSourceTest, CountsPagesButNotTheirSmallerCopies) {
+    const auto append = [&](const QString &file, uint32_t kind, const char *mode) {
+        TIFF *tiff = TIFFOpen(file.toUtf8().constData(), mode);
+        TIFFSetField(tiff, TIFFTAG_SUBFILETYPE, kind);
+        writeDirectory(tiff, channels(1, false), PHOTOMETRIC_MINISBLACK, false, PLANARCONFIG_CONTIG);
+        TIFFClose(tiff);
+    };
+    const QString pages = path("pages.tif"), pyramid = path("pyramid.tif");
+    for (const char *mode : {"w", "a", "a"}) {
+        append(pages, FILETYPE_PAGE, mode);
+        append(pyramid, *mode == 'w' ? 0 : FILETYPE_REDUCEDIMAGE, mode);
+    }
+    EXPECT_EQ(KVPictureSource::open(pages)->numberOfPages(), 3);
+    EXPECT_EQ(KVPictureSource::open(pyramid)->numberOfPages(), 1);
+    EXPECT_EQ(KVPictureFile(QUrl::fromLocalFile(pages)).warnings,
+              QStringList{"Only the first of 3 pages is converted."});
+    EXPECT_EQ(KVPictureFile(QUrl::fromLocalFile(pyramid)).warnings, QStringList());
+    EXPECT_EQ(KVPictureFile(QUrl::fromLocalFile(fields(path("one.png")))).warnings, QStringList());
+}
+
+TEST_F(KVPictureSourceTest, ADamagedPictureWaitsForNoOther) {
+    const QString large = save(fields(64, 48).replicate(100, 100), path("large.png"));
+    const QByteArray whole = KVTestCase::read(path("large.png"));
+    const QString damaged = write("damaged.png", whole.first(8) + QByteArray(whole.size(), 'x'));
+    const QString empty = write("empty.jpg", QByteArray::fromHex("ffd8ffe000104a464946000101000001000100ff"));
+    std::atomic<bool> isDone = false;
+    std::atomic<int> rounds = 0;
+    std::vector<std::jthread> workers;
+    for (int i = 0; i < 3; i++)
+        workers.emplace_back([&] {
+            // An attempt of its own that lasts as long as the others.
+            const auto failed = KVPictureAttempt::failure([&] {
+                while (!isDone && ++rounds)
+                    EXPECT_GT(KVPictureSource(large).image().avg(), 0);
+            });
+            EXPECT_FALSE(failed);
+        });
+    while (rounds < 3)
+        std::this_thread::yield();
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_TRUE(reason(damaged).startsWith("The picture cannot be read: "));
+    const QString jpegReason = reason(empty);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+    isDone = true;
+    workers.clear();
+    EXPECT_EQ(jpegReason, reason(empty)) << "the same as without others";
 }
 
 TEST_F(KVPictureSourceTest, RefusesAPipeInsteadOfWaitingForIt) {
