@@ -90,12 +90,12 @@ class Photographer {
 
     void _finished() {
         _window().toggleHistory();
-        QFile::copy(_media.filePath("Birthday.mp4"), _media.filePath("Lost.mp4"));
+        QFile::copy(_media.filePath("Harbour at dawn.mov"), _media.filePath("Lost.mov"));
         for (const char *name :
-             {"Birthday.mp4", "Lost.mp4", "Concert.wav", "01 Prelude.mp3", "Mountain lake.png"})
+             {"Birthday.mp4", "Lost.mov", "Concert.wav", "01 Prelude.mp3", "Mountain lake.png"})
             _application->addFiles({_url(name)});
         _wait([&] { return _haveThumbnails(); });
-        QFile::remove(_media.filePath("Lost.mp4"));
+        QFile::remove(_media.filePath("Lost.mov"));
         _application->start();
         _wait([&] { return _areAllFinished(); });
         _settle(1);
@@ -104,7 +104,7 @@ class Photographer {
     }
 
     void _details() {
-        _model().tableRow(_row("Lost.mp4"))->showDetails();
+        _model().tableRow(_row("Lost.mov"))->showDetails();
         for (const bool isDark : {false, true}) {
             KVAppearance::setIsDark(isDark);
             _settle();

@@ -41,9 +41,7 @@ QString withoutOverwrittenText(QString line) {
 QString lastLines(const QString &output) {
     QStringList lines;
     for (const QString &line : output.split('\n'))
-        lines += withoutOverwrittenText(line);
-    while (!lines.isEmpty() && lines.last().trimmed().isEmpty())
-        lines.removeLast();
+        if (const QString text = withoutOverwrittenText(line); !text.trimmed().isEmpty()) lines += text;
     return lines.mid(std::max<qsizetype>(0, lines.size() - mostLogLines)).join('\n');
 }
 

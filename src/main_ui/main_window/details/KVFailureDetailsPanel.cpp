@@ -21,7 +21,7 @@
 namespace {
 
 constexpr int signSide = 32;
-constexpr int widthInCharacters = 84;
+constexpr int widthInCharacters = 100;
 constexpr int linesOfCommand = 4;
 constexpr int linesOfLog = 12;
 
@@ -127,11 +127,13 @@ QPushButton *KVFailureDetailsPanel::_retryButton(const char *title, KVFailureRet
 }
 
 void KVFailureDetailsPanel::_addTexts(QBoxLayout &layout) {
-    if (!_details.command.isEmpty())
-        layout.addWidget(addTextBox(layout, "Command:", _details.command, linesOfCommand));
+    if (!_details.command.isEmpty()) {
+        auto *command = addTextBox(layout, "Command:", _details.command, linesOfCommand);
+        command->setFixedHeight(command->minimumHeight()); // the room is the log's
+        layout.addWidget(command);
+    }
     if (_details.log.isEmpty()) return layout.addStretch();
     auto *log = addTextBox(layout, "Last lines of the log:", _details.log, linesOfLog);
-    log->setLineWrapMode(QPlainTextEdit::NoWrap);
     layout.addWidget(log, 1);
     log->verticalScrollBar()->setValue(log->verticalScrollBar()->maximum());
 }
