@@ -57,15 +57,32 @@ class Photographer {
             _application->addFiles({_url(name)});
         _wait([&] { return _haveThumbnails(); });
         _settle(1);
-        const QModelIndex row = _row("Through the fjords.mkv");
+        _takeMenu("Through the fjords.mkv", "row-menu");
+        _undoBar();
+    }
+
+    void _undoBar() {
+        auto &table = _window().tableWidget();
+        table.setCurrentIndex(_row("Poster.png"));
+        table.rowsForCommand().remove();
+        table.setCurrentIndex(_row("Birthday.mp4"));
+        table.selectionModel()->select(_row("01 Prelude.mp3"), QItemSelectionModel::Select);
+        _take("undo-bar");
+        _window().undo();
+        table.clearSelection();
+    }
+
+    void _takeMenu(const QString &title, const QString &name) {
         const QPoint thumbnail =
-            KVConversionRowDelegate::thumbnailRect(_window().tableWidget().visualRect(row)).center();
+            KVConversionRowDelegate::thumbnailRect(_window().tableWidget().visualRect(_row(title))).center();
         QWidget *viewport = _window().tableWidget().viewport();
         QContextMenuEvent event(QContextMenuEvent::Mouse, thumbnail, viewport->mapToGlobal(thumbnail));
         QCoreApplication::sendEvent(viewport, &event);
         _settle();
-        _take("row-menu");
+        _take(name);
         if (QWidget *menu = QApplication::activePopupWidget()) menu->close();
+        _window().tableWidget().clearSelection();
+        _window().tableWidget().setCurrentIndex({});
     }
 
     void _running() {
@@ -76,6 +93,7 @@ class Photographer {
                    row.data(KVQueueTableModel::stateRole).toInt() == int(KVConversionState::finished);
         });
         _take("running");
+        _takeMenu("Harbour at dawn.mov", "running-menu");
         KVAppearance::setIsDark(true);
         _settle(0.2);
         _take("dark");

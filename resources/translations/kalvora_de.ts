@@ -1567,5 +1567,157 @@ Ausgabe in Teilen.</translation>
     <source>The helper program that reads it crashed or ran out of memory.</source>
     <translation>Das Hilfsprogramm, das es liest, ist abgestürzt, oder der Speicher reichte nicht.</translation>
   </message>
+  <message>
+    <source>This conversion has ended.</source>
+    <translation>Diese Konvertierung ist beendet.</translation>
+  </message>
+  <message>
+    <source>This conversion is paused. Its files, subtitles and preset can no longer be changed.</source>
+    <translation>Diese Konvertierung ist angehalten. Ihre Dateien, Untertitel und Vorgabe lassen sich nicht mehr ändern.</translation>
+  </message>
+  <message>
+    <source>This conversion is running. Its files, subtitles and preset can no longer be changed.</source>
+    <translation>Diese Konvertierung läuft. Ihre Dateien, Untertitel und Vorgabe lassen sich nicht mehr ändern.</translation>
+  </message>
+  <message>
+    <source>There is nothing to merge with.</source>
+    <translation>Es gibt nichts, womit sich diese Konvertierung zusammenfügen lässt.</translation>
+  </message>
+  <message>
+    <source>Only conversions of one media type can be merged.</source>
+    <translation>Nur Konvertierungen derselben Medienart lassen sich zusammenfügen.</translation>
+  </message>
+  <message>
+    <source>Pictures cannot be merged.</source>
+    <translation>Bilder lassen sich nicht zusammenfügen.</translation>
+  </message>
+  <message>
+    <source>DVDs cannot be merged.</source>
+    <translation>DVDs lassen sich nicht zusammenfügen.</translation>
+  </message>
+  <message>
+    <source>Only waiting conversions can be merged.</source>
+    <translation>Nur wartende Konvertierungen lassen sich zusammenfügen.</translation>
+  </message>
+  <message>
+    <source>The preset "%@" cannot merge several files into one.</source>
+    <translation>Die Vorgabe „%@“ kann nicht mehrere Dateien zu einer zusammenfügen.</translation>
+  </message>
+  <message>
+    <source>The selected conversions are of different media types.</source>
+    <translation>Die ausgewählten Konvertierungen sind von verschiedenen Medienarten.</translation>
+  </message>
+  <message>
+    <source>Merge</source>
+    <translation>Zusammenfügen</translation>
+  </message>
+  <message>
+    <source>Split</source>
+    <translation>Aufteilen</translation>
+  </message>
+  <message>
+    <source>Clear</source>
+    <translation>Leeren</translation>
+  </message>
+  <message>
+    <source>Move</source>
+    <translation>Verschieben</translation>
+  </message>
+  <message>
+    <source>Rename</source>
+    <translation>Umbenennen</translation>
+  </message>
+  <message>
+    <source>Change of Preset</source>
+    <translation>Wahl der Vorgabe</translation>
+  </message>
+  <message>
+    <source>Change of Subtitles</source>
+    <translation>Wahl der Untertitel</translation>
+  </message>
+  <message>
+    <source>%@ conversions merged into one</source>
+    <translation>%@ Konvertierungen zu einer zusammengefügt</translation>
+  </message>
+  <message>
+    <source>%@ conversions merged</source>
+    <translation>%@ Konvertierungen zusammengefügt</translation>
+  </message>
+  <message>
+    <source>%@ conversions made into one disc</source>
+    <translation>%@ Konvertierungen zu einer Disc zusammengefügt</translation>
+  </message>
+  <message>
+    <source>1 file removed from its conversion</source>
+    <translation>1 Datei aus ihrer Konvertierung entfernt</translation>
+  </message>
+  <message>
+    <source>1 conversion removed</source>
+    <translation>1 Konvertierung entfernt</translation>
+  </message>
+  <message>
+    <source>%@ conversions removed</source>
+    <translation>%@ Konvertierungen entfernt</translation>
+  </message>
+  <message>
+    <source>History cleared</source>
+    <translation>Verlauf gelöscht</translation>
+  </message>
+  <message>
+    <source>This can no longer be undone: the conversion has started or was removed.</source>
+    <translation>Das lässt sich nicht mehr rückgängig machen: Die Konvertierung hat begonnen oder wurde entfernt.</translation>
+  </message>
+  <message>
+    <source>&amp;Edit</source>
+    <translation>&amp;Bearbeiten</translation>
+  </message>
+  <message>
+    <source>&amp;Undo</source>
+    <translation>&amp;Rückgängig</translation>
+  </message>
+  <message>
+    <source>&amp;Undo %@</source>
+    <translation>&amp;Rückgängig: %@</translation>
+  </message>
+  <message>
+    <source>Undo</source>
+    <translation>Rückgängig</translation>
+  </message>
+  <message>
+    <source>Select &amp;All</source>
+    <translation>&amp;Alle auswählen</translation>
+  </message>
+  <message>
+    <source>Split Again</source>
+    <translation>Wieder aufteilen</translation>
+  </message>
+  <message>
+    <source>Stop and Remove</source>
+    <translation>Anhalten und entfernen</translation>
+  </message>
+  <message>
+    <source>Keep Converting</source>
+    <translation>Weiter konvertieren</translation>
+  </message>
+  <message>
+    <source>Stop Conversion</source>
+    <translation>Konvertierung abbrechen</translation>
+  </message>
+  <message>
+    <source>%@ conversions are still in progress. Do you wish to stop them?</source>
+    <translation>%@ Konvertierungen laufen noch. Möchten Sie sie abbrechen?</translation>
+  </message>
+  <message>
+    <source>Do you want to merge %@ files into one?</source>
+    <translation>Möchten Sie %@ Dateien zu einer zusammenfügen?</translation>
+  </message>
+  <message>
+    <source>Do you want to put %@ files on one disc?</source>
+    <translation>Möchten Sie %@ Dateien auf eine Disc bringen?</translation>
+  </message>
+  <message>
+    <source>The files will be converted one after the other into one output.</source>
+    <translation>Die Dateien werden nacheinander in eine einzige Ausgabe konvertiert.</translation>
+  </message>
 </context>
 </TS>

@@ -1,5 +1,6 @@
 #include "controllers/KVApplicationController.h"
 
+#include "controllers/KVRowQuestions.h"
 #include "core/KVErrorCenter.h"
 #include "kvcore/KVBookmark.h"
 #include "kvcore/KVFatalError.h"
@@ -9,6 +10,7 @@
 #include "kvcore/KVTime.h"
 #include "platform/KVFileManager.h"
 #include "platform/KVUserQuestions.h"
+#include "queues/KVRowEdits.h"
 #include "tasks/KVHardwareAcceleration.h"
 #include "util/KVPreferenceKeys.h"
 #include "util/KVTempDirectory.h"
@@ -17,6 +19,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 using namespace KVPreferenceKeys;
 
@@ -111,12 +114,13 @@ void KVApplicationController::_showReleaseNotesOnce() {
 }
 
 KVApplicationController::TerminateReply KVApplicationController::applicationShouldTerminate() {
-    if (KVConversionQueue::isAnyQueueWorking()) {
+    if (KVConversionQueue::isAnyConversionRunning()) {
         const KVAlertResponse response = KVUserQuestion::runModalOnMainThread(KVAlert{
             .messageText = KVLocalizationCenter::localized("Do you really want to quit %@?",
                                                            {QCoreApplication::applicationName()}),
             .informativeText = KVLocalizationCenter::localized("All of the conversions will be cancelled."),
-            .buttons = {KVLocalizationCenter::localized("Cancel"), KVLocalizationCenter::localized("Quit")}});
+            .buttons = {KVLocalizationCenter::localized("Keep Converting"),
+                        KVLocalizationCenter::localized("Quit")}});
         if (response.isFirstButton()) return TerminateReply::cancel;
     }
     applicationWillTerminate();
@@ -137,27 +141,23 @@ void KVApplicationController::pause() {
     KVConversionQueue::pauseAllQueues();
 }
 
-void KVApplicationController::makeDVD() {
-    const auto queue = KVConversionQueue::queue(KVMediaFileType::video);
-    auto waiting = queue->conversions();
-    waiting.removeIf(
-        [](const auto &conversion) { return conversion->state != KVConversionState::waitingToStart; });
-    if (waiting.isEmpty()) return;
+void KVApplicationController::mergeAll() {
+    qsizetype files = 0;
+    for (const auto &queue : KVConversionQueue::allQueues())
+        if (const auto rows = KVRowEdits::waitingRows(*queue); KVRowEdits::reasonAgainstMerge(rows).isEmpty())
+            files += KVRowQuestions::numberOfFiles(rows);
+    if (KVRowQuestions::mayMerge(files)) KVKalvoraAppDelegate::mergeAll();
+}
 
-    const auto disc = waiting.takeFirst();
-    for (const auto &other : waiting) {
-        disc->setMediaFiles(disc->mediaFiles() + other->mediaFiles());
-        queue->cancelConversion(other);
-    }
-    disc->setCustomPreset(KVPreset::presetNamed("DVD"));
-    for (const auto &delegate : disc->delegates().allValues()) {
-        delegate->conversionDidUpdateFiles(disc);
-        delegate->conversionDidChangePreset(disc);
-    }
+void KVApplicationController::makeDVD() {
+    const auto rows = KVRowEdits::waitingRows(*KVConversionQueue::queue(KVMediaFileType::video));
+    if (KVRowQuestions::mayMakeDVD(KVRowQuestions::numberOfFiles(rows))) KVRowEdits::shared().makeDVD(rows);
 }
 
 void KVApplicationController::clearFinishedConversionsInQueue(int tag) {
-    _clearConversions([](const KVConversion &conversion) { return conversion.isFinished(); }, tag);
+    _clearConversions(
+        [](const KVConversion &conversion) { return conversion.isFinished() && !conversion.hasFailed(); },
+        tag);
 }
 
 void KVApplicationController::clearInactiveConversionsInQueue(int tag) {
@@ -184,11 +184,12 @@ void KVApplicationController::_clearConversions(const std::function<bool(const K
             KVFatalError(QStringLiteral("Can't handle queue under tag %1").arg(tag));
         }
     };
+    KVRowEdits::Rows rows;
     for (const KVMediaFileType type : types()) {
-        const auto queue = KVConversionQueue::queue(type);
-        for (const auto &conversion : queue->conversions())
-            if (matches(*conversion)) queue->cancelConversion(conversion);
+        for (const auto &conversion : KVConversionQueue::queue(type)->conversions())
+            if (matches(*conversion)) rows += conversion;
     }
+    KVRowEdits::shared().clear(rows);
 }
 
 void KVApplicationController::askForReview() {
@@ -206,6 +207,7 @@ void KVApplicationController::askForReview() {
 
 void KVApplicationController::conversionQueueWillStartConversion(const Queue &,
                                                                  const Conversion &conversion) {
+    _hasWork = true;
     KVLog("Will start " + KVFileManager::lastPathComponent(conversion->mediaFiles().first()->url()));
     _surroundings.services.setKeepsAwake(true);
     if (!_surroundings.progressBar.isVisible())
@@ -220,19 +222,17 @@ void KVApplicationController::conversionQueueConversionDidUpdateStatus(const Que
             longest = std::max(longest, conversion->estimatedTime.load());
     _surroundings.progressBar.setProgress(total, KVTime::localizedTimeString(longest));
     _surroundings.services.showTaskbarProgress(total);
-    if (total == 1.0 && !KVConversionQueue::isAnyQueueWorking()) _surroundings.progressBar.slideOut();
+    if (total == 1.0 && !KVConversionQueue::isAnyConversionRunning()) _surroundings.progressBar.slideOut();
 }
 
 void KVApplicationController::conversionQueueDidSuccessfullyFinishConversion(const Queue &,
                                                                              const Conversion &conversion) {
     _countConversion();
     _notifications.conversionDidEnd(*conversion);
-    _letSleepWithout(conversion);
 }
 
 void KVApplicationController::conversionQueueDidFailConversion(const Queue &, const Conversion &conversion) {
     _notifications.conversionDidEnd(*conversion);
-    _letSleepWithout(conversion);
 }
 
 /// The store is written and synced on a thread of its own: a busy disk is no reason for the window to stand
@@ -251,19 +251,17 @@ void KVApplicationController::_countConversion() {
     });
 }
 
-/// A row that was started by itself tells no end of a queue. The row itself is about to be finished.
-void KVApplicationController::_letSleepWithout(const Conversion &endedConversion) {
-    if (KVConversionQueue::isAnyQueueWorking()) return;
-    for (const auto &queue : KVConversionQueue::allQueues())
-        for (const auto &conversion : queue->conversions())
-            if (conversion != endedConversion && conversion->state == KVConversionState::executing) return;
-    _surroundings.services.setKeepsAwake(false);
-    _surroundings.services.showTaskbarProgress(std::nullopt);
+void KVApplicationController::conversionQueueDidFinishAllConversions(const Queue &) {
+    _endWorkIfIdle();
 }
 
-void KVApplicationController::conversionQueueDidFinishAllConversions(const Queue &) {
-    // The actions run once, when the last queue ends.
-    if (KVConversionQueue::isAnyQueueWorking()) return;
+void KVApplicationController::conversionQueueDidBecomeIdle(const Queue &) {
+    _endWorkIfIdle(); // also after a row that was started by itself
+}
+
+/// The actions run once, when the last row of all queues has ended.
+void KVApplicationController::_endWorkIfIdle() {
+    if (KVConversionQueue::isAnyConversionRunning() || !std::exchange(_hasWork, false)) return;
     KVApplicationServices &services = _surroundings.services;
     services.setKeepsAwake(false);
     services.showTaskbarProgress(std::nullopt);
@@ -276,5 +274,5 @@ void KVApplicationController::conversionQueueDidFinishAllConversions(const Queue
         KVMainThread::async([this, self = weak_from_this()] {
             if (const auto alive = self.lock()) _surroundings.terminate();
         });
-    if (!KVConversionQueue::isAnyQueueWorking()) _surroundings.progressBar.slideOut();
+    if (!KVConversionQueue::isAnyConversionRunning()) _surroundings.progressBar.slideOut();
 }

@@ -38,9 +38,12 @@ class KVApplicationController : public KVKalvoraAppDelegate,
 
     void start();
     void pause();
-    /// The waiting videos, merged into one conversion, with the preset that authors a disc.
+    /// Asks first if the waiting rows have more than five files.
+    void mergeAll();
+    /// Merges the waiting videos into one conversion with the preset that authors a disc. Asks first if they
+    /// have more than five files.
     void makeDVD();
-    /// Tags: -1 all queues, 0 video, 1 audio, 2 picture.
+    /// Removes the ended rows, except failed ones. Tags: -1 all queues, 0 video, 1 audio, 2 picture.
     void clearFinishedConversionsInQueue(int tag);
     void clearInactiveConversionsInQueue(int tag);
     void askForReview();
@@ -51,16 +54,18 @@ class KVApplicationController : public KVKalvoraAppDelegate,
                                                         const Conversion &conversion) override;
     void conversionQueueDidFailConversion(const Queue &queue, const Conversion &conversion) override;
     void conversionQueueDidFinishAllConversions(const Queue &queue) override;
+    void conversionQueueDidBecomeIdle(const Queue &queue) override;
 
   private:
     void _guessLocation();
     void _performSandboxTransition();
     void _showReleaseNotesOnce();
     void _countConversion();
-    void _letSleepWithout(const Conversion &endedConversion);
+    void _endWorkIfIdle();
     void _clearConversions(const std::function<bool(const KVConversion &)> &matches, int tag);
 
     Surroundings _surroundings;
     KVRunNotifications _notifications;
+    bool _hasWork = false; ///< From the start of a row until the actions after the last one.
     KVSerialQueue _counting{QStringLiteral("com.brenholt.Kalvora.counting")};
 };

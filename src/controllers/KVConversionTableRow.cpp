@@ -1,6 +1,8 @@
 #include "controllers/KVConversionTableRow.h"
 
 #include "controllers/KVConversionRetry.h"
+#include "controllers/KVPresetMenu.h"
+#include "controllers/KVRowQuestions.h"
 #include "conversion/conversions/KVVideoConversion.h"
 #include "kvcore/KVFatalError.h"
 #include "kvcore/KVLocalizationCenter.h"
@@ -10,7 +12,7 @@
 #include "platform/KVUserQuestions.h"
 #include "presets/KVPresetRegistry.h"
 #include "presets/video/other/KVDVDPreset.h"
-#include "util/KVPreferenceKeys.h"
+#include "queues/KVRowEdits.h"
 #include "video_info/media_file/KVVideoFile.h"
 
 #include <algorithm>
@@ -100,17 +102,23 @@ KVMenu KVConversionTableRow::menu() const {
         append(menu, _finishedItems());
         return menu;
     }
-    menu.push_back(_presetItem());
-    menu.push_back(KVMenuItem::separator());
+    append(menu, _changingItems());
+    return menu;
+}
+
+/// The commands that change files, subtitles or preset. They keep their places, disabled, in a row that can
+/// no longer be changed.
+KVMenu KVConversionTableRow::_changingItems() const {
+    KVMenu menu{_presetItem(), KVMenuItem::separator()};
     append(menu, _videoItems());
-    if (KVMenu items = _mergeItems(); !items.empty()) {
+    for (KVMenu items : {_mergeItems(), _removeFileItems()}) {
+        if (items.empty()) continue;
         appendSeparatorOnce(menu);
         append(menu, std::move(items));
     }
-    if (KVMenu items = _removeFileItems(); !items.empty()) {
-        appendSeparatorOnce(menu);
-        append(menu, std::move(items));
-    }
+    const QString reason = KVRowEdits::reasonAgainstChange(*_conversion);
+    for (KVMenuItem &item : menu)
+        if (!item.isSeparator) item.disableBecause(reason);
     return menu;
 }
 
@@ -121,9 +129,9 @@ KVMenu KVConversionTableRow::_stateItems() const {
         return {_item<&Row::startConversion>("Start"), _item<&Row::renameConversion>("Rename..."),
                 KVMenuItem::separator(), _item<&Row::removeConversion>("Remove")};
     case KVConversionState::executing:
-        return {_item<&Row::pauseConversion>("Pause"), _item<&Row::cancelConversion>("Cancel")};
+        return {_item<&Row::pauseConversion>("Pause"), _item<&Row::cancelConversion>("Stop")};
     case KVConversionState::paused:
-        return {_item<&Row::resumeConversion>("Resume"), _item<&Row::cancelConversion>("Cancel")};
+        return {_item<&Row::resumeConversion>("Resume"), _item<&Row::cancelConversion>("Stop")};
     case KVConversionState::finished:
         break;
     }
@@ -157,29 +165,7 @@ KVMenu KVConversionTableRow::_finishedItems() const {
 }
 
 KVMenuItem KVConversionTableRow::_presetItem() const {
-    const auto selected = _conversion->customPreset();
-    const bool hasFiles = !_conversion->mediaFiles().isEmpty();
-    const auto items =
-        KVPreset::presetMenuForType(_queue()->mediaFileType(), selected, [hasFiles](const KVPreset &preset) {
-            return !hasFiles || preset.supportsStitching();
-        });
-
-    KVMenuItem item{.title = KVLocalizationCenter::localized("Preset")};
-    item.submenu.push_back({.title = KVLocalizationCenter::localized("Default"),
-                            .action = [row = *this] { row.selectPreset(nullptr); },
-                            .isOn = selected == nullptr});
-    item.submenu.push_back(KVMenuItem::separator());
-    for (const KVPresetMenuItem &entry : items) {
-        if (entry.isSeparator)
-            item.submenu.push_back(KVMenuItem::separator());
-        else
-            item.submenu.push_back(
-                {.title = entry.title,
-                 .action = [row = *this, preset = entry.preset] { row.selectPreset(preset); },
-                 .toolTip = entry.toolTip,
-                 .isOn = entry.isOn});
-    }
-    return item;
+    return KVPresetMenu::itemForRows({_conversion});
 }
 
 KVMenu KVConversionTableRow::_videoItems() const {
@@ -211,6 +197,7 @@ KVMenu KVConversionTableRow::_mergeItems() const {
                                 .action = [row = *this, other] { row.mergeWithConversion(other); }});
     item.submenu.push_back(KVMenuItem::separator());
     item.submenu.push_back(_item<&KVConversionTableRow::mergeWithAllConversions>("Merge All"));
+    item.disableBecause(KVRowEdits::reasonAgainstMerge(KVRowEdits::Rows{_conversion} + others));
     return {item};
 }
 
@@ -221,7 +208,7 @@ KVMenu KVConversionTableRow::_removeFileItems() const {
     for (const auto &file : files)
         item.submenu.push_back({.title = KVFileManager::lastPathComponent(file->url()),
                                 .action = [row = *this, file] { row.removeFile(file); }});
-    return {item};
+    return {item, _item<&KVConversionTableRow::splitAgain>("Split Again")};
 }
 
 QString KVConversionTableRow::stopButtonTitle(bool isOptionKeyDown) const {
@@ -235,7 +222,7 @@ QString KVConversionTableRow::stopButtonTitle(bool isOptionKeyDown) const {
     case KVConversionState::waitingToStart:
         break;
     }
-    return KVLocalizationCenter::localized("Cancel");
+    return KVLocalizationCenter::localized("Remove");
 }
 
 void KVConversionTableRow::stopButtonAction(bool isOptionKeyDown) const {
@@ -261,35 +248,18 @@ void KVConversionTableRow::resumeConversion() const {
 }
 
 void KVConversionTableRow::cancelConversion() const {
-    using namespace KVPreferenceKeys;
-    const bool asks = _conversion->state == KVConversionState::executing &&
-                      KVPreferences::shared().boolean(RequiresConfirmationOfConversionCancelation, true);
-    if (asks) {
-        const QString name = KVFileManager::lastPathComponent(_conversion->mediaFiles().first()->url());
-        const KVAlertResponse response = KVUserQuestion::runModalOnMainThread(
-            KVAlert{.messageText = KVLocalizationCenter::localized(
-                        "The conversion of '%@' is still in progress. Do you wish to cancel?", {name}),
-                    .informativeText = KVLocalizationCenter::localized(
-                        "Canceling this conversion will result in losing all progress so far."),
-                    .buttons = {KVLocalizationCenter::localized("Continue with Conversion"),
-                                KVLocalizationCenter::localized("Cancel Conversion")},
-                    .suppressionTitle = KVLocalizationCenter::localized("Don't ask again")});
-        if (response.isFirstButton()) return;
-        if (response.isSuppressed)
-            KVPreferences::shared().setBoolean(false, RequiresConfirmationOfConversionCancelation);
-    }
-    removeConversion();
+    if (KVRowQuestions::mayStop({_conversion})) removeConversion();
 }
 
 void KVConversionTableRow::removeConversion() const {
-    _queue()->cancelConversion(_conversion);
+    KVRowEdits::shared().remove({_conversion});
 }
 
 void KVConversionTableRow::removeConversionAndReadd() const {
     QList<QUrl> urls;
     for (const auto &file : _conversion->mediaFiles())
         urls.append(file->url());
-    removeConversion();
+    _queue()->cancelConversion(_conversion);
     KVMainThread::after(0.5, [services = _services, urls] { services->addFiles(urls); });
 }
 
@@ -321,8 +291,7 @@ void KVConversionTableRow::renameConversion() const {
     if (!name) return;
     // A name is no path; without one the file is named after its source again.
     name->replace('/', '-');
-    _conversion->setOutputFileName(name->isEmpty() ? std::nullopt : name);
-    _tellFilesChanged();
+    KVRowEdits::shared().setOutputFileName(_conversion, name->isEmpty() ? std::nullopt : name);
 }
 
 void KVConversionTableRow::changeDVDName() const {
@@ -340,13 +309,11 @@ void KVConversionTableRow::changeDVDName() const {
                     .buttons = {KVLocalizationCenter::localized("OK")}});
         return;
     }
-    conversion->setDVDName(name);
+    KVRowEdits::shared().setDVDName(_conversion, name);
 }
 
 void KVConversionTableRow::selectPreset(const std::shared_ptr<KVPreset> &preset) const {
-    _conversion->setCustomPreset(preset);
-    for (const auto &delegate : _conversion->delegates().allValues())
-        delegate->conversionDidChangePreset(_conversion);
+    KVRowEdits::shared().setPreset({_conversion}, preset);
 }
 
 void KVConversionTableRow::selectSubtitles() const {
@@ -362,34 +329,28 @@ void KVConversionTableRow::setSubtitles(const QUrl &url) const {
     const auto video = _videoFile();
     if (!video) return;
     const auto encoding = _services->chooseSubtitleEncoding(*video, url);
-    if (!encoding) return;
-    video->subtitlesFileURL = url;
-    video->subtitlesFileEncoding = *encoding;
-    _tellFilesChanged();
+    if (encoding) KVRowEdits::shared().setSubtitles(_conversion, url, *encoding);
 }
 
 void KVConversionTableRow::removeSubtitles() const {
-    if (const auto video = _videoFile()) video->subtitlesFileURL.reset();
-    _tellFilesChanged();
+    KVRowEdits::shared().setSubtitles(_conversion, std::nullopt);
 }
 
 void KVConversionTableRow::mergeWithConversion(const std::shared_ptr<KVConversion> &other) const {
-    if (other == _conversion || other->state != KVConversionState::waitingToStart) return;
-    _conversion->setMediaFiles(_conversion->mediaFiles() + other->mediaFiles());
-    _tellFilesChanged();
-    _queue()->cancelConversion(other);
+    if (other != _conversion) KVRowEdits::shared().merge({_conversion, other});
 }
 
 void KVConversionTableRow::mergeWithAllConversions() const {
-    for (const auto &other : _otherWaitingConversions())
-        mergeWithConversion(other);
+    const auto rows = KVRowEdits::Rows{_conversion} + _otherWaitingConversions();
+    if (KVRowQuestions::mayMerge(KVRowQuestions::numberOfFiles(rows))) KVRowEdits::shared().merge(rows);
+}
+
+void KVConversionTableRow::splitAgain() const {
+    KVRowEdits::shared().splitAgain(_conversion);
 }
 
 void KVConversionTableRow::removeFile(const std::shared_ptr<KVMediaFile> &file) const {
-    KVMediaFileList files = _conversion->mediaFiles();
-    files.removeOne(file);
-    _conversion->setMediaFiles(files);
-    _tellFilesChanged();
+    KVRowEdits::shared().removeFile(_conversion, file);
 }
 
 void KVConversionTableRow::showInFinder() const {
@@ -397,7 +358,7 @@ void KVConversionTableRow::showInFinder() const {
 }
 
 void KVConversionTableRow::makeDVD() const {
-    selectPreset(KVPreset::presetNamed("DVD"));
+    KVRowEdits::shared().makeDVD({_conversion});
 }
 
 std::shared_ptr<KVConversionQueue> KVConversionTableRow::_queue() const {
@@ -412,14 +373,7 @@ std::shared_ptr<KVVideoFile> KVConversionTableRow::_videoFile() const {
 }
 
 QList<std::shared_ptr<KVConversion>> KVConversionTableRow::_otherWaitingConversions() const {
-    auto conversions = _queue()->conversions();
-    conversions.removeIf([this](const auto &other) {
-        return other == _conversion || other->state != KVConversionState::waitingToStart;
-    });
+    auto conversions = KVRowEdits::waitingRows(*_queue());
+    conversions.removeOne(_conversion);
     return conversions;
-}
-
-void KVConversionTableRow::_tellFilesChanged() const {
-    for (const auto &delegate : _conversion->delegates().allValues())
-        delegate->conversionDidUpdateFiles(_conversion);
 }

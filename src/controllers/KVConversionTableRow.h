@@ -56,7 +56,7 @@ class KVConversionTableRow {
     void startConversion() const;
     void pauseConversion() const;
     void resumeConversion() const;
-    /// Asks first where the conversion runs and the preference says so.
+    /// Stops and removes the row. Asks first if it is executing and the preference says so.
     void cancelConversion() const;
     void removeConversion() const;
     void removeConversionAndReadd() const;
@@ -80,6 +80,8 @@ class KVConversionTableRow {
     void removeSubtitles() const;
     void mergeWithConversion(const std::shared_ptr<KVConversion> &other) const;
     void mergeWithAllConversions() const;
+    /// Makes one row for each file of a merged row.
+    void splitAgain() const;
     void removeFile(const std::shared_ptr<KVMediaFile> &file) const;
     void showInFinder() const;
     /// Gives the row the preset that authors a disc.
@@ -89,6 +91,7 @@ class KVConversionTableRow {
     KVMenu _stateItems() const;
     KVMenu _finishedItems() const;
     KVMenu _retryItems() const;
+    KVMenu _changingItems() const;
     KVMenuItem _presetItem() const;
     KVMenu _videoItems() const;
     KVMenu _mergeItems() const;
@@ -96,7 +99,6 @@ class KVConversionTableRow {
     std::shared_ptr<KVConversionQueue> _queue() const;
     std::shared_ptr<KVVideoFile> _videoFile() const;
     QList<std::shared_ptr<KVConversion>> _otherWaitingConversions() const;
-    void _tellFilesChanged() const;
     template <void (KVConversionTableRow::*action)() const>
     KVMenuItem _item(const char *title) const;
 

@@ -25,6 +25,12 @@ struct KVMenuItem {
         item.isEnabled = false;
         return item;
     }
+    /// Disables the item and shows why as its tooltip; does nothing for an empty reason.
+    void disableBecause(const QString &reason) {
+        if (reason.isEmpty()) return;
+        isEnabled = false;
+        toolTip = reason;
+    }
 };
 
 using KVMenu = std::vector<KVMenuItem>;

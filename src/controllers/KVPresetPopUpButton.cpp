@@ -2,10 +2,8 @@
 
 #include "kvcore/KVLocalizationCenter.h"
 #include "platform/KVUserQuestions.h"
-#include "queues/KVConversionQueue.h"
+#include "queues/KVRowEdits.h"
 #include "util/KVPreferenceKeys.h"
-
-#include <algorithm>
 
 KVPresetPopUpButton::KVPresetPopUpButton(KVMediaFileType presetType)
     : _presetType(presetType) {
@@ -18,7 +16,7 @@ KVPresetPopUpButton::KVPresetPopUpButton(KVMediaFileType presetType)
 }
 
 bool KVPresetPopUpButton::choosePreset(const std::shared_ptr<KVPreset> &preset) {
-    if (!preset->supportsStitching() && _hasWaitingMerge()) {
+    if (KVRowEdits::breaksMerges(*KVConversionQueue::queue(_presetType), *preset)) {
         const auto localized = [](const char *key) { return KVLocalizationCenter::localized(key); };
         KVUserQuestion::runModalOnMainThread(KVAlert{
             .messageText =
@@ -60,12 +58,4 @@ void KVPresetPopUpButton::_select(const std::shared_ptr<KVPreset> &preset) {
 
 void KVPresetPopUpButton::_remember(const std::shared_ptr<KVPreset> &preset) {
     KVPreferences::shared().setValue(preset->name, KVPreferenceKeys::lastUsedPreset(_presetType));
-}
-
-bool KVPresetPopUpButton::_hasWaitingMerge() const {
-    return std::ranges::any_of(KVConversionQueue::queue(_presetType)->conversions(),
-                               [](const auto &conversion) {
-                                   return conversion->state == KVConversionState::waitingToStart &&
-                                          conversion->mediaFiles().size() > 1 && !conversion->customPreset();
-                               });
 }

@@ -31,7 +31,6 @@ class KVPresetPopUpButton {
     void _fillInPresets();
     void _select(const std::shared_ptr<KVPreset> &preset);
     void _remember(const std::shared_ptr<KVPreset> &preset);
-    bool _hasWaitingMerge() const;
 
     const KVMediaFileType _presetType;
     std::shared_ptr<KVPreset> _selectedPreset;

@@ -1,5 +1,11 @@
 #pragma once
 
+#include <QList>
+
+#include <memory>
+
+class KVConversion;
+
 /// Where a dragged row is let go, relative to a row of the table.
 enum class KVDropOperation { on, above };
 
@@ -11,8 +17,8 @@ class KVQueueTableView {
 
     virtual void insertTableRows(int first, int count) = 0;
     virtual void removeTableRows(int first, int count) = 0;
-    /// `to` is the row's number after the move.
-    virtual void moveRow(int from, int to) = 0;
+    /// The rows `first` to `first + count - 1` have changed places among each other.
+    virtual void reorderTableRows(int first, int count) = 0;
     virtual void reloadData() = 0;
     /// The title and the thumbnails of one row changed.
     virtual void reloadRow(int row) = 0;
@@ -22,4 +28,6 @@ class KVQueueTableView {
     virtual void showDropZone(bool isAwaitingFiles) = 0;
 
     int draggedRow = -1; ///< The row that is being dragged; -1 when none is.
+    /// The rows that go along with it, itself included, in the order of the table; empty for it alone.
+    QList<std::shared_ptr<KVConversion>> draggedConversions;
 };

@@ -3,6 +3,7 @@
 #include "kvcore/KVFatalError.h"
 #include "kvcore/KVLog.h"
 #include "kvcore/KVMainThread.h"
+#include "queues/KVRowEdits.h"
 #include "util/KVPreferenceKeys.h"
 
 #include <algorithm>
@@ -28,10 +29,6 @@ void requireMainThread() {
     if (!KVMainThread::isCurrent()) KVFatalError("Not delivering notification on main thread!");
 }
 
-bool canMerge(KVMediaFileType type) {
-    return type == KVMediaFileType::video || type == KVMediaFileType::audio;
-}
-
 } // namespace
 
 KVQueueTableViewController::KVQueueTableViewController(KVQueueTableView &tableView)
@@ -47,6 +44,8 @@ KVQueueTableViewController::KVQueueTableViewController(KVQueueTableView &tableVi
         }));
     _observations.push_back(center.addObserver<KVConversion>(
         ConversionDidFinish, [this](const auto &conversion) { _queueDidFinishConversion(conversion); }));
+    _observations.push_back(center.addObserver<KVConversionQueue>(
+        ConversionQueueDidReorder, [this](const auto &queue) { _queueDidReorder(queue); }));
 }
 
 int KVQueueTableViewController::numberOfRows() const {
@@ -116,9 +115,39 @@ bool KVQueueTableViewController::validateDrop(int row, KVDropOperation operation
               .arg(KVMediaFileTypes::caseName(type)));
     if (type != mediaType(draggedRow) || row == draggedRow) return false;
     if (operation == KVDropOperation::above) return row != draggedRow + 1;
+    return reasonAgainstMerge(row).isEmpty();
+}
 
+bool KVQueueTableViewController::validateDropAtEndOfGroup(int row) const {
+    const auto dragged = conversion(_tableView.draggedRow);
+    if (!dragged) return false;
+    const auto [location, length] = rangeOfRows(mediaType(_tableView.draggedRow));
+    return row == location + length &&
+           _draggedConversions() !=
+               queueOf(typeOf(dragged))->conversions().last(_draggedConversions().size());
+}
+
+QString KVQueueTableViewController::reasonAgainstMerge(int row) const {
+    const auto rows = _rowsToMerge(row);
+    return rows.isEmpty() ? QString() : KVRowEdits::reasonAgainstMerge(rows);
+}
+
+KVConversionQueue::List KVQueueTableViewController::_draggedConversions() const {
+    const auto dragged = conversion(_tableView.draggedRow);
+    if (!dragged) return {};
+    const bool isAlone = !_tableView.draggedConversions.contains(dragged);
+    auto along = isAlone ? KVConversionQueue::List{dragged} : _tableView.draggedConversions;
+    along.removeIf([this](const auto &conversion) { return row(conversion) < 0; }); // removed meanwhile
+    return along;
+}
+
+KVConversionQueue::List KVQueueTableViewController::_rowsToMerge(int row) const {
     const auto target = conversion(row);
-    return target && target->state == KVConversionState::waitingToStart && canMerge(type);
+    auto rows = _draggedConversions();
+    if (!target || rows.isEmpty()) return {};
+    rows.removeOne(target);
+    rows.prepend(target);
+    return rows;
 }
 
 bool KVQueueTableViewController::acceptDrop(int row, KVDropOperation operation) {
@@ -127,6 +156,7 @@ bool KVQueueTableViewController::acceptDrop(int row, KVDropOperation operation) 
     else
         _merge(row);
     _tableView.draggedRow = -1;
+    _tableView.draggedConversions.clear();
     return true;
 }
 
@@ -173,7 +203,9 @@ void KVQueueTableViewController::_queueDidFinishConversion(const std::shared_ptr
     const int finishedRow = row(conversion);
     if (finishedRow < 0) return;
     _tableView.animateFinishedConversion(finishedRow);
-    if (KVPreferences::shared().boolean(KVPreferenceKeys::ClearFinishedItemsRightAway, false))
+    // A failed row stays, so that its failure can be read.
+    if (!conversion->hasFailed() &&
+        KVPreferences::shared().boolean(KVPreferenceKeys::ClearFinishedItemsRightAway, false))
         queueOf(typeOf(conversion))->cancelConversion(conversion);
 }
 
@@ -189,29 +221,18 @@ void KVQueueTableViewController::_removeRows(int first, int count) {
 }
 
 void KVQueueTableViewController::_reorder(int row) {
-    const int draggedRow = _tableView.draggedRow;
-    const auto dragged = conversion(draggedRow);
-    if (!dragged) return;
-    const int newRow = draggedRow < row ? row - 1 : row;
-    const KVMediaFileType type = mediaType(draggedRow);
-    const auto queue = queueOf(type);
+    const auto dragged = _draggedConversions();
+    if (dragged.isEmpty()) return;
+    const auto [location, length] = rangeOfRows(mediaType(_tableView.draggedRow));
+    KVRowEdits::shared().move(dragged, row - location - 1);
+}
 
-    KVConversionQueue::List conversions = queue->conversions();
-    const qsizetype from = conversions.indexOf(dragged);
-    if (from < 0) return;
-    conversions.move(from, newRow - rangeOfRows(type).location - 1);
-    queue->setConversions(conversions);
-    _tableView.moveRow(draggedRow, newRow);
-    _tableView.reloadRow(newRow);
+void KVQueueTableViewController::_queueDidReorder(const std::shared_ptr<KVConversionQueue> &queue) {
+    const auto [location, length] = rangeOfRows(queue->mediaFileType());
+    if (length > 1) _tableView.reorderTableRows(location + 1, length - 1);
 }
 
 void KVQueueTableViewController::_merge(int row) {
-    const auto target = conversion(row);
-    const auto dragged = conversion(_tableView.draggedRow);
-    if (!target || !dragged) return;
-    target->setMediaFiles(target->mediaFiles() + dragged->mediaFiles());
-    for (const auto &delegate : target->delegates().allValues())
-        delegate->conversionDidUpdateFiles(target);
-    queueOf(mediaType(row))->cancelConversion(dragged);
-    _tableView.reloadRow(this->row(target));
+    const auto rows = _rowsToMerge(row);
+    if (KVRowEdits::shared().merge(rows)) _tableView.reloadRow(this->row(rows.first()));
 }

@@ -44,7 +44,13 @@ class KVQueueTableViewController {
     bool canDragRow(int row) const;
     /// True where the dragged row may be let go there.
     bool validateDrop(int row, KVDropOperation operation) const;
-    /// Reorders or merges; `validateDrop` has answered true. Ends the drag.
+    /// True if the dragged row may be let go behind the last row of its group; `row` is the first row behind
+    /// the group. The same as two drops: above the last row, then the last row above it.
+    bool validateDropAtEndOfGroup(int row) const;
+    /// Why a drop onto this row does not merge, in the user's language; empty if it does or if no row is
+    /// dragged.
+    QString reasonAgainstMerge(int row) const;
+    /// Reorders or merges; one of the validations has returned true. Ends the drag.
     bool acceptDrop(int row, KVDropOperation operation);
 
     /// Shows the table or, with nothing in any queue, the drop zone.
@@ -57,6 +63,10 @@ class KVQueueTableViewController {
     /// Rows that come and go above the dragged one change its number.
     void _insertRows(int first, int count);
     void _removeRows(int first, int count);
+    void _queueDidReorder(const std::shared_ptr<KVConversionQueue> &queue);
+    KVConversionQueue::List _draggedConversions() const;
+    /// The dragged rows become one with the conversion at `row`, which comes first.
+    KVConversionQueue::List _rowsToMerge(int row) const;
     void _reorder(int row);
     void _merge(int row);
 

@@ -158,6 +158,16 @@ void KVHistoryCenter::clear() {
     _announce(change, false);
 }
 
+void KVHistoryCenter::restore(const QList<KVHistoryItem> &items) {
+    if (items.isEmpty()) return;
+    const std::scoped_lock lock(_lock);
+    const KVHistoryChange change{.kind = KVHistoryChange::Kind::inserted, .first = 0, .count = items.size()};
+    _announce(change, true);
+    _items = items + _items;
+    _numberOfStored = -1;
+    _announce(change, false);
+}
+
 void KVHistoryCenter::save() {
     const std::scoped_lock turn(_saveLock);
     const auto begin = Clock::now();

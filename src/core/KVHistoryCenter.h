@@ -57,6 +57,8 @@ class KVHistoryCenter {
     void addFile(const QUrl &url, KVMediaFileType type);
     /// Empties the list without saving; the next `save` then empties what is stored.
     void clear();
+    /// Puts entries back before all others, as after `clear`, without saving.
+    void restore(const QList<KVHistoryItem> &items);
     /// Writes the list. Entries that another process stored since we last looked stay.
     void save();
     /// For who ends the program in another way than by its `main`.

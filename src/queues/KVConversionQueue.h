@@ -104,7 +104,7 @@ class KVConversionQueue : public KVConversionHost,
     /// not. No worker picks a row meanwhile, so that none of them starts half-way: for merging and the like.
     /// The main thread may ask the user inside; what can be changed stays so until `change` has returned.
     bool edit(const List &rows, const std::function<void()> &change);
-    /// Replaces the rows: for reordering and merging.
+    /// Replaces the rows. See KVRowEdits for changes that the user makes.
     void setConversions(const List &conversions);
 
     /// True while any conversion of any queue executes or is paused, also one that was started by itself, and

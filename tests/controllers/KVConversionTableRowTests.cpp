@@ -1,5 +1,6 @@
-#include "controllers/KVConversionTableRow.h"
+#include "controllers/KVRowSelection.h"
 #include "conversion/conversions/KVVideoConversion.h"
+#include "core/KVUndoStack.h"
 #include "platform/KVScriptedQuestions.h"
 #include "presets/KVPreset.h"
 #include "support/KVTestCase.h"
@@ -44,6 +45,12 @@ class KVConversionTableRowTest : public KVTestCase {
   protected:
     void SetUp() override { KVUserQuestion::setResponder(questions); }
 
+    void TearDown() override {
+        KVUndoStack::shared().clear();
+        for (const auto &queue : KVConversionQueue::allQueues())
+            queue->setConversions({});
+    }
+
     std::shared_ptr<KVConversion> video(const QString &name) {
         return KVConversionQueue::queue(KVMediaFileType::video)
             ->createConversion(std::make_shared<KVVideoFile>(url(name)), nullptr, true);
@@ -66,10 +73,9 @@ TEST_F(KVConversionTableRowTest, TheMenuFollowsTheState) {
               "Start, Rename..., -, Remove, -, Preset, -, Select Subtitles..., Make DVD, -, Merge With");
 
     conversion->state = KVConversionState::executing;
-    EXPECT_EQ(line(row(conversion).menu()),
-              "Pause, Cancel, -, Preset, -, Select Subtitles..., -, Merge With");
+    EXPECT_EQ(line(row(conversion).menu()), "Pause, Stop, -, Preset, -, Select Subtitles..., -, Merge With");
     conversion->state = KVConversionState::paused;
-    EXPECT_TRUE(line(row(conversion).menu()).startsWith("Resume, Cancel, -"));
+    EXPECT_TRUE(line(row(conversion).menu()).startsWith("Resume, Stop, -"));
     conversion->state = KVConversionState::finished;
     EXPECT_EQ(line(row(conversion).menu()), "Remove and Add Again to Queue, Remove, -");
     conversion->setOutputURL(url("a.mp4"));
@@ -119,7 +125,7 @@ TEST_F(KVConversionTableRowTest, StopButtonAndAccessibleTextFollowTheState) {
         const char *accessible;
     };
     for (const Row &expected :
-         {Row{KVConversionState::waitingToStart, "Cancel", "Cancel", "Conversion a.mkv. Waiting to start."},
+         {Row{KVConversionState::waitingToStart, "Remove", "Remove", "Conversion a.mkv. Waiting to start."},
           Row{KVConversionState::executing, "Pause", "Stop", "Conversion a.mkv. 25% - --"},
           Row{KVConversionState::paused, "Resume", "Stop", "Conversion a.mkv. Paused."},
           Row{KVConversionState::finished, "Stop", "Stop", "Conversion a.mkv. Finished"}}) {
@@ -155,7 +161,114 @@ TEST_F(KVConversionTableRowTest, MergedFilesCanBeTakenOutAgain) {
     EXPECT_EQ(row(a).title(), "a.mkv & b.mkv & c.mkv");
     row(a).removeFile(a->mediaFiles().at(1));
     EXPECT_EQ(row(a).title(), "a.mkv & c.mkv");
-    EXPECT_TRUE(line(row(a).menu()).contains("Remove File"));
+    EXPECT_TRUE(line(row(a).menu()).contains("Remove File, Split Again"));
+    row(a).splitAgain();
+    EXPECT_EQ(row(a).title(), "a.mkv");
+    EXPECT_EQ(KVConversionQueue::queue(KVMediaFileType::video)->conversions().size(), 2);
+}
+
+TEST_F(KVConversionTableRowTest, ARunningRowKeepsItsCommandsButRefusesToChange) {
+    const auto conversion = video("a.mkv");
+    video("b.mkv");
+    conversion->setMediaFiles(conversion->mediaFiles() +
+                              KVMediaFileList{std::make_shared<KVVideoFile>(url("c.mkv"))});
+    const QStringList changing{"Preset", "Select Subtitles...", "Merge With", "Remove File", "Split Again"};
+    for (const QString &title : changing)
+        EXPECT_TRUE(itemNamed(row(conversion).menu(), title).isEnabled) << title.toStdString();
+    for (const auto state : {KVConversionState::executing, KVConversionState::paused}) {
+        conversion->state = state;
+        const KVMenu menu = row(conversion).menu();
+        for (const QString &title : changing) {
+            EXPECT_FALSE(itemNamed(menu, title).isEnabled) << title.toStdString();
+            EXPECT_TRUE(itemNamed(menu, title).toolTip.startsWith("This conversion is "))
+                << title.toStdString();
+        }
+        EXPECT_TRUE(itemNamed(menu, "Stop").isEnabled);
+    }
+}
+
+TEST_F(KVConversionTableRowTest, MergingIsOfferedOnlyWhereThePresetCanMerge) {
+    const auto conversion = video("a.mkv");
+    video("b.mkv");
+    const auto queue = KVConversionQueue::queue(KVMediaFileType::video);
+    const auto selected = queue->selectedPreset();
+    queue->setSelectedPreset(KVPreset::presetNamed("GIF Animation"));
+    EXPECT_EQ(itemNamed(row(conversion).menu(), "Merge With").toolTip,
+              "The preset \"GIF Animation\" cannot merge several files into one.");
+    row(conversion).mergeWithAllConversions();
+    EXPECT_EQ(queue->conversions().size(), 2);
+
+    // A merged row with a preset that can merge does not fall back on the queue's.
+    row(conversion).selectPreset(KVPreset::presetNamed("MKV"));
+    row(conversion).mergeWithAllConversions();
+    EXPECT_EQ(row(conversion).title(), "a.mkv & b.mkv [MKV] ");
+    EXPECT_FALSE(itemNamed(row(conversion).menu(), "Preset").submenu.front().isEnabled);
+    row(conversion).selectPreset(nullptr);
+    EXPECT_EQ(row(conversion).title(), "a.mkv & b.mkv [MKV] ");
+    queue->setSelectedPreset(selected);
+}
+
+TEST_F(KVConversionTableRowTest, MoreThanFiveFilesAreMergedOnlyAfterAQuestion) {
+    const auto first = video("0.mkv");
+    for (int number = 1; number < 6; ++number)
+        video(QString::number(number) + ".mkv");
+    row(first).mergeWithAllConversions(); // no answer is prepared: the one that changes nothing
+    EXPECT_EQ(first->mediaFiles().size(), 1);
+    ASSERT_EQ(questions->alerts.size(), 1U);
+    EXPECT_EQ(questions->alerts.back().messageText, "Do you want to merge 6 files into one?");
+    questions->alertResponses.push_back({.returnCode = KVAlertResponse::firstButtonReturn});
+    row(first).mergeWithAllConversions();
+    EXPECT_EQ(first->mediaFiles().size(), 6);
+}
+
+TEST_F(KVConversionTableRowTest, ASelectionOffersWhatItsRowsCanDo) {
+    const auto a = video("a.mkv");
+    const auto b = video("b.mkv");
+    const auto c = video("c.mkv");
+    const auto sound = KVConversionQueue::queue(KVMediaFileType::audio)
+                           ->createConversion(std::make_shared<KVAudioFile>(url("a.wav")), nullptr, true);
+    using enum KVConversionState;
+    struct Row {
+        KVRowSelection::List rows;
+        KVConversionState stateOfB;
+        const char *menu;
+        const char *reasonAgainstPreset;
+        const char *reasonAgainstMerge;
+    };
+    for (const Row &expected : {Row{{a, b}, waitingToStart, "Start, -, Remove, -, Preset, -, Merge", "", ""},
+                                Row{{a, b},
+                                    executing,
+                                    "Start, Pause, -, Stop and Remove, -, Preset, -, Merge",
+                                    "",
+                                    "Only waiting conversions can be merged."},
+                                Row{{a, sound},
+                                    waitingToStart,
+                                    "Start, -, Remove, -, Preset, -, Merge",
+                                    "The selected conversions are of different media types.",
+                                    "Only conversions of one media type can be merged."},
+                                Row{{b, a, c},
+                                    finished,
+                                    "Start, Remove and Add Again to Queue, -, Remove, -, Preset, -, Merge",
+                                    "",
+                                    "Only waiting conversions can be merged."}}) {
+        b->state = expected.stateOfB;
+        const KVMenu menu = KVRowSelection(expected.rows, services).menu();
+        EXPECT_EQ(line(menu), expected.menu);
+        EXPECT_EQ(itemNamed(menu, "Preset").toolTip, expected.reasonAgainstPreset);
+        EXPECT_EQ(itemNamed(menu, "Merge").toolTip, expected.reasonAgainstMerge);
+    }
+    // The preset goes to the rows that still can have it.
+    b->state = executing;
+    itemNamed(itemNamed(KVRowSelection({a, b, c}, services).menu(), "Preset").submenu, "MKV").action();
+    EXPECT_EQ(row(a).title() + row(b).title() + row(c).title(), "a.mkv [MKV] b.mkvc.mkv [MKV] ");
+    // One question for all that run.
+    a->state = executing;
+    KVPreferences::shared().setBoolean(true, KVPreferenceKeys::RequiresConfirmationOfConversionCancelation);
+    KVRowSelection({a, b, c}, services).remove();
+    ASSERT_FALSE(questions->alerts.empty());
+    EXPECT_EQ(questions->alerts.back().messageText,
+              "2 conversions are still in progress. Do you wish to stop them?");
+    EXPECT_EQ(KVConversionQueue::queue(KVMediaFileType::video)->conversions().size(), 3);
 }
 
 TEST_F(KVConversionTableRowTest, ADiscKeepsItsNameWhereTheNewOneIsEmpty) {

@@ -1,4 +1,5 @@
 #include "controllers/KVQueueTableViewController.h"
+#include "core/KVUndoStack.h"
 #include "support/KVTestCase.h"
 #include "util/KVPreferenceKeys.h"
 #include "video_info/media_file/KVDVDFile.h"
@@ -21,7 +22,9 @@ class Table : public KVQueueTableView {
         rows -= count;
         events += QStringLiteral("remove %1+%2").arg(first).arg(count);
     }
-    void moveRow(int from, int to) override { events += QStringLiteral("move %1 to %2").arg(from).arg(to); }
+    void reorderTableRows(int first, int count) override {
+        events += QStringLiteral("reorder %1+%2").arg(first).arg(count);
+    }
     void reloadData() override { events += "reload"; }
     void reloadRow(int row) override { events += QStringLiteral("reload %1").arg(row); }
     void animateFinishedConversion(int row) override { events += QStringLiteral("finish %1").arg(row); }
@@ -36,6 +39,12 @@ using enum KVDropOperation;
 
 class KVQueueTableViewControllerTest : public KVTestCase {
   protected:
+    void TearDown() override {
+        KVUndoStack::shared().clear();
+        for (const auto &queue : KVConversionQueue::allQueues())
+            queue->setConversions({});
+    }
+
     std::shared_ptr<KVConversion> add(KVMediaFileType type, const QString &name) {
         return KVConversionQueue::queue(type)->createConversion(file(type, name), nullptr, true);
     }
@@ -131,7 +140,7 @@ TEST_F(KVQueueTableViewControllerTest, DropsFollowTheRules) {
         {"up from the end", 3, 2, above, true},
         {"onto a running one", 2, 1, on, false},
         {"onto a waiting one", 2, 3, on, true},
-        {"a running one onto a waiting one", 1, 3, on, true},
+        {"a running one onto a waiting one", 1, 3, on, false},
         {"a picture onto a picture", 6, 5, on, false},
         {"a picture above a picture", 6, 5, above, true},
     };
@@ -148,7 +157,7 @@ TEST_F(KVQueueTableViewControllerTest, ReorderingMovesTheRowAndTheConversionAlik
     table.draggedRow = 1;
     EXPECT_TRUE(controller.acceptDrop(4, above)); // a above d
     EXPECT_EQ(namesInQueue(KVMediaFileType::audio), (QStringList{"b.wav", "c.wav", "a.wav", "d.wav"}));
-    EXPECT_EQ(table.events, (QStringList{"move 1 to 3", "reload 3"}));
+    EXPECT_EQ(table.events, (QStringList{"reorder 1+4"}));
     EXPECT_EQ(table.draggedRow, -1);
 
     table.draggedRow = 4;
@@ -196,4 +205,53 @@ TEST_F(KVQueueTableViewControllerTest, AFinishedRowGoesAtOnceWhereTheUserWantsTh
     KVPreferences::shared().setBoolean(true, KVPreferenceKeys::ClearFinishedItemsRightAway);
     center.post(ConversionDidFinish, conversion);
     EXPECT_EQ(controller.numberOfRows(), 0);
+}
+
+TEST_F(KVQueueTableViewControllerTest, ARowGoesBehindTheLastOneOfItsGroup) {
+    for (const char *name : {"a.wav", "b.wav", "c.wav"})
+        add(KVMediaFileType::audio, name);
+    add(KVMediaFileType::picture, "p.png");
+    struct Row {
+        const char *what;
+        int dragged;
+        int target;
+        bool isAllowed;
+    };
+    for (const Row &row : {Row{"on the next heading", 1, 4, true}, Row{"the last row itself", 3, 4, false},
+                           Row{"behind another group", 1, 6, false}, Row{"between other rows", 1, 3, false},
+                           Row{"a picture behind itself", 5, 6, false}}) {
+        table.draggedRow = row.dragged;
+        EXPECT_EQ(controller.validateDropAtEndOfGroup(row.target), row.isAllowed) << row.what;
+    }
+    table.draggedRow = 1;
+    controller.acceptDrop(4, above);
+    EXPECT_EQ(namesInQueue(KVMediaFileType::audio), (QStringList{"b.wav", "c.wav", "a.wav"}));
+}
+
+TEST_F(KVQueueTableViewControllerTest, SelectedRowsAreDraggedTogether) {
+    for (const char *name : {"a.wav", "b.wav", "c.wav", "d.wav"})
+        add(KVMediaFileType::audio, name);
+    const auto drag = [&](int dragged, const QList<int> &together, int target, KVDropOperation operation) {
+        table.draggedRow = dragged;
+        for (const int row : together)
+            table.draggedConversions += controller.conversion(row);
+        EXPECT_TRUE(controller.validateDrop(target, operation));
+        controller.acceptDrop(target, operation);
+        EXPECT_TRUE(table.draggedConversions.isEmpty());
+        return namesInQueue(KVMediaFileType::audio);
+    };
+    EXPECT_EQ(drag(4, {2, 4}, 1, above), (QStringList{"b.wav", "d.wav", "a.wav", "c.wav"}));
+    EXPECT_EQ(drag(1, {1, 2}, 4, on), (QStringList{"a.wav", "c.wav"}));
+    QStringList merged;
+    for (const auto &file : controller.conversion(2)->mediaFiles())
+        merged += file->url().fileName();
+    EXPECT_EQ(merged, (QStringList{"c.wav", "b.wav", "d.wav"}));
+}
+
+TEST_F(KVQueueTableViewControllerTest, ADropThatCannotMergeSaysWhy) {
+    add(KVMediaFileType::picture, "p.png");
+    add(KVMediaFileType::picture, "q.png");
+    EXPECT_EQ(controller.reasonAgainstMerge(1), "") << "nothing is dragged";
+    table.draggedRow = 2;
+    EXPECT_EQ(controller.reasonAgainstMerge(1), "Pictures cannot be merged.");
 }

@@ -102,20 +102,8 @@ TEST_F(KVQueueTableWidgetTest, EveryActionIsReachedWithTheKeyboard) {
     press(Qt::Key_Delete);
     EXPECT_EQ(titles(), (QStringList{"Audio", "b.wav", "New name"}));
     EXPECT_EQ(table().currentIndex(), rowOf("b.wav"));
-    press(Qt::Key_Space); // the button of a waiting row is Cancel
+    press(Qt::Key_Space); // the button of a waiting row removes it
     EXPECT_EQ(titles(), (QStringList{"Audio", "New name"}));
-}
-
-TEST_F(KVQueueTableWidgetTest, AFinishedRowHasNoButtonThatRemovesIt) {
-    add(KVMediaFileType::audio, {"a.wav"});
-    const QPoint button =
-        table().visualRect(rowOf("a.wav")).center() + QPoint(table().viewport()->width() / 2 - 40, 0);
-    KVConversionQueue::queue(KVMediaFileType::audio)->conversions().first()->state =
-        KVConversionState::finished;
-    click(button);
-    table().setCurrentIndex(rowOf("a.wav"));
-    press(Qt::Key_Space);
-    EXPECT_EQ(model().rowCount(), 2);
 }
 
 TEST_F(KVQueueTableWidgetTest, RowPositionsAreConsistentForManyRows) {

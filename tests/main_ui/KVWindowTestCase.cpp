@@ -1,5 +1,6 @@
 #include "main_ui/KVWindowTestCase.h"
 
+#include "core/KVUndoStack.h"
 #include "support/KVTestMedia.h"
 
 #include <QCoreApplication>
@@ -21,6 +22,9 @@ void KVWindowTestCase::TearDown() {
     KVConversionQueue::cancelAllAndWait(5);
     _tester.reset();
     application.reset();
+    KVUndoStack::shared().clear();
+    for (const auto &queue : KVConversionQueue::allQueues())
+        queue->setConversions({});
 }
 
 void KVWindowTestCase::drop(const QList<QUrl> &urls) {

@@ -1,7 +1,7 @@
 #include "core/doors/KVScriptingCommands.h"
 
 #include "core/KVQueueNotifications.h"
-#include "queues/KVConversionQueue.h"
+#include "queues/KVRowEdits.h"
 
 namespace {
 
@@ -81,6 +81,7 @@ bool KVScriptingCommands::selectPreset(const QString &presetName, KVAppleScriptQ
     for (const auto &queue : queues(type)) {
         const auto preset = KVPreset::presetNamed(presetName);
         if (!preset || !fits(*preset, queue->mediaFileType())) continue;
+        if (KVRowEdits::breaksMerges(*queue, *preset)) continue;
         queue->setSelectedPreset(preset);
         tellQueueWasAffected();
         isSelectedAnywhere = true;

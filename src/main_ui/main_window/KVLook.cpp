@@ -30,6 +30,10 @@ QColor KVLook::line(const QPalette &palette) {
     return withAlpha(palette.color(QPalette::Text), 0.12F);
 }
 
+QColor KVLook::selection(const QPalette &palette) {
+    return withAlpha(palette.color(QPalette::Highlight), isDark(palette) ? 0.32F : 0.18F);
+}
+
 QColor KVLook::success(const QPalette &palette) {
     return isDark(palette) ? QColor(0x7f, 0xcf, 0x8a) : QColor(0x2e, 0x7d, 0x32);
 }

@@ -18,6 +18,8 @@ bool isDark(const QPalette &palette);
 QColor secondaryText(const QPalette &palette);
 /// Thin lines between things.
 QColor line(const QPalette &palette);
+/// Behind selected rows, whose text keeps its colours.
+QColor selection(const QPalette &palette);
 QColor success(const QPalette &palette);
 QColor warning(const QPalette &palette);
 QColor failure(const QPalette &palette);

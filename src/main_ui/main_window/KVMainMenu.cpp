@@ -1,5 +1,6 @@
 #include "main_ui/main_window/KVMainMenu.h"
 
+#include "core/KVUndoStack.h"
 #include "kvcore/KVLocalizationCenter.h"
 #include "main_ui/main_window/KVMainWindow.h"
 #include "main_ui/main_window/KVMainWindowDelegate.h"
@@ -18,6 +19,7 @@ KVMainMenu::KVMainMenu(KVMainWindow &window, KVMainWindowDelegate &delegate)
     , _delegate(delegate) {
     QMenuBar *bar = window.menuBar();
     _buildFileMenu(*bar->addMenu(KVLocalizationCenter::localized("&File")));
+    _buildEditMenu(*bar->addMenu(KVLocalizationCenter::localized("&Edit")));
     _buildQueueMenu(*bar->addMenu(KVLocalizationCenter::localized("&Queue")));
     QMenu *conversion = bar->addMenu(KVLocalizationCenter::localized("&Conversion"));
     connect(conversion, &QMenu::aboutToShow, this, [this, conversion] { _fillConversionMenu(*conversion); });
@@ -39,7 +41,22 @@ void KVMainMenu::_buildFileMenu(QMenu &menu) {
     _add(menu, "&Quit", QKeySequence(Qt::CTRL | Qt::Key_Q), &KVMainWindowDelegate::terminate);
 }
 
+void KVMainMenu::_buildEditMenu(QMenu &menu) {
+    _undo = menu.addAction({}, QKeySequence::Undo, &_window, &KVMainWindow::undo);
+    setUndoTitle(KVUndoStack::shared().title());
+    menu.addSeparator();
+    menu.addAction(KVLocalizationCenter::localized("Select &All"), QKeySequence::SelectAll,
+                   &_window.tableWidget(), &QAbstractItemView::selectAll);
+}
+
+void KVMainMenu::setUndoTitle(const QString &title) {
+    _undo->setEnabled(!title.isEmpty());
+    _undo->setText(title.isEmpty() ? KVLocalizationCenter::localized("&Undo")
+                                   : KVLocalizationCenter::localized("&Undo %@", {title}));
+}
+
 void KVMainMenu::_buildQueueMenu(QMenu &menu) {
+    menu.setToolTipsVisible(true);
     _start = _add(menu, "&Start", QKeySequence(Qt::CTRL | Qt::Key_Return), &KVMainWindowDelegate::start);
     _pause = _add(menu, "&Pause", QKeySequence(Qt::CTRL | Qt::Key_Period), &KVMainWindowDelegate::pause);
     menu.addSeparator();
@@ -80,9 +97,7 @@ void KVMainMenu::_buildHelpMenu(QMenu &menu) {
 void KVMainMenu::_fillConversionMenu(QMenu &menu) {
     menu.clear();
     qDeleteAll(menu.findChildren<QMenu *>(Qt::FindDirectChildrenOnly)); // which the clearing leaves behind
-    const auto row = _window.tableModel().tableRow(_window.tableWidget().currentIndex());
-    fill(menu,
-         row ? row->menu() : KVMenu{KVMenuItem::disabled(KVLocalizationCenter::localized("No Action"))});
+    fill(menu, _window.tableWidget().rowsForCommand().menu());
 }
 
 void KVMainMenu::_fillPresetSettingsMenu(QMenu &menu) {
@@ -99,8 +114,9 @@ void KVMainMenu::setState(const State &state) {
     _start->setEnabled(state.canStart);
     _pause->setEnabled(state.canPause);
     _mergeAll->setEnabled(state.canMerge);
+    _mergeAll->setToolTip(state.canMerge ? QString() : state.reasonAgainstMerge);
     _makeDVD->setEnabled(state.canMakeDVD);
-    _clearFinished->setEnabled(state.hasFinished);
+    _clearFinished->setEnabled(state.canClearFinished);
     _clearInactive->setEnabled(state.hasInactive);
 }
 
@@ -118,7 +134,10 @@ void KVMainMenu::fill(QMenu &menu, const KVMenu &items) {
         // An ampersand in a file's name is no shortcut.
         const QString title = QString(item.title).replace('&', "&&");
         if (!item.submenu.empty()) {
-            fill(*menu.addMenu(title), item.submenu);
+            QMenu *submenu = menu.addMenu(title);
+            submenu->menuAction()->setEnabled(item.isEnabled);
+            submenu->menuAction()->setToolTip(item.toolTip);
+            fill(*submenu, item.submenu);
             continue;
         }
         QAction *action = menu.addAction(title);

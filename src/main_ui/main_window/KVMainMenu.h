@@ -3,6 +3,7 @@
 #include "controllers/KVMenuItem.h"
 
 #include <QObject>
+#include <QString>
 
 class KVMainWindow;
 class KVMainWindowDelegate;
@@ -19,9 +20,10 @@ class KVMainMenu : public QObject {
     struct State {
         bool canStart = false;
         bool canPause = false;
-        bool hasFinished = false;
+        bool canClearFinished = false; ///< Some row has ended without a failure.
         bool hasInactive = false;
         bool canMerge = false;
+        QString reasonAgainstMerge = {}; ///< Why not, if rows wait that cannot be merged.
         bool canMakeDVD = false;
     };
 
@@ -29,12 +31,15 @@ class KVMainMenu : public QObject {
 
     void setState(const State &state);
     void setShowsHistory(bool isShown);
+    /// What the command Undo takes back; empty disables it.
+    void setUndoTitle(const QString &title);
 
     /// Fills a menu of Qt's with a menu of ours.
     static void fill(QMenu &menu, const KVMenu &items);
 
   private:
     void _buildFileMenu(QMenu &menu);
+    void _buildEditMenu(QMenu &menu);
     void _buildQueueMenu(QMenu &menu);
     void _buildViewMenu(QMenu &menu);
     void _buildHelpMenu(QMenu &menu);
@@ -46,6 +51,7 @@ class KVMainMenu : public QObject {
 
     KVMainWindow &_window;
     KVMainWindowDelegate &_delegate;
+    QAction *_undo = nullptr;
     QAction *_start = nullptr;
     QAction *_pause = nullptr;
     QAction *_mergeAll = nullptr;

@@ -1,15 +1,17 @@
 #include "main_ui/main_window/KVMainWindow.h"
 
 #include "controllers/KVFileIntake.h"
+#include "core/KVUndoStack.h"
 #include "kvcore/KVLocalizationCenter.h"
 #include "main_ui/KVAppearance.h"
 #include "main_ui/main_window/KVDropZoneView.h"
 #include "main_ui/main_window/KVFooterView.h"
 #include "main_ui/main_window/KVMainMenu.h"
+#include "main_ui/main_window/KVUndoBar.h"
 #include "main_ui/main_window/details/KVFailureDetailsPanels.h"
 #include "main_ui/main_window/history/KVHistoryView.h"
 #include "main_ui/main_window/table_view/KVQueueTableWidget.h"
-#include "queues/KVConversionQueue.h"
+#include "queues/KVRowEdits.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -21,6 +23,7 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <map>
 
 namespace {
@@ -43,6 +46,7 @@ KVMainWindow::KVMainWindow(KVMainWindowDelegate &delegate, std::shared_ptr<KVCon
     , _model(new KVQueueTableModel(services, this))
     , _table(new KVQueueTableWidget)
     , _dropZone(new KVDropZoneView)
+    , _undoBar(new KVUndoBar)
     , _footer(new KVFooterView)
     , _content(new QStackedWidget)
     , _historyDock(new QDockWidget(KVLocalizationCenter::localized("History")))
@@ -76,6 +80,7 @@ void KVMainWindow::_buildContent() {
     _content->addWidget(_table);
     connect(_model, &KVQueueTableModel::dropZoneVisibilityChanged, this, &KVMainWindow::_showContent);
     connect(_dropZone, &KVDropZoneView::addFilesRequested, this, [this] { _delegate.open(); });
+    connect(_undoBar, &KVUndoBar::undoRequested, this, &KVMainWindow::undo);
     connect(_footer, &KVFooterView::addFilesRequested, this, [this] { _delegate.open(); });
     connect(_footer, &KVFooterView::startRequested, this, [this] { _delegate.start(); });
     connect(_footer, &KVFooterView::pauseRequested, this, [this] { _delegate.pause(); });
@@ -85,6 +90,7 @@ void KVMainWindow::_buildContent() {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(_content, 1);
+    layout->addWidget(_undoBar);
     layout->addWidget(_footer);
     setCentralWidget(central);
 }
@@ -106,8 +112,8 @@ void KVMainWindow::_buildHistory() {
 
 void KVMainWindow::_connectTable() {
     connect(_table, &KVQueueTableWidget::rowMenuRequested, this,
-            [this](const QModelIndex &index, const QPoint &position) {
-                if (const auto row = _model->tableRow(index)) _showMenu(row->menu(), position);
+            [this](const QModelIndex &, const QPoint &position) {
+                _showMenu(_table->rowsForCommand().menu(), position);
             });
     connect(_table, &KVQueueTableWidget::presetMenuRequested, this,
             [this](const QModelIndex &index, const QPoint &position) {
@@ -137,6 +143,8 @@ void KVMainWindow::_observe() {
             center.addObserver<KVConversionQueue>(name, [update](const auto &) { update(); }));
     _observations.push_back(center.addObserver<void>(ConversionQueueWasAffectedByAppleScript,
                                                      [update](const auto &) { update(); }));
+    _observations.push_back(
+        center.addObserver<void>(KVUndoStackDidChange, [this](const auto &) { _showUndoStep(); }));
     _observations.push_back(center.addObserver<void>(FileIntakeDidChangeLoading, [this](const auto &) {
         _footer->setNumberOfLoadingFiles(_delegate.numberOfLoadingFiles());
         _showContent(showsDropZone());
@@ -186,14 +194,19 @@ void KVMainWindow::_updateCommands() {
         const qsizetype waiting = counts[waitingToStart];
         running += counts[executing];
         startable += waiting + counts[paused];
-        state.hasFinished |= counts[finished] > 0;
-        state.hasInactive |= waiting > 0;
-        state.canMerge |= waiting > 1;
+        state.canClearFinished |= std::ranges::any_of(queue->conversions(), [](const auto &conversion) {
+            return conversion->isFinished() && !conversion->hasFailed();
+        });
+        state.hasInactive |= waiting + counts[finished] > 0;
+        if (waiting > 1) {
+            const QString reason = KVRowEdits::reasonAgainstMerge(KVRowEdits::waitingRows(*queue));
+            state.canMerge |= reason.isEmpty();
+            state.reasonAgainstMerge = reason;
+        }
         state.canMakeDVD |= waiting > 0 && queue->mediaFileType() == KVMediaFileType::video;
     }
     state.canStart = startable > 0;
     state.canPause = running > 0;
-    state.hasInactive |= state.hasFinished;
     _menu->setState(state);
     _footer->setIsWorking(running > 0);
     _footer->setCanStart(running > 0 || startable > 0);
@@ -201,6 +214,21 @@ void KVMainWindow::_updateCommands() {
 
 void KVMainWindow::showDetails(const std::shared_ptr<KVConversion> &conversion) {
     _detailsPanels->show(conversion);
+}
+
+void KVMainWindow::undo() {
+    if (KVUndoStack::shared().canUndo() && !KVUndoStack::shared().undo())
+        _undoBar->showNote(KVLocalizationCenter::localized(
+            "This can no longer be undone: the conversion has started or was removed."));
+}
+
+void KVMainWindow::_showUndoStep() {
+    const KVUndoStack &stack = KVUndoStack::shared();
+    _menu->setUndoTitle(stack.title());
+    if (stack.message().isEmpty())
+        _undoBar->hide();
+    else
+        _undoBar->showStep(stack.message());
 }
 
 void KVMainWindow::toggleHistory() {

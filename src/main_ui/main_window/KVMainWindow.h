@@ -17,6 +17,7 @@ class KVHistoryView;
 class KVMainMenu;
 class KVQueueTableModel;
 class KVQueueTableWidget;
+class KVUndoBar;
 class QDockWidget;
 class QStackedWidget;
 
@@ -36,6 +37,10 @@ class KVMainWindow : public QMainWindow {
 
     /// Opens the panel with what is known about a failure or about warnings, or raises it.
     void showDetails(const std::shared_ptr<KVConversion> &conversion);
+    KVUndoBar &undoBar() { return *_undoBar; }
+
+    /// Takes back the newest step of KVUndoStack.
+    void undo();
     /// Shows or hides the history.
     void toggleHistory();
     void showProgressBar();
@@ -58,11 +63,13 @@ class KVMainWindow : public QMainWindow {
     void _showMenu(const KVMenu &items, const QPoint &position);
     KVMenu _presetItems(KVMediaFileType type);
     void _updateCommands();
+    void _showUndoStep();
 
     KVMainWindowDelegate &_delegate;
     KVQueueTableModel *_model;
     KVQueueTableWidget *_table;
     KVDropZoneView *_dropZone;
+    KVUndoBar *_undoBar;
     KVFooterView *_footer;
     QStackedWidget *_content;
     QDockWidget *_historyDock;

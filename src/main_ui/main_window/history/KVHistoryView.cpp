@@ -1,5 +1,6 @@
 #include "main_ui/main_window/history/KVHistoryView.h"
 
+#include "core/KVUndoStack.h"
 #include "kvcore/KVLocalizationCenter.h"
 #include "main_ui/main_window/history/KVHistoryItemDelegate.h"
 
@@ -29,10 +30,7 @@ KVHistoryView::KVHistoryView(QWidget *parent)
     _list->viewport()->installEventFilter(this);
 
     auto *clear = new QPushButton(localized("Clear History"));
-    connect(clear, &QPushButton::clicked, this, [] {
-        KVHistoryCenter::shared().clear();
-        KVHistoryCenter::shared().save();
-    });
+    connect(clear, &QPushButton::clicked, this, &KVHistoryView::_clear);
     const auto enable = [this, clear] { clear->setEnabled(_model->rowCount() > 0); };
     connect(_model, &QAbstractItemModel::rowsInserted, this, enable);
     connect(_model, &QAbstractItemModel::modelReset, this, enable);
@@ -47,6 +45,20 @@ KVHistoryView::KVHistoryView(QWidget *parent)
     layout->addWidget(_list, 1);
     layout->addWidget(clear, 0, Qt::AlignLeft);
     setMinimumWidth(220);
+}
+
+void KVHistoryView::_clear() {
+    KVHistoryCenter &center = KVHistoryCenter::shared();
+    const auto items = center.historyItems();
+    center.clear();
+    center.save();
+    KVUndoStack::shared().push({.title = KVLocalizationCenter::localized("Clear History"),
+                                .message = KVLocalizationCenter::localized("History cleared"),
+                                .undo = [items] {
+                                    KVHistoryCenter::shared().restore(items);
+                                    KVHistoryCenter::shared().save();
+                                    return true;
+                                }});
 }
 
 void KVHistoryView::_showMenu(const QPoint &position) {

@@ -20,6 +20,7 @@ class KVHistoryView : public QWidget {
     bool eventFilter(QObject *watched, QEvent *event) override;
 
   private:
+    void _clear();
     void _showMenu(const QPoint &position);
 
     KVHistoryModel *_model;

@@ -192,8 +192,6 @@ void paintTexts(QPainter &painter, const QStyleOptionViewItem &option, const QMo
 
 void paintSign(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index,
                const QRect &rect) {
-    const bool isUsed = option.state.testFlag(QStyle::State_MouseOver);
-    if (isUsed && KVConversionRowDelegate::hasDetails(index)) paintButton(painter, option, rect, {}, false);
     const QSize size(stateSymbolSide, stateSymbolSide);
     QRect place(QPoint(), size);
     place.moveCenter(rect.center());
@@ -211,10 +209,9 @@ void paintConversion(QPainter &painter, const QStyleOptionViewItem &option, cons
     if (stateOf(index) == KVConversionState::finished) {
         const QRect sign = KVConversionRowDelegate::signRect(option.rect);
         paintSign(painter, option, index, sign);
-        space.setRight(option.rect.right() - sign.width() - margin);
-    } else {
-        paintButton(painter, option, stop, index.data(Role::stopTitleRole).toString(), false);
+        space.setRight(space.right() - sign.width());
     }
+    paintButton(painter, option, stop, index.data(Role::stopTitleRole).toString(), false);
     paintTexts(painter, option, index, mirrored(space, option.rect));
 
     const QRect line(space.left(), option.rect.bottom(), option.rect.right() - space.left(), 1);
@@ -245,10 +242,9 @@ QRect KVConversionRowDelegate::presetRect(const QRect &groupRow) {
 }
 
 QRect KVConversionRowDelegate::signRect(const QRect &row) {
-    const int aside = margin - (signSide - stateSymbolSide) / 2; // the symbol itself has the usual margin
-    return mirrored(
-        {row.right() - aside - signSide + 1, row.top() + (row.height() - signSide) / 2, signSide, signSide},
-        row);
+    const int right = row.right() - 2 * margin - stopRect(row).width();
+    return mirrored({right - signSide + 1, row.top() + (row.height() - signSide) / 2, signSide, signSide},
+                    row);
 }
 
 bool KVConversionRowDelegate::hasDetails(const QModelIndex &index) {
@@ -273,8 +269,7 @@ QColor KVConversionRowDelegate::outcomeColor(const QModelIndex &index, const QPa
 QRect KVConversionRowDelegate::buttonRect(const QModelIndex &index, const QRect &row) {
     if (!index.isValid()) return {};
     if (index.data(Role::isGroupRole).toBool()) return presetRect(row);
-    if (stateOf(index) != KVConversionState::finished) return stopRect(row);
-    return hasDetails(index) ? signRect(row) : QRect();
+    return stopRect(row);
 }
 
 QPixmap KVConversionRowDelegate::dragImage(QStyleOptionViewItem option, const QModelIndex &index) {
@@ -299,6 +294,8 @@ void KVConversionRowDelegate::paint(QPainter *painter, const QStyleOptionViewIte
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setLayoutDirection(QApplication::layoutDirection());
+    if (option.state.testFlag(QStyle::State_Selected))
+        painter->fillRect(option.rect, KVLook::selection(option.palette));
     if (index.data(Role::isGroupRole).toBool())
         paintGroup(*painter, option, index);
     else

@@ -15,9 +15,9 @@ class KVConversionRowDelegate : public QStyledItemDelegate {
     static QRect thumbnailRect(const QRect &row);
     static QRect stopRect(const QRect &row);
     static QRect presetRect(const QRect &groupRow);
-    /// The sign of a finished row; it opens the details if there are any.
+    /// The sign of a finished row, beside its button; it opens the details if there are any.
     static QRect signRect(const QRect &row);
-    /// The button of any row: preset, stop or a sign that opens the details; empty where it has none.
+    /// The button of any row: preset or stop.
     static QRect buttonRect(const QModelIndex &index, const QRect &row);
 
     /// True for a finished row with more to read than it shows.

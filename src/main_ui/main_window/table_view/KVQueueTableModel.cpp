@@ -2,6 +2,8 @@
 
 #include "kvcore/KVLocalizationCenter.h"
 
+#include <QHash>
+
 #include <algorithm>
 
 namespace {
@@ -69,6 +71,17 @@ std::optional<KVConversionTableRow> KVQueueTableModel::tableRow(const QModelInde
     const auto conversion = index.isValid() ? _rows.at(index.row()).conversion : nullptr;
     if (!conversion) return std::nullopt;
     return KVConversionTableRow(conversion, _services);
+}
+
+KVRowSelection KVQueueTableModel::selection(const QModelIndexList &indexes) const {
+    QList<int> numbers;
+    for (const QModelIndex &index : indexes)
+        if (index.isValid() && !isGroup(index)) numbers += index.row();
+    std::ranges::sort(numbers);
+    KVRowSelection::List conversions;
+    for (const int number : numbers)
+        conversions += _rows.at(number).conversion;
+    return {conversions, _services};
 }
 
 KVMediaFileType KVQueueTableModel::mediaType(const QModelIndex &index) const {
@@ -142,10 +155,15 @@ QVariant KVQueueTableModel::data(const QModelIndex &index, int role) const {
     }
 }
 
+bool KVQueueTableModel::isDragged(const QModelIndex &index) const {
+    return index.isValid() &&
+           (index.row() == draggedRow || draggedConversions.contains(_rows.at(index.row()).conversion));
+}
+
 Qt::ItemFlags KVQueueTableModel::flags(const QModelIndex &index) const {
     if (!index.isValid()) return Qt::ItemIsDropEnabled;
     const Qt::ItemFlags always = Qt::ItemIsEnabled | Qt::ItemIsDropEnabled;
-    return isGroup(index) ? always : always | Qt::ItemIsDragEnabled;
+    return isGroup(index) ? always : always | Qt::ItemIsDragEnabled | Qt::ItemIsSelectable;
 }
 
 void KVQueueTableModel::insertTableRows(int first, int count) {
@@ -161,11 +179,48 @@ void KVQueueTableModel::removeTableRows(int first, int count) {
     endRemoveRows();
 }
 
-void KVQueueTableModel::moveRow(int from, int to) {
-    const int before = to > from ? to + 1 : to;
-    if (!beginMoveRows({}, from, from, {}, before)) return;
-    _rows.move(from, to);
-    endMoveRows();
+void KVQueueTableModel::reorderTableRows(int first, int count) {
+    QList<Row> rows = _rows;
+    for (int number = first; number < first + count; ++number)
+        rows[number] = _row(number);
+    int firstChanged = first;
+    int lastChanged = first + count - 1;
+    while (firstChanged <= lastChanged && rows.at(firstChanged) == _rows.at(firstChanged))
+        ++firstChanged;
+    while (lastChanged > firstChanged && rows.at(lastChanged) == _rows.at(lastChanged))
+        --lastChanged;
+    if (firstChanged >= lastChanged) return;
+    if (!_moveOneRow(rows, firstChanged, lastChanged)) _permute(rows);
+    Q_EMIT dataChanged(index(firstChanged), index(lastChanged));
+}
+
+bool KVQueueTableModel::_moveOneRow(const QList<Row> &rows, int first, int last) {
+    const auto moved = [&](int from, int to) {
+        QList<Row> result = _rows;
+        result.move(from, to);
+        if (result != rows) return false;
+        beginMoveRows({}, from, from, {}, to > from ? to + 1 : to);
+        _rows = rows;
+        endMoveRows();
+        return true;
+    };
+    return moved(first, last) || moved(last, first);
+}
+
+void KVQueueTableModel::_permute(const QList<Row> &rows) {
+    Q_EMIT layoutAboutToBeChanged();
+    QHash<std::shared_ptr<KVConversion>, int> numbers;
+    for (int number = 0; number < rows.size(); ++number)
+        numbers.insert(rows.at(number).conversion, number);
+    const QModelIndexList before = persistentIndexList();
+    QModelIndexList after;
+    for (const QModelIndex &index : before) {
+        const auto conversion = _rows.at(index.row()).conversion;
+        after += conversion ? this->index(numbers.value(conversion)) : index;
+    }
+    _rows = rows;
+    changePersistentIndexList(before, after);
+    Q_EMIT layoutChanged();
 }
 
 void KVQueueTableModel::reloadData() {

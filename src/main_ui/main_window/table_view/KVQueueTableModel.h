@@ -3,6 +3,7 @@
 #include "controllers/KVConversionTableRow.h"
 #include "controllers/KVPresetPopUpButton.h"
 #include "controllers/KVQueueTableViewController.h"
+#include "controllers/KVRowSelection.h"
 
 #include <QAbstractListModel>
 
@@ -36,10 +37,14 @@ class KVQueueTableModel : public QAbstractListModel, public KVQueueTableView {
     ~KVQueueTableModel() override;
 
     KVQueueTableViewController &controller() { return _controller; }
+    const KVQueueTableViewController &controller() const { return _controller; }
     /// The row's texts and actions; nothing for a group row.
     std::optional<KVConversionTableRow> tableRow(const QModelIndex &index) const;
+    /// The rows among them, in the order of the table, without group rows.
+    KVRowSelection selection(const QModelIndexList &indexes) const;
     KVMediaFileType mediaType(const QModelIndex &index) const;
     bool isGroup(const QModelIndex &index) const;
+    bool isDragged(const QModelIndex &index) const;
     /// The preset choice of a group.
     KVPresetPopUpButton &presetPopUpButton(KVMediaFileType type) { return *_presetPopUpButtons.at(type); }
     /// How many of the rows above `row` are group rows.
@@ -55,7 +60,7 @@ class KVQueueTableModel : public QAbstractListModel, public KVQueueTableView {
 
     void insertTableRows(int first, int count) override;
     void removeTableRows(int first, int count) override;
-    void moveRow(int from, int to) override;
+    void reorderTableRows(int first, int count) override;
     void reloadData() override;
     void reloadRow(int row) override;
     void animateFinishedConversion(int row) override;
@@ -70,9 +75,14 @@ class KVQueueTableModel : public QAbstractListModel, public KVQueueTableView {
     struct Row {
         KVMediaFileType group = KVMediaFileType::none;
         std::shared_ptr<KVConversion> conversion; ///< Null for a group row.
+        bool operator==(const Row &) const = default;
     };
 
     Row _row(int number) const;
+    /// Moves one row if that is all that has happened: the rows from `first` to `last` have turned by one
+    /// place.
+    bool _moveOneRow(const QList<Row> &rows, int first, int last);
+    void _permute(const QList<Row> &rows);
     void _conversionChanged(const std::shared_ptr<KVConversion> &conversion);
 
     std::shared_ptr<KVConversionRowServices> _services;

@@ -6,9 +6,6 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
-#include <QDrag>
-#include <QDragMoveEvent>
-#include <QMimeData>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyle>
@@ -17,20 +14,10 @@
 
 #include <algorithm>
 
-namespace {
-
-// The type of a dragged row, which nothing but this table takes.
-const QString queueTableViewDragType = "kZRQueueTableViewDragType";
-// The paths of its files, for whoever knows the type.
-const QString conversionTableRowViewPboardType = "KVConversionTableRowViewPboardType";
-
-constexpr int edgeThatScrolls = 28;
-
-} // namespace
-
 KVQueueTableWidget::KVQueueTableWidget(QWidget *parent)
     : QAbstractItemView(parent) {
-    setSelectionMode(QAbstractItemView::NoSelection);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setAcceptDrops(true);
     setDropIndicatorShown(false); // we draw our own
@@ -151,7 +138,11 @@ void KVQueueTableWidget::rowsAboutToBeRemoved(const QModelIndex &parent, int sta
     if (current >= start && current <= end) {
         const QModelIndex next = _queueModel->index(end + 1);
         const bool goesOn = next.isValid() && !_queueModel->isGroup(next);
-        setCurrentIndex(goesOn ? next : _queueModel->index(start - 1));
+        const QModelIndex neighbour = goesOn ? next : _queueModel->index(start - 1);
+        const auto ranges = selectionModel()->selection();
+        const bool areMoreSelected = ranges.size() > 1 || (ranges.size() == 1 && ranges.first().height() > 1);
+        selectionModel()->setCurrentIndex(neighbour, areMoreSelected ? QItemSelectionModel::NoUpdate
+                                                                     : QItemSelectionModel::ClearAndSelect);
     }
     QAbstractItemView::rowsAboutToBeRemoved(parent, start, end);
 }
@@ -172,6 +163,7 @@ void KVQueueTableWidget::paintEvent(QPaintEvent *event) {
 
 void KVQueueTableWidget::_paintRow(QPainter &painter, QStyleOptionViewItem &option,
                                    const QModelIndex &index) const {
+    option.state.setFlag(QStyle::State_Selected, selectionModel()->isSelected(index));
     option.state.setFlag(QStyle::State_HasFocus, hasFocus() && index == currentIndex());
     option.state.setFlag(QStyle::State_MouseOver, index == _hovered);
     option.state.setFlag(QStyle::State_Sunken, index == _pressed && index == _hovered);
@@ -181,7 +173,7 @@ void KVQueueTableWidget::_paintRow(QPainter &painter, QStyleOptionViewItem &opti
         painter.fillRect(option.rect, color);
     }
     constexpr double opacityOfDraggedRow = 0.4;
-    painter.setOpacity(index.row() == _queueModel->draggedRow ? opacityOfDraggedRow : 1);
+    painter.setOpacity(_queueModel->isDragged(index) ? opacityOfDraggedRow : 1);
     itemDelegateForIndex(index)->paint(&painter, option, index);
     painter.setOpacity(1);
 }
@@ -204,16 +196,6 @@ void KVQueueTableWidget::_glow(const QModelIndex &index) {
     animation->start(QAbstractAnimation::DeleteWhenStopped);
 }
 
-void KVQueueTableWidget::_paintDropTarget(QPainter &painter) const {
-    const int top = _topOf(_dropTarget.row) - verticalOffset();
-    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-    if (_dropTarget.operation == KVDropOperation::above)
-        painter.drawLine(8, top, viewport()->width() - 8, top);
-    else
-        painter.drawRoundedRect(QRect(4, top + 1, viewport()->width() - 8, _heightOf(_dropTarget.row) - 2), 4,
-                                4);
-}
-
 QModelIndex KVQueueTableWidget::_buttonAt(const QPoint &point) const {
     const QModelIndex index = indexAt(point);
     const bool isOnButton =
@@ -223,7 +205,9 @@ QModelIndex KVQueueTableWidget::_buttonAt(const QPoint &point) const {
 
 void KVQueueTableWidget::_activate(const QModelIndex &index, const QPoint &point) {
     // What is asked for may remove the row: nothing looks at it afterwards.
-    if (_buttonAt(point) == index) {
+    if (_isSignAt(point)) {
+        Q_EMIT detailsRequested(index);
+    } else if (_buttonAt(point) == index) {
         _pressButton(index);
     } else if (!_queueModel->isGroup(index) &&
                KVConversionRowDelegate::thumbnailRect(visualRect(index)).contains(point)) {
@@ -234,14 +218,54 @@ void KVQueueTableWidget::_activate(const QModelIndex &index, const QPoint &point
 void KVQueueTableWidget::_pressButton(const QModelIndex &index) {
     if (_queueModel->isGroup(index))
         _requestMenu(index);
-    else if (KVConversionRowDelegate::hasDetails(index))
-        Q_EMIT detailsRequested(index);
     else
         Q_EMIT stopButtonPressed(index);
 }
 
+bool KVQueueTableWidget::_isSignAt(const QPoint &point) const {
+    const QModelIndex index = indexAt(point);
+    return KVConversionRowDelegate::hasDetails(index) &&
+           KVConversionRowDelegate::signRect(visualRect(index)).contains(point);
+}
+
+bool KVQueueTableWidget::_isControlAt(const QPoint &point) const {
+    const QModelIndex index = indexAt(point);
+    if (!index.isValid() || _buttonAt(point) == index || _isSignAt(point)) return index.isValid();
+    return !_queueModel->isGroup(index) &&
+           KVConversionRowDelegate::thumbnailRect(visualRect(index)).contains(point);
+}
+
+KVRowSelection KVQueueTableWidget::rowsForCommand() const {
+    const QModelIndex current = currentIndex();
+    return _queueModel->selection(selectionModel()->isSelected(current) ? selectedIndexes()
+                                                                        : QModelIndexList{current});
+}
+
+void KVQueueTableWidget::setSelection(const QRect &rect, QItemSelectionModel::SelectionFlags command) {
+    const QRect area = rect.normalized();
+    const QModelIndex first = indexAt(QPoint(0, area.top()));
+    const QModelIndex last = indexAt(QPoint(0, area.bottom()));
+    QItemSelection rows;
+    if (first.isValid() && last.isValid()) rows.select(first, last);
+    selectionModel()->select(rows, command);
+}
+
+QRegion KVQueueTableWidget::visualRegionForSelection(const QItemSelection &selection) const {
+    QRegion region;
+    for (const QItemSelectionRange &range : selection)
+        region += visualRect(range.topLeft()).united(visualRect(range.bottomRight()));
+    return region;
+}
+
+void KVQueueTableWidget::_chooseForMenu(const QModelIndex &index) {
+    const bool isSelected = selectionModel()->isSelected(index);
+    selectionModel()->setCurrentIndex(index, isSelected ? QItemSelectionModel::NoUpdate
+                                                        : QItemSelectionModel::ClearAndSelect);
+}
+
 void KVQueueTableWidget::_requestMenu(const QModelIndex &index) {
     scrollTo(index);
+    _chooseForMenu(index);
     const QRect rect = visualRect(index);
     if (_queueModel->isGroup(index)) {
         const QRect button = KVConversionRowDelegate::presetRect(rect);
@@ -265,7 +289,12 @@ bool KVQueueTableWidget::viewportEvent(QEvent *event) {
 }
 
 void KVQueueTableWidget::mousePressEvent(QMouseEvent *event) {
-    QAbstractItemView::mousePressEvent(event);
+    // A button and the picture leave the selection as it is: their menu is for all selected rows.
+    _isControlPressed = event->button() == Qt::LeftButton && _isControlAt(event->pos());
+    if (_isControlPressed)
+        selectionModel()->setCurrentIndex(indexAt(event->pos()), QItemSelectionModel::NoUpdate);
+    else
+        QAbstractItemView::mousePressEvent(event);
     _pressed = event->button() == Qt::LeftButton ? indexAt(event->pos()) : QModelIndex();
     _pressedAt = event->pos();
     viewport()->update();
@@ -273,9 +302,9 @@ void KVQueueTableWidget::mousePressEvent(QMouseEvent *event) {
 
 void KVQueueTableWidget::mouseMoveEvent(QMouseEvent *event) {
     _setHovered(_buttonAt(event->pos()));
+    viewport()->setCursor(_isSignAt(event->pos()) ? Qt::PointingHandCursor : Qt::ArrowCursor);
     const bool isHeld = event->buttons() == Qt::LeftButton && _pressed.isValid();
     const bool isFar = (event->pos() - _pressedAt).manhattanLength() >= QApplication::startDragDistance();
-    // The view's own dragging is of selected rows, and rows are not selected.
     if (!isHeld || !isFar) return;
     if (!_queueModel->isGroup(_pressed)) return startDrag(Qt::MoveAction);
     _pressed = QModelIndex();
@@ -287,7 +316,7 @@ void KVQueueTableWidget::mouseReleaseEvent(QMouseEvent *event) {
     const QModelIndex pressed = _pressed;
     _pressed = QModelIndex();
     viewport()->update();
-    QAbstractItemView::mouseReleaseEvent(event);
+    if (!std::exchange(_isControlPressed, false)) QAbstractItemView::mouseReleaseEvent(event);
     if (event->button() == Qt::LeftButton && pressed.isValid() && indexAt(event->pos()) == pressed)
         _activate(pressed, event->pos());
 }
@@ -312,119 +341,35 @@ void KVQueueTableWidget::keyPressEvent(QKeyEvent *event) {
         return KVConversionRowDelegate::hasDetails(index) ? Q_EMIT detailsRequested(index)
                                                           : _requestMenu(index);
     case Qt::Key_Space:
-        if (!KVConversionRowDelegate::buttonRect(index, visualRect(index)).isEmpty()) _pressButton(index);
+        if (isControl) break; // selects
+        if (KVConversionRowDelegate::hasDetails(index)) return Q_EMIT detailsRequested(index);
+        _pressButton(index);
         return;
     case Qt::Key_Delete:
-        if (row) row->cancelConversion();
-        return;
+        return rowsForCommand().remove();
     case Qt::Key_F2:
         if (row && row->canBeRenamed()) row->renameConversion();
         return;
     case Qt::Key_Up:
     case Qt::Key_Down:
-        if (isControl) return _moveCurrentRow(event->key() == Qt::Key_Up ? -1 : 1);
-        break;
+        if (!isControl) break;
+        rowsForCommand().move(event->key() == Qt::Key_Up ? -1 : 1);
+        return scrollTo(currentIndex());
     default:
         break;
     }
     QAbstractItemView::keyPressEvent(event);
 }
 
-void KVQueueTableWidget::_moveCurrentRow(int direction) {
-    // Downwards it is the next row that goes above this one.
-    const int dragged = direction < 0 ? currentIndex().row() : currentIndex().row() + 1;
-    auto &controller = _queueModel->controller();
-    if (!controller.canDragRow(dragged)) return;
-    _queueModel->draggedRow = dragged;
-    if (controller.validateDrop(dragged - 1, KVDropOperation::above))
-        controller.acceptDrop(dragged - 1, KVDropOperation::above);
-    _queueModel->draggedRow = -1;
-    scrollTo(currentIndex());
-}
-
 void KVQueueTableWidget::contextMenuEvent(QContextMenuEvent *event) {
     const bool isKey = event->reason() == QContextMenuEvent::Keyboard;
     const QModelIndex index = isKey ? currentIndex() : indexAt(event->pos());
     if (!index.isValid()) return;
+    _chooseForMenu(index);
     if (isKey)
         _requestMenu(index);
     else if (_queueModel->isGroup(index))
         Q_EMIT presetMenuRequested(index, event->globalPos());
     else
         Q_EMIT rowMenuRequested(index, event->globalPos());
-}
-
-void KVQueueTableWidget::startDrag(Qt::DropActions) {
-    const QModelIndex index = _pressed;
-    if (!index.isValid() || !_queueModel->controller().canDragRow(index.row())) return;
-    auto *payload = new QMimeData;
-    payload->setData(queueTableViewDragType, QByteArray::number(index.row()));
-    payload->setData(conversionTableRowViewPboardType, index.data(Qt::ToolTipRole).toString().toUtf8());
-    auto *drag = new QDrag(this); // Qt deletes it when the drag ends
-    drag->setMimeData(payload);
-    QStyleOptionViewItem option;
-    initViewItemOption(&option);
-    drag->setPixmap(KVConversionRowDelegate::dragImage(option, index));
-    drag->setHotSpot({-12, -12}); // beside the mouse: the place where the row would go stays in sight
-    _queueModel->draggedRow = index.row();
-    viewport()->update();
-    drag->exec(Qt::MoveAction);
-    _queueModel->draggedRow = -1;
-    _dropTarget = {};
-    _pressed = QModelIndex();
-    viewport()->update();
-}
-
-KVQueueTableWidget::DropTarget KVQueueTableWidget::_dropTargetAt(const QPoint &point) const {
-    const QModelIndex index = indexAt(point);
-    if (!index.isValid()) return {};
-    // The outer thirds of a row are the gaps above and below it, the middle is the row itself.
-    const QRect rect = visualRect(index);
-    const int third = rect.height() / 3;
-    if (point.y() < rect.top() + third) return {index.row(), KVDropOperation::above};
-    if (point.y() > rect.bottom() - third) return {index.row() + 1, KVDropOperation::above};
-    return {index.row(), KVDropOperation::on};
-}
-
-void KVQueueTableWidget::dragEnterEvent(QDragEnterEvent *event) {
-    if (event->mimeData()->hasFormat(queueTableViewDragType))
-        event->acceptProposedAction();
-    else
-        event->ignore(); // files: the window takes them
-}
-
-void KVQueueTableWidget::dragMoveEvent(QDragMoveEvent *event) {
-    if (!event->mimeData()->hasFormat(queueTableViewDragType)) {
-        event->ignore();
-        return;
-    }
-    const DropTarget target = _dropTargetAt(event->position().toPoint());
-    const bool isValid =
-        target.row >= 0 && _queueModel->controller().validateDrop(target.row, target.operation);
-    _dropTarget = isValid ? target : DropTarget{};
-    event->setAccepted(isValid);
-    _scrollNearEdges(event->position().toPoint().y());
-    viewport()->update();
-}
-
-void KVQueueTableWidget::_scrollNearEdges(int y) {
-    QScrollBar *bar = verticalScrollBar();
-    if (y < edgeThatScrolls) bar->setValue(bar->value() - edgeThatScrolls);
-    if (y > viewport()->height() - edgeThatScrolls) bar->setValue(bar->value() + edgeThatScrolls);
-}
-
-void KVQueueTableWidget::dragLeaveEvent(QDragLeaveEvent *) {
-    _dropTarget = {};
-    viewport()->update();
-}
-
-void KVQueueTableWidget::dropEvent(QDropEvent *event) {
-    _dropTarget = {};
-    viewport()->update();
-    // Rows may have come and gone since the last movement of the mouse.
-    const DropTarget target = _dropTargetAt(event->position().toPoint());
-    auto &controller = _queueModel->controller();
-    const bool isValid = event->mimeData()->hasFormat(queueTableViewDragType) &&
-                         controller.validateDrop(target.row, target.operation);
-    event->setAccepted(isValid && controller.acceptDrop(target.row, target.operation));
 }

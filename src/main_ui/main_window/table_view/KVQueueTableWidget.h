@@ -7,8 +7,8 @@
 #include <QPersistentModelIndex>
 
 /// The queue table: a flat list with two row heights. Row positions follow from arithmetic alone, so that ten
-/// thousand rows cost no more than ten. Rows are not selected; the keyboard moves a current row. Handles the
-/// drags of rows; drops of files are the window's.
+/// thousand rows cost no more than ten. Several conversion rows can be selected; the keyboard moves a current
+/// row. Handles the drags of rows; drops of files are the window's.
 class KVQueueTableWidget : public QAbstractItemView {
     Q_OBJECT
 
@@ -16,6 +16,10 @@ class KVQueueTableWidget : public QAbstractItemView {
     explicit KVQueueTableWidget(QWidget *parent = nullptr);
 
     void setQueueModel(KVQueueTableModel *model);
+
+    /// The rows that a command is for: the selected ones if the current row is one of them, otherwise the
+    /// current row alone.
+    KVRowSelection rowsForCommand() const;
 
     QRect visualRect(const QModelIndex &index) const override;
     void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
@@ -32,8 +36,8 @@ class KVQueueTableWidget : public QAbstractItemView {
     int horizontalOffset() const override { return 0; }
     int verticalOffset() const override;
     bool isIndexHidden(const QModelIndex &) const override { return false; }
-    void setSelection(const QRect &, QItemSelectionModel::SelectionFlags) override {}
-    QRegion visualRegionForSelection(const QItemSelection &) const override { return {}; }
+    void setSelection(const QRect &rect, QItemSelectionModel::SelectionFlags command) override;
+    QRegion visualRegionForSelection(const QItemSelection &selection) const override;
     void updateGeometries() override;
     void rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end) override;
 
@@ -67,17 +71,23 @@ class KVQueueTableWidget : public QAbstractItemView {
     /// Does what the row's button is for.
     void _pressButton(const QModelIndex &index);
     void _requestMenu(const QModelIndex &index);
+    /// Makes it current; an unselected row becomes the only selected one.
+    void _chooseForMenu(const QModelIndex &index);
     void _setHovered(const QModelIndex &index);
-    /// What a drag of the current row by one place would do; `direction` is -1 or 1.
-    void _moveCurrentRow(int direction);
     void _glow(const QModelIndex &index);
     void _scrollNearEdges(int y);
     QModelIndex _buttonAt(const QPoint &point) const;
+    bool _isSignAt(const QPoint &point) const;    ///< A sign that opens the details.
+    bool _isControlAt(const QPoint &point) const; ///< A button, a sign or a picture that opens a menu.
+    KVRowSelection::List _rowsToDrag(const QModelIndex &index) const;
+    bool _canDrop(const DropTarget &target) const;
+    void _explainRefusal(const DropTarget &target, const QPoint &point);
 
     KVQueueTableModel *_queueModel = nullptr;
     DropTarget _dropTarget;
     QPersistentModelIndex _pressed;
     QPersistentModelIndex _hovered; ///< The row whose button the mouse is on.
     QPoint _pressedAt;
+    bool _isControlPressed = false;
     QHash<QPersistentModelIndex, double> _glows; ///< Of rows that have just finished, from 1 to 0.
 };

@@ -1,0 +1,122 @@
+#include "controllers/KVRowSelection.h"
+
+#include "controllers/KVPresetMenu.h"
+#include "controllers/KVRowQuestions.h"
+#include "kvcore/KVLocalizationCenter.h"
+#include "queues/KVRowEdits.h"
+
+#include <algorithm>
+
+KVRowSelection::KVRowSelection(List conversions, std::shared_ptr<KVConversionRowServices> services)
+    : _conversions(std::move(conversions))
+    , _services(std::move(services)) {}
+
+template <void (KVRowSelection::*action)() const>
+KVMenuItem KVRowSelection::_item(const char *title) const {
+    return {.title = KVLocalizationCenter::localized(title),
+            .action = [selection = *this] { (selection.*action)(); }};
+}
+
+KVMenu KVRowSelection::menu() const {
+    if (isEmpty()) return {KVMenuItem::disabled(KVLocalizationCenter::localized("No Action"))};
+    if (_conversions.size() == 1) return KVConversionTableRow(_conversions.first(), _services).menu();
+    KVMenu menu = _stateItems();
+    const KVMenu presetItems = _presetItems();
+    if (presetItems.empty()) return menu;
+    menu.push_back(KVMenuItem::separator());
+    std::ranges::copy(presetItems, std::back_inserter(menu));
+    return menu;
+}
+
+KVMenu KVRowSelection::_stateItems() const {
+    using enum KVConversionState;
+    KVMenu menu;
+    if (!_inState(waitingToStart).isEmpty()) menu.push_back(_item<&KVRowSelection::start>("Start"));
+    if (!_inState(executing).isEmpty()) menu.push_back(_item<&KVRowSelection::pause>("Pause"));
+    if (!_inState(paused).isEmpty()) menu.push_back(_item<&KVRowSelection::resume>("Resume"));
+    if (!_failed().isEmpty()) menu.push_back(_item<&KVRowSelection::tryAgain>("Try Again"));
+    if (!_inState(finished).isEmpty())
+        menu.push_back(_item<&KVRowSelection::addAgain>("Remove and Add Again to Queue"));
+    menu.push_back(KVMenuItem::separator());
+    const bool isAnyRunning = !_inState(executing).isEmpty() || !_inState(paused).isEmpty();
+    menu.push_back(_item<&KVRowSelection::remove>(isAnyRunning ? "Stop and Remove" : "Remove"));
+    return menu;
+}
+
+/// A preset is for the waiting rows among them, as far as they are of one type.
+KVMenu KVRowSelection::_presetItems() const {
+    const List waiting = _inState(KVConversionState::waitingToStart);
+    if (waiting.isEmpty()) return {};
+    const auto isElsewhere = [&](const auto &row) { return row->queue() != waiting.first()->queue(); };
+    KVMenuItem preset = KVPresetMenu::itemForRows(waiting);
+    if (std::ranges::any_of(waiting, isElsewhere))
+        preset.disableBecause(
+            KVLocalizationCenter::localized("The selected conversions are of different media types."));
+    return {std::move(preset), KVMenuItem::separator(), _mergeItem()};
+}
+
+KVMenuItem KVRowSelection::_mergeItem() const {
+    KVMenuItem item = _item<&KVRowSelection::merge>("Merge");
+    item.disableBecause(KVRowEdits::reasonAgainstMerge(_conversions));
+    return item;
+}
+
+void KVRowSelection::start() const {
+    for (const auto &conversion : _inState(KVConversionState::waitingToStart))
+        KVConversionTableRow(conversion, _services).startConversion();
+}
+
+void KVRowSelection::pause() const {
+    for (const auto &conversion : _inState(KVConversionState::executing))
+        conversion->pause();
+}
+
+void KVRowSelection::resume() const {
+    for (const auto &conversion : _inState(KVConversionState::paused))
+        conversion->resume();
+}
+
+void KVRowSelection::tryAgain() const {
+    for (const auto &conversion : _failed())
+        KVConversionTableRow(conversion, _services).tryAgain();
+}
+
+void KVRowSelection::addAgain() const {
+    for (const auto &conversion : _inState(KVConversionState::finished))
+        KVConversionTableRow(conversion, _services).removeConversionAndReadd();
+}
+
+void KVRowSelection::remove() const {
+    if (KVRowQuestions::mayStop(_conversions)) KVRowEdits::shared().remove(_conversions);
+}
+
+void KVRowSelection::move(int direction) const {
+    const auto queue =
+        isEmpty() ? nullptr : std::dynamic_pointer_cast<KVConversionQueue>(_conversions.first()->queue());
+    if (!queue) return;
+    const List rows = queue->conversions();
+    List moved = _conversions;
+    moved.removeIf([&](const auto &conversion) { return !rows.contains(conversion); });
+    if (moved.isEmpty()) return;
+    const qsizetype index = direction < 0 ? rows.indexOf(moved.first()) - 1 : rows.indexOf(moved.last()) + 2;
+    if (index >= 0 && index <= rows.size()) KVRowEdits::shared().move(moved, index);
+}
+
+void KVRowSelection::merge() const {
+    if (KVRowQuestions::mayMerge(KVRowQuestions::numberOfFiles(_conversions)))
+        KVRowEdits::shared().merge(_conversions);
+}
+
+KVRowSelection::List KVRowSelection::_failed() const {
+    List conversions = _conversions;
+    conversions.removeIf([](const auto &conversion) {
+        return KVRowOutcome::of(*conversion).kind != KVRowOutcome::Kind::failed;
+    });
+    return conversions;
+}
+
+KVRowSelection::List KVRowSelection::_inState(KVConversionState state) const {
+    List conversions = _conversions;
+    conversions.removeIf([state](const auto &conversion) { return conversion->state != state; });
+    return conversions;
+}
