@@ -724,10 +724,6 @@
     <translation>Das Vorschaubild %@ hat ein ungültiges Bildformat.</translation>
   </message>
   <message>
-    <source>Kalvora needs you to grant it permission to the enclosing folder - please, select the folder enclosing the VIDEO_TS folder to continue (simply press the Open button).</source>
-    <translation>Kalvora braucht Zugriff auf den übergeordneten Ordner – bitte wählen Sie den Ordner, der VIDEO_TS enthält (drücken Sie einfach „Öffnen“).</translation>
-  </message>
-  <message>
     <source>Track %i</source>
     <translation>Spur %i</translation>
   </message>
@@ -1566,6 +1562,10 @@ Ausgabe in Teilen.</translation>
   <message>
     <source>The helper program that reads it crashed or ran out of memory.</source>
     <translation>Das Hilfsprogramm, das es liest, ist abgestürzt, oder der Speicher reichte nicht.</translation>
+  </message>
+  <message>
+    <source>The frame size of "%@" is unknown, so it cannot be merged with other videos.</source>
+    <translation>Die Bildgröße von „%@“ ist unbekannt, daher lässt sich die Datei nicht mit anderen Videos zusammenfügen.</translation>
   </message>
 </context>
 </TS>
