@@ -724,10 +724,6 @@
     <translation>Das Vorschaubild %@ hat ein ungültiges Bildformat.</translation>
   </message>
   <message>
-    <source>Kalvora needs you to grant it permission to the enclosing folder - please, select the folder enclosing the VIDEO_TS folder to continue (simply press the Open button).</source>
-    <translation>Kalvora braucht Zugriff auf den übergeordneten Ordner – bitte wählen Sie den Ordner, der VIDEO_TS enthält (drücken Sie einfach „Öffnen“).</translation>
-  </message>
-  <message>
     <source>Track %i</source>
     <translation>Spur %i</translation>
   </message>
@@ -1718,6 +1714,8 @@ Ausgabe in Teilen.</translation>
   <message>
     <source>The files will be converted one after the other into one output.</source>
     <translation>Die Dateien werden nacheinander in eine einzige Ausgabe konvertiert.</translation>
+    <source>The frame size of "%@" is unknown, so it cannot be merged with other videos.</source>
+    <translation>Die Bildgröße von „%@“ ist unbekannt, daher lässt sich die Datei nicht mit anderen Videos zusammenfügen.</translation>
   </message>
 </context>
 </TS>

@@ -70,7 +70,10 @@ KVExitStatus KVArgumentsCommand::run(const KVParsedWords &words) {
                            isJSON);
     const KVLostSubtitles lostSubtitles(_console, request->subtitles);
     const QStringList arguments = request->preset->argumentsForFiles(*files, *output);
-    if (arguments.isEmpty()) return _printError(noTask, isJSON);
+    if (arguments.isEmpty()) {
+        const QString refusal = request->preset->refusalOfFiles(*files);
+        return _printError(refusal.isEmpty() ? noTask : refusal, isJSON);
+    }
     const KVExitStatus status = _print(*output, arguments, isJSON);
     return lostSubtitles.haveChosen() ? KVExitStatus::failure : status;
 }

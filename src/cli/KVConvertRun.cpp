@@ -73,8 +73,7 @@ void KVConvertRun::cancel() {
 void KVConvertRun::removePartialOutputs() {
     const std::scoped_lock lock(_mutex);
     for (const auto &conversion : _runningConversions)
-        if (const auto output = conversion->outputURL(); output && !conversion->hasSucceeded())
-            (void)KVFileManager::removeItem(*output);
+        conversion->removePartialOutput();
 }
 
 bool KVConvertRun::isEverythingDone() const {

@@ -7,6 +7,8 @@
 #include "kvcore/KVText.h"
 #include "platform/KVUserQuestions.h"
 
+#include <utility>
+
 namespace {
 
 constexpr qsizetype longestTaskOutput = 20000;
@@ -80,10 +82,11 @@ void KVErrorCenter::setErrorObserver(std::function<void(const KVConversionError 
     _observer = std::move(observer);
 }
 
-/// One queue's end handles all that was recorded so far, and all of it shares one verdict.
+/// One queue's end handles all that was recorded so far, and all of it shares one verdict. The errors are
+/// taken first: another queue may end, and more may fail, while the user reads the alert.
 void KVErrorCenter::_conversionDidEnd() {
     std::unique_lock lock(_lock);
-    const auto errors = _errors;
+    const auto errors = std::exchange(_errors, {});
     const auto reporter = _reporter;
     lock.unlock();
     if (errors.empty()) return;
@@ -100,6 +103,4 @@ void KVErrorCenter::_conversionDidEnd() {
     } else if (reporter && !KVText::trimmingWhitespace(report).isEmpty()) {
         KVMainThread::async([report, reporter] { reporter(report); });
     }
-    lock.lock();
-    _errors.clear();
 }

@@ -124,6 +124,11 @@ void KVHistoryCenter::addFile(const QUrl &url, KVMediaFileType type) {
     _saveSoon();
 }
 
+void KVHistoryCenter::addFileAndSave(const QUrl &url, KVMediaFileType type) {
+    KVMainThread::syncOrNow([&] { addFile(url, type); });
+    if (!KVMainThread::isCurrent()) saveWhatIsUnsaved();
+}
+
 /// Every save writes the whole list. For a long one that takes a while, which has to stay small beside the
 /// work itself.
 void KVHistoryCenter::_saveSoon() {

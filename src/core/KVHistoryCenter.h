@@ -52,7 +52,11 @@ class KVHistoryCenter {
 
     QList<KVHistoryItem> historyItems() const;
 
-    /// Also saves, on a thread of its own, since a busy disk is no reason for the window to stand still: at
+    /// Adds the file on the main thread and returns when it is saved: for workers, before they report the end
+    /// of a conversion, so that a crash after that loses nothing. Entries that come meanwhile are saved
+    /// together. Called on the main thread it is `addFile`.
+    void addFileAndSave(const QUrl &url, KVMediaFileType type);
+    /// Also saves, on a separate thread, since a busy disk is no reason for the window to stand still: at
     /// once, or a moment later where many files come quickly.
     void addFile(const QUrl &url, KVMediaFileType type);
     /// Empties the list without saving; the next `save` then empties what is stored.

@@ -7,6 +7,7 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -155,13 +156,20 @@ QString converted(const QRegularExpressionMatch &conversion, const QVariant &arg
     if (kind == '@' || kind == 's') return argument.toString();
     if (kind == 'f') {
         const QString precision = conversion.captured(QStringLiteral("precision"));
-        return padded(QString::number(argument.toDouble(), 'f', precision.isNull() ? 6 : precision.toInt()),
-                      width);
+        return padded(KVText::fixed(argument.toDouble(), precision.isNull() ? 6 : precision.toInt()), width);
     }
     return padded(QString::number(truncatedNumber(argument)), width);
 }
 
 } // namespace
+
+QString KVText::fixed(double number, int decimals) {
+    constexpr int mostDigits = std::numeric_limits<double>::max_exponent10 + 3; // with sign and point
+    QByteArray text(mostDigits + decimals, Qt::Uninitialized);
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed, decimals);
+    return QString::fromLatin1(text.constData(), end.ptr - text.constData());
+}
 
 QString KVText::format(const QString &format, const QVariantList &arguments) {
     static const QRegularExpression conversions(

@@ -42,6 +42,10 @@ QMap<QString, QString> urlQueryDictionary(const QString &url);
 /// At most `maximumLength` characters: the beginning and the end stay, a mark stands for what was taken out.
 QString truncatingMiddle(const QString &text, qsizetype maximumLength);
 
+/// `number` with that many decimals, as C's printf writes it in the C locale: the exact binary value is
+/// rounded, a tie to the even digit. 0.125 with two decimals is "0.12".
+QString fixed(double number, int decimals);
+
 /// `format` with its conversions replaced by `arguments` in order. Known: %@ (text), %s, %i, %d, %li, %ld
 /// with an optional zero-padded width ("%02i"), %f with precision ("%0.2f"), %%. A conversion without an
 /// argument shows "(null)"; an unknown one stays as it stands. Numbers are written without regard to the

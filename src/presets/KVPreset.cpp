@@ -85,6 +85,10 @@ QStringList KVPreset::tags() const {
     return tags;
 }
 
+QString KVPreset::refusalOfFiles(const KVMediaFileList &) const {
+    return {};
+}
+
 QStringList KVPreset::warningsForFiles(const KVMediaFileList &) const {
     return {};
 }

@@ -81,6 +81,9 @@ class KVPreset : public std::enable_shared_from_this<KVPreset> {
     virtual bool supportsStitching() const { return false; }
     virtual QStringList taskArguments(const std::shared_ptr<KVMediaFile> &file, const QUrl &outputFile) const;
     virtual QStringList taskArgumentsForFiles(const KVMediaFileList &files, const QUrl &outputFile) const;
+    /// Why these files together cannot be converted with this preset, in the user's language; empty if they
+    /// can. Any thread.
+    virtual QString refusalOfFiles(const KVMediaFileList &files) const;
     virtual QStringList tags() const;
     /// What a conversion of these files with this preset loses although it succeeds, such as a rotation that
     /// the container cannot hold; one sentence each in the user's language. Any thread.

@@ -266,6 +266,7 @@ std::shared_ptr<KVConversion> KVConversionQueue::_reserveNextConversion() {
 bool KVConversionQueue::_reserve(const std::shared_ptr<KVConversion> &conversion) {
     const auto lock = _lockForPick();
     if (_isQuitting || conversion->isReserved || !isWaiting(conversion)) return false;
+    if (conversion->isCancelled()) return false; // removed meanwhile
     conversion->isReserved = true;
     return true;
 }

@@ -8,6 +8,7 @@
 #include <QFileInfo>
 
 #include <cmath>
+#include <csignal>
 
 namespace {
 
@@ -103,6 +104,38 @@ TEST_F(KVAudioConversionTest, SuspendsResumesAndCancelsTheChild) {
     EXPECT_FALSE(QFile::exists(path("endless.mp3")));
 }
 
+TEST_F(KVAudioConversionTest, LeavesAFileThatAnotherProgramPutInThePlaceOfTheOutput) {
+    for (const bool isCancelled : {true, false}) {
+        const QString name = isCancelled ? "endless.cancelled" : "endless.failing";
+        const auto conversion = add(name + ".wav");
+        queue()->start();
+        const int child = pidOf("endless");
+        QFile::remove(path("runs"));
+        ASSERT_TRUE(waitFor([&] { return QFileInfo(path(name + ".mp3")).size() > 0; }));
+        QFile::remove(path(name + ".mp3"));
+        write(name + ".mp3", "another program's");
+        if (isCancelled)
+            conversion->cancel();
+        else
+            ::kill(child, SIGKILL);
+        runToEnd();
+        EXPECT_TRUE(conversion->hasFailed());
+        EXPECT_EQ(read(path(name + ".mp3")), "another program's");
+    }
+}
+
+TEST_F(KVAudioConversionTest, SavesTheHistoryBeforeItReportsTheEnd) {
+    const auto conversion = add("good.wav");
+    QVariantList stored;
+    const auto finished = KVNotificationCenter::defaultCenter().addObserver<KVConversion>(
+        ConversionDidFinish, [&](const auto &) {
+            stored = KVPreferences::shared().value(KVPreferenceKeys::HistoryCenterItems).toList();
+        });
+    runToEnd();
+    ASSERT_EQ(stored.size(), 1);
+    EXPECT_EQ(KVHistoryItem::fromDictionary(stored.first().toMap())->url, conversion->outputURL());
+}
+
 TEST_F(KVAudioConversionTest, EndsChildrenThatDoNotListen) {
     for (const QString part : {"deaf", "stone-deaf"}) {
         const auto conversion = add(part + ".wav");
@@ -130,6 +163,7 @@ TEST_F(KVAudioConversionTest, RunsNoTaskWhenCancelledBeforeTheStart) {
     EXPECT_EQ(notifications, (QStringList{"start", "finish"}));
     EXPECT_TRUE(conversion->conversionWasSuccessful);
     EXPECT_FALSE(conversion->hasSucceeded()); // and so nothing shows it as done
+    EXPECT_EQ(recorder->events, (QStringList{"start good.wav", "fail good.wav", "all"}));
     EXPECT_EQ(conversion->estimatedTimeString(), "User cancelled.");
     EXPECT_EQ(conversion->statusString(), QString());
     EXPECT_FALSE(QFile::exists(path("runs")));

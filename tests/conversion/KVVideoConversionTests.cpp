@@ -148,6 +148,26 @@ TEST_F(KVVideoConversionTest, CallsTheDiscToolsAsTheyWantIt) {
     EXPECT_TRUE(document.contains("chapters=\"0,0:05:00,"));
 }
 
+TEST_F(KVVideoConversionTest, PutsTheTitlesIntoTheOrderOfTheRow) {
+    const QStringList names{"good.Part 2.mov", "good.Part 10.mov", "b/good.same.mov", "a/good.same.mov"};
+    KVMediaFileList films;
+    for (const QString &name : names) {
+        films += video(name);
+        std::dynamic_pointer_cast<KVVideoFile>(films.last())->seconds = double(films.size());
+    }
+    const auto row = addDisc(films);
+    row->setDVDName("AC/DC");
+    runVideoToEnd();
+    const QString folder = lines("author").value(3).section('/', 0, -2);
+    const auto document = QString::fromUtf8(read(path("authored.xml")));
+    QStringList titles;
+    for (qsizetype at = 0; (at = document.indexOf("file=\"", at)) >= 0; ++at)
+        titles += document.mid(at).section('"', 1, 1).sliced(folder.size() + 1);
+    EXPECT_EQ(titles,
+              (QStringList{"good.Part 2.vob", "good.Part 10.vob", "good.same.vob", "good.same.DVD.00.vob"}));
+    EXPECT_EQ(row->outputURL(), url("AC-DC.iso"));
+}
+
 TEST_F(KVVideoConversionTest, ChoosesTheTelevisionStandardByTheFrameRate) {
     struct Row {
         double framerate;
@@ -172,7 +192,11 @@ TEST_F(KVVideoConversionTest, EndsAtTheFirstTaskThatFails) {
     runVideoToEnd();
     EXPECT_EQ(converting->currentSubtask, 1);
     EXPECT_EQ(lines("runs").size(), 2);
-    EXPECT_EQ(errors.size(), 0u); // the first file's success hides it: only the result tells
+    EXPECT_EQ(errors.size(), 0u); // the first file's success hides it from the error centre
+    ASSERT_TRUE(converting->failure());
+    EXPECT_TRUE(converting->failure()->taskOutput.contains("boom"));
+    EXPECT_FALSE(converting->hasSucceeded());
+    EXPECT_EQ(converting->estimatedTimeString(), "Error converting.");
 
     setTools("echo 'ERR: no vob' >&2; exit 1", "exit 0");
     const auto authoring = addDisc({video("good.mov")});
@@ -259,6 +283,33 @@ TEST_F(KVVideoConversionTest, AsksForAnotherPlaceWhereItCannotWrite) {
     KVPreferences::shared().setValue({}, KVPreferenceKeys::SaveToSourceFolder);
     EXPECT_EQ(questions->openPanels.size(), 2u);
     EXPECT_EQ(errors.size(), 0u);
+}
+
+TEST_F(KVVideoConversionTest, LeavesTheImageThatItWasToReplaceUnlessItWasWrittenTo) {
+    write("old.iso", "the user's");
+    for (const bool isToolThere : {false, true}) {
+        if (isToolThere)
+            setTools("exit 0", "exit 1");
+        else
+            writeScript("resources/mkisofs", "exit 1");
+        questions->savePanelResponses.push_back(url("old.iso"));
+        EXPECT_TRUE(convertFolder(url("nowhere/Film"))->hasFailed());
+        EXPECT_EQ(QFile::exists(path("old.iso")), !isToolThere);
+    }
+}
+
+TEST_F(KVVideoConversionTest, RefusesToMergeAVideoWithoutAFrameSize) {
+    const auto film = video("good.mov");
+    const auto sizeless = video("good.sizeless.mov");
+    sizeless->selectedVideoTrack->width = 0;
+    const auto row = videoQueue()->createConversion(film, KVPreset::presetNamed("MP4"), true);
+    row->setMediaFiles({film, sizeless});
+    runVideoToEnd();
+    EXPECT_TRUE(row->hasFailed());
+    ASSERT_TRUE(row->failure());
+    EXPECT_TRUE(row->failure()->reason.contains("good.sizeless.mov"));
+    EXPECT_EQ(QDir(path()).entryList({"*.mp4"}), QStringList());
+    EXPECT_FALSE(QFile::exists(path("runs")));
 }
 
 TEST_F(KVVideoConversionTest, NamesTheDiscToolThatIsMissing) {

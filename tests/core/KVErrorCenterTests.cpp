@@ -74,6 +74,29 @@ TEST_F(KVErrorCenterTest, DecidesByWhatTheWholeReportContains) {
     EXPECT_TRUE(questions->alerts.empty() && reports.isEmpty());
 }
 
+TEST_F(KVErrorCenterTest, ShowsEachErrorOnceThoughAnotherQueueEndsDuringTheAlert) {
+    struct Questions : KVScriptedQuestions {
+        std::function<void()> duringFirstAlert;
+        KVAlertResponse runAlert(const KVAlert &alert) override {
+            const auto response = KVScriptedQuestions::runAlert(alert);
+            if (const auto block = std::exchange(duringFirstAlert, nullptr)) block();
+            return response;
+        }
+    };
+    const auto asked = std::make_shared<Questions>();
+    KVUserQuestion::setResponder(asked);
+    asked->duringFirstAlert = [&] {
+        endWith({});             // the other queue has nothing new to show
+        endWith({"second one"}); // and this is a matter for the reporter
+    };
+    endWith({"No space left on device"});
+    EXPECT_EQ(asked->alerts.size(), 1u);
+    ASSERT_EQ(reports.size(), 1);
+    EXPECT_TRUE(reports[0].endsWith("Task output: second one"));
+    endWith({});
+    EXPECT_EQ(asked->alerts.size() + std::size_t(reports.size()), 2u);
+}
+
 TEST_F(KVErrorCenterTest, JoinsTheFailuresOfARun) {
     endWith({"first", "second"});
     ASSERT_EQ(reports.size(), 1);

@@ -4,6 +4,11 @@
 #include "support/KVTestCase.h"
 #include "util/KVPreferenceKeys.h"
 
+#include <algorithm>
+#include <atomic>
+#include <thread>
+#include <vector>
+
 namespace {
 
 class KVHistoryCenterTest : public KVTestCase {
@@ -111,6 +116,28 @@ TEST_F(KVHistoryCenterTest, SavesRarelyWhereManyFilesComeQuickly) {
         add();
     } // nothing is lost with an exit
     EXPECT_EQ(names(KVHistoryCenter()), all);
+}
+
+TEST_F(KVHistoryCenterTest, SavesTheFilesOfWorkersBeforeTheyGoOn) {
+    KVHistoryCenter center;
+    std::atomic<int> workers = 8;
+    std::atomic<int> unsaved = 0;
+    std::vector<std::thread> threads;
+    for (int number = 0; number < 8; ++number)
+        threads.emplace_back([&, url = made(QString("%1.mp3").arg(number))] {
+            center.addFileAndSave(url, KVMediaFileType::audio);
+            const auto items = stored();
+            unsaved += std::ranges::none_of(items, [&](const QVariant &item) {
+                return KVHistoryItem::fromDictionary(item.toMap())->url == url;
+            });
+            --workers;
+            KVMainThread::async([] {}); // wakes the event loop
+        });
+    EXPECT_TRUE(runUntil([&] { return workers == 0; }));
+    for (auto &thread : threads)
+        thread.join();
+    EXPECT_EQ(unsaved, 0);
+    EXPECT_EQ(stored().size(), 8);
 }
 
 TEST_F(KVHistoryCenterTest, AnnouncesEveryChangeBeforeAndAfter) {

@@ -123,3 +123,19 @@ TEST_F(KVTextTest, FindsNamedGroups) {
     EXPECT_FALSE(KVText::matches("44100 Hz", KVRegex("hz")));
     EXPECT_DEATH(KVRegex("(?P<A>"), "Bad pattern");
 }
+
+TEST_F(KVTextTest, RoundsTheExactBinaryValueToEven) {
+    struct Row {
+        double number;
+        int decimals;
+        const char *text;
+    };
+    const std::vector<Row> rows{{0.125, 2, "0.12"},  {0.375, 2, "0.38"},   {-0.125, 2, "-0.12"},
+                                {1.005, 2, "1.00"},  {23.976, 2, "23.98"}, {2.5, 0, "2"},
+                                {1e300, 1, nullptr}, {25, 2, "25.00"}};
+    for (const Row &row : rows) {
+        const QString text = KVText::fixed(row.number, row.decimals);
+        EXPECT_EQ(text, row.text ? QString(row.text) : QString::asprintf("%.1f", row.number));
+    }
+    EXPECT_EQ(KVText::format("%0.2f s", {0.125}), "0.12 s");
+}

@@ -5,6 +5,7 @@
 
 #include <QDateTime>
 
+#include <csignal>
 #include <cstdlib>
 
 namespace {
@@ -57,6 +58,57 @@ TEST_F(KVConversionQueueTest, PicksInTheOrderOfTheRowsAlsoWhatIsAddedAndMovedMea
                                              "start good.4.wav", "done good.4.wav", "all"}));
     EXPECT_EQ(queue()->maximumNumberOfConcurrentConversions(), 1);
     EXPECT_GT(recorder->statusUpdates, 0);
+}
+
+TEST_F(KVConversionQueueTest, PicksNoRowWhileRowsAreBeingChanged) {
+    runOneByOne();
+    const auto first = add("good.1.wav");
+    const auto second = add("good.2.wav");
+    const bool isEdited = queue()->edit({first, second}, [&] {
+        queue()->start();
+        queue()->startConversion(second);
+        runUntil([] { return false; }, 0.2);
+        EXPECT_TRUE(first->canBeChanged() && second->canBeChanged());
+        EXPECT_TRUE(first->setMediaFiles(first->mediaFiles() + second->mediaFiles()));
+        queue()->cancelConversion(second);
+        queue()->setConversions({first});
+    });
+    EXPECT_TRUE(isEdited);
+    ASSERT_TRUE(runUntil([&] { return recorder->events.contains("all"); }));
+    EXPECT_EQ(recorder->events.count("done good.1.wav"), 1);
+    EXPECT_EQ(first->snapshot()->files.size(), 2);
+    bool wasCalled = false;
+    EXPECT_FALSE(queue()->edit({first}, [&] { wasCalled = true; }));  // finished
+    EXPECT_FALSE(queue()->edit({second}, [&] { wasCalled = true; })); // no longer in the queue
+    EXPECT_FALSE(wasCalled);
+}
+
+TEST_F(KVConversionQueueTest, ReportsWhenNothingRunsAnyMoreWhoeverStartedIt) {
+    struct Idle : KVConversionQueueDelegate {
+        int count = 0;
+        void conversionQueueDidBecomeIdle(const Queue &) override {
+            ++count;
+            EXPECT_FALSE(KVConversionQueue::isAnyConversionRunning());
+        }
+    };
+    const auto idle = std::make_shared<Idle>();
+    queue()->appendDelegate(idle);
+    const auto alone = add("endless.wav");
+    queue()->startConversion(alone);
+    const int child = pidOf("endless");
+    EXPECT_FALSE(KVConversionQueue::isAnyQueueWorking());
+    EXPECT_TRUE(KVConversionQueue::isAnyConversionRunning());
+    alone->pause();
+    EXPECT_TRUE(KVConversionQueue::isAnyConversionRunning());
+    add("good.wav");
+    runToEnd();
+    EXPECT_EQ(idle->count, 0); // the paused one is left
+    alone->resume();
+    ::kill(child, SIGKILL);
+    EXPECT_TRUE(runUntil([&] { return idle->count == 1; }));
+    runUntil([] { return false; }, 0.2);
+    EXPECT_EQ(idle->count, 1);
+    queue()->removeDelegate(idle);
 }
 
 TEST_F(KVConversionQueueTest, DoesNothingWithoutWaitingRows) {

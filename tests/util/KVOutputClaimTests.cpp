@@ -2,7 +2,10 @@
 
 #include "support/KVTestCase.h"
 
+#include <QProcess>
+
 #include <atomic>
+#include <cstdio>
 #include <thread>
 #include <vector>
 
@@ -63,6 +66,63 @@ TEST_F(KVOutputClaimTest, ClaimWhoseFileVanishedStillHoldsTheName) {
     const auto first = KVOutputClaim::attempt(url("a.mp4"));
     QFile::remove(path("a.mp4"));
     EXPECT_EQ(KVOutputClaim::attempt(url("a.mp4")).outcome, Outcome::nameTaken);
+}
+
+TEST_F(KVOutputClaimTest, RemovesNoFileThatAnotherProgramPutThere) {
+    auto replaced = KVOutputClaim::attempt(url("replaced.mp4")).claim;
+    write("other", "another program's");
+    ASSERT_EQ(::rename(path("other").toUtf8().constData(), path("replaced.mp4").toUtf8().constData()), 0);
+    auto newlyMade = KVOutputClaim::attempt(url("new.mp4")).claim;
+    QFile::remove(path("new.mp4"));
+    write("new.mp4", "another program's"); // may get the number of the inode that is gone
+    for (auto *claim : {&replaced, &newlyMade}) {
+        const QString output = (*claim)->url().toLocalFile();
+        (*claim)->discard();
+        claim->reset();
+        EXPECT_EQ(read(output), "another program's");
+    }
+}
+
+TEST_F(KVOutputClaimTest, DiscardingAtOnceWaitsForTheFirstByte) {
+    const auto claim = KVOutputClaim::attempt(url("a.mp4")).claim;
+    claim->discardWhatIsWritten();
+    EXPECT_TRUE(QFile::exists(path("a.mp4"))); // a child would make a new one, which would not be ours
+    write("a.mp4", "half");
+    claim->discardWhatIsWritten();
+    EXPECT_FALSE(QFile::exists(path("a.mp4")));
+    EXPECT_EQ(KVOutputClaim::attempt(url("a.mp4")).outcome, Outcome::nameTaken);
+}
+
+TEST_F(KVOutputClaimTest, ReplacedFileGoesOnlyOnceItIsWrittenTo) {
+    EXPECT_EQ(KVOutputClaim::replacing(url("missing.iso")), nullptr);
+    write("a.iso", "the user's");
+    auto claim = KVOutputClaim::replacing(url("a.iso"));
+    ASSERT_TRUE(claim);
+    EXPECT_EQ(KVOutputClaim::replacing(url("a.iso")), nullptr);
+    claim.reset();
+    EXPECT_EQ(read(path("a.iso")), "the user's");
+    claim = KVOutputClaim::replacing(url("a.iso"));
+    write("a.iso", "half of the new one");
+    claim.reset();
+    EXPECT_FALSE(QFile::exists(path("a.iso")));
+}
+
+TEST_F(KVOutputClaimTest, RemovesWhatTheRealToolsWrite) {
+    QDir(path()).mkdir("disc");
+    write("disc/a", "x");
+    const QString claimed = path("out.mp4");
+    const std::vector<std::pair<QString, QStringList>> tools{
+        {"ffmpeg",
+         {"-v", "error", "-nostdin", "-y", "-f", "lavfi", "-i", "sine=duration=0.1", "-movflags",
+          "+faststart", claimed}},
+        {"mkisofs", {"-quiet", "-o", claimed, path("disc")}}};
+    for (const auto &[tool, arguments] : tools) {
+        auto claim = KVOutputClaim::attempt(url("out.mp4")).claim;
+        ASSERT_EQ(QProcess::execute(KV_BUILD_DIRECTORY "/share/kalvora/resources/" + tool, arguments), 0);
+        EXPECT_GT(QFileInfo(claimed).size(), 0) << tool.toStdString();
+        claim.reset();
+        EXPECT_FALSE(QFile::exists(claimed)) << tool.toStdString();
+    }
 }
 
 } // namespace

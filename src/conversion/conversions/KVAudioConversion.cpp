@@ -105,11 +105,12 @@ QUrl KVAudioConversion::_destination(const QUrl &folder, const KVPreset &preset)
 bool KVAudioConversion::convertFiles(const KVMediaFileList &files, const QUrl &destination,
                                      const std::shared_ptr<KVPreset> &preset, bool addToHistory) {
     const auto sources = audioFiles(files);
-    const auto made = preset->taskForConversionOfFiles(files, destination);
+    const QString refusal = preset->refusalOfFiles(files);
+    const auto made = refusal.isEmpty() ? preset->taskForConversionOfFiles(files, destination) : std::nullopt;
     if (!made) {
         KVLog("(nil) task, aborting (preset: " + preset->description() + ", files: " + describe(files) +
               ").");
-        _recordError({}, "Couldn't create task, aborting.", -1);
+        _recordError({}, "Couldn't create task, aborting.", -1, refusal);
         conversionWasSuccessful = false;
         progressOfCurrentTask = 1;
         setStatusString(KVLocalizationCenter::localized("Couldn't start conversion."));
@@ -127,7 +128,8 @@ bool KVAudioConversion::convertFiles(const KVMediaFileList &files, const QUrl &d
 bool KVAudioConversion::_convert(const KVAudioFileList &files, const KVPresetTask &made, KVMediaFileType type,
                                  bool addToHistory) {
     setOutputURL(made.outputURL);
-    _setTask(made.task, made.outputURL);
+    _setTask(made.task);
+    _setOutputClaim(made.claim);
     const double started = secondsSince1970();
     _taskOutput.clear();
     _report = {};
@@ -140,12 +142,10 @@ bool KVAudioConversion::_convert(const KVAudioFileList &files, const KVPresetTas
     if (_terminationStatus == 0 && (isFolderGone || hasLostOutput(_taskOutput, output)))
         _terminationStatus = writeFailedStatus;
     if (_terminationStatus == 0) _checkResult(files, made);
+    if (_terminationStatus == 0 && !_keepOutput()) _terminationStatus = interruptedStatus;
     const bool isDone = _terminationStatus == 0;
     if (isDone) {
-        if (made.claim && !isCancelled()) made.claim->keep();
-        if (addToHistory)
-            KVMainThread::syncOrNow(
-                [&] { KVHistoryCenter::shared().addFile(outputURL().value_or(made.outputURL), type); });
+        if (addToHistory) KVHistoryCenter::shared().addFileAndSave(made.outputURL, type);
         conversionWasSuccessful = true;
     }
     estimatedTime = 0;
@@ -156,7 +156,8 @@ bool KVAudioConversion::_convert(const KVAudioFileList &files, const KVPresetTas
 
     _taskOutput = {};
     KVLog("Conversion lasted " + QString::number(secondsSince1970() - started));
-    _setTask(nullptr, std::nullopt);
+    _setTask(nullptr);
+    _setOutputClaim(nullptr);
     return isDone;
 }
 
@@ -166,9 +167,9 @@ void KVAudioConversion::_checkResult(const KVAudioFileList &files, const KVPrese
     const auto run = [&](const QStringList &arguments) {
         const auto probe = KVFFmpegTask::create(arguments);
         if (!probe || isCancelled()) return QByteArray();
-        _setTask(*probe, made.outputURL); // a cancel reaches it
+        _setTask(*probe); // a cancel reaches it
         const QByteArray output = (*probe)->launchAndGetAllOutputData();
-        _setTask(made.task, made.outputURL);
+        _setTask(made.task);
         return isCancelled() ? QByteArray() : output;
     };
     const auto verdict = KVResultCheck::check(plan, made.outputURL.toLocalFile(), _report, run);
@@ -182,6 +183,14 @@ void KVAudioConversion::_checkResult(const KVAudioFileList &files, const KVPrese
     }
     _failureReason = verdict.failure;
     if (!verdict.failure.isEmpty()) _terminationStatus = emptyResultStatus;
+}
+
+/// Makes the output stay, unless the conversion was cancelled: one of both comes first.
+bool KVAudioConversion::_keepOutput() {
+    const std::scoped_lock lock(_taskMutex);
+    if (isCancelled()) return false;
+    if (const auto claim = _outputClaim()) claim->keep();
+    return true;
 }
 
 int KVAudioConversion::numberOfRunningChildren() {
@@ -240,11 +249,14 @@ void KVAudioConversion::_handleTaskOutputForMediaFiles(const KVAudioFileList &fi
 // Afterwards
 
 void KVAudioConversion::performPostConversionTasks() {
-    if (!conversionWasSuccessful && !isCancelled()) {
-        _recordError(_task()->arguments(), _taskOutputString(), _terminationStatus, _failureReason);
-        return;
+    if (_terminationStatus != 0 && !isCancelled()) {
+        const auto error =
+            _error(_task()->arguments(), _taskOutputString(), _terminationStatus, _failureReason);
+        _keepFailure(error);
+        // The error centre gets no error of a later task once an earlier one was successful.
+        if (!conversionWasSuccessful) return KVErrorCenter::shared().addError(error);
     }
-    _setTask(nullptr, std::nullopt);
+    _setTask(nullptr);
     copyArtwork();
     const auto &preferences = KVPreferences::shared();
     if (conversionWasSuccessful && preferences.boolean(KVPreferenceKeys::AddToiTunesWhenDone, false))
@@ -285,17 +297,15 @@ void KVAudioConversion::resume() {
 }
 
 void KVAudioConversion::cancel() {
-    KVConversion::cancel();
     std::shared_ptr<KVFFmpegTask> task;
-    std::optional<QUrl> output;
     {
         const std::scoped_lock lock(_taskMutex);
+        KVConversion::cancel();
         task = _runningTask;
-        output = _runningTaskOutput;
     }
     if (isFinished() || !task) return;
     stopChild(task);
-    if (output) KVFileManager::removeItem(*output);
+    if (const auto claim = _outputClaim()) claim->discardWhatIsWritten();
 }
 
 void KVAudioConversion::killChildren() {
@@ -307,9 +317,7 @@ std::shared_ptr<KVFFmpegTask> KVAudioConversion::_task() const {
     return _runningTask;
 }
 
-void KVAudioConversion::_setTask(const std::shared_ptr<KVFFmpegTask> &task,
-                                 const std::optional<QUrl> &output) {
+void KVAudioConversion::_setTask(const std::shared_ptr<KVFFmpegTask> &task) {
     const std::scoped_lock lock(_taskMutex);
     _runningTask = task;
-    _runningTaskOutput = output;
 }

@@ -53,14 +53,14 @@ class KVAudioConversion : public KVConversion {
                   bool addToHistory);
     int _run(const KVAudioFileList &files, KVFFmpegTask &task);
     void _checkResult(const KVAudioFileList &files, const KVPresetTask &made);
-    void _setTask(const std::shared_ptr<KVFFmpegTask> &task, const std::optional<QUrl> &output);
+    bool _keepOutput();
+    void _setTask(const std::shared_ptr<KVFFmpegTask> &task);
     void _preserveCreationDate() const;
 
-    mutable std::mutex _taskMutex; ///< Guards the two fields below.
+    mutable std::mutex _taskMutex; ///< Guards the field below, and whether a result is kept or cancelled.
     std::shared_ptr<KVFFmpegTask> _runningTask;
-    std::optional<QUrl> _runningTaskOutput; ///< What the running task writes, whatever the row is renamed to.
-    QByteArray _taskOutput;                 ///< Bytes, so that a talkative child costs no second copy.
-    KVFFmpegReport _report;                 ///< Of the present task.
+    QByteArray _taskOutput; ///< Bytes, so that a talkative child costs no second copy.
+    KVFFmpegReport _report; ///< Of the present task.
     int _terminationStatus = 0;
     QString _failureReason; ///< Why a task failed although its child did not; in the user's language.
 };

@@ -9,6 +9,7 @@
 #include "kvcore/KVMainThread.h"
 #include "kvcore/KVTime.h"
 #include "platform/KVFileManager.h"
+#include "util/KVOutputClaim.h"
 #include "util/KVPreferenceKeys.h"
 
 std::shared_ptr<KVConversion>
@@ -191,16 +192,37 @@ void KVConversion::_tellDelegates(
 
 void KVConversion::_recordError(const QStringList &arguments, const QString &output, int status,
                                 const QString &reason) {
-    const KVConversionError error{_inWork().files, _inWork().preset, arguments, output, status, reason};
-    const auto cause = KVFailureCause::of(error);
-    {
-        const std::scoped_lock lock(_mutex);
-        if (!_failure) {
-            _failure = error;
-            _failureCause = cause;
-        }
-    }
+    const auto error = _error(arguments, output, status, reason);
+    _keepFailure(error);
     KVErrorCenter::shared().addError(error);
+}
+
+void KVConversion::_keepFailure(const KVConversionError &error) {
+    const auto cause = KVFailureCause::of(error);
+    const std::scoped_lock lock(_mutex);
+    if (_failure) return;
+    _failure = error;
+    _failureCause = cause;
+}
+
+KVConversionError KVConversion::_error(const QStringList &arguments, const QString &output, int status,
+                                       const QString &reason) const {
+    return {_inWork().files, _inWork().preset, arguments, output, status, reason};
+}
+
+void KVConversion::removePartialOutput() {
+    if (const auto claim = _outputClaim()) claim->discard();
+}
+
+std::shared_ptr<KVOutputClaim> KVConversion::_outputClaim() const {
+    const std::scoped_lock lock(_mutex);
+    return _claim;
+}
+
+void KVConversion::_setOutputClaim(const std::shared_ptr<KVOutputClaim> &claim) {
+    auto previous = claim; // goes after the lock: it may have to remove a file
+    const std::scoped_lock lock(_mutex);
+    _claim.swap(previous);
 }
 
 // Guarded fields

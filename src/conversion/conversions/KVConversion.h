@@ -20,6 +20,8 @@
 #include <mutex>
 #include <optional>
 
+class KVOutputClaim;
+
 enum class KVConversionState { waitingToStart, executing, paused, finished };
 
 /// The unit of work: one row of a queue, one or more media files, one preset, one output. Its `main` walks a
@@ -121,6 +123,9 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
     void addWarning(const QString &warning);
     void waitUntilFinished();
 
+    /// Removes what has been written so far, unless it is complete: for the end of the process. Any thread.
+    void removePartialOutput();
+
     virtual QString estimatedTimeString() const;
     virtual int numberOfTasks() const { return 1; }
     /// True if the conversion is now paused.
@@ -147,6 +152,15 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
     void _recordError(const QStringList &arguments, const QString &output, int status,
                       const QString &reason = {});
 
+    /// The claim on what is being written; null between tasks.
+    std::shared_ptr<KVOutputClaim> _outputClaim() const;
+    void _setOutputClaim(const std::shared_ptr<KVOutputClaim> &claim);
+
+    /// Keeps the failure for `failure` without the error centre; the first one stays.
+    void _keepFailure(const KVConversionError &error);
+    KVConversionError _error(const QStringList &arguments, const QString &output, int status,
+                             const QString &reason = {}) const;
+
     /// Posts to the main thread, without waiting, a call on every delegate.
     void
     _tellDelegates(std::function<void(KVConversionDelegate &, const std::shared_ptr<KVConversion> &)> call);
@@ -168,6 +182,7 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
     std::shared_ptr<const KVConversionSnapshot> _snapshot;
     std::shared_ptr<KVPreset> _shownPreset; ///< From the start on; a copy apart from the snapshot's.
     std::optional<QUrl> _destinationFolder;
+    std::shared_ptr<KVOutputClaim> _claim;
     std::optional<KVConversionError> _failure;
     std::optional<KVFailureCause> _failureCause;
     QStringList _warnings;

@@ -3,7 +3,6 @@
 #include "conversion/conversions/KVResultCheck.h"
 #include "core/KVHistoryCenter.h"
 #include "kvcore/KVFatalError.h"
-#include "kvcore/KVMainThread.h"
 #include "platform/KVFileManager.h"
 #include "presets/picture/KVPicturePreset.h"
 #include "video_info/media_file/KVPictureFile.h"
@@ -40,8 +39,7 @@ bool KVPictureConversion::performTaskNumber(int) {
     }
     setOutputURL(converted ? std::optional(*converted) : std::nullopt);
     if (converted)
-        KVMainThread::syncOrNow(
-            [&] { KVHistoryCenter::shared().addFile(*converted, KVMediaFileType::picture); });
+        KVHistoryCenter::shared().addFileAndSave(*converted, KVMediaFileType::picture);
     else
         _recordError({}, {}, 1, converted.error().reason);
     progressOfCurrentTask = 1;

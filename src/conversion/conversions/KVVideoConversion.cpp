@@ -73,7 +73,11 @@ bool KVVideoConversion::performTaskNumber(int number) {
     }
 
     const auto &files = _inWork().files;
-    if (number < files.size()) return convertFiles({files[number]}, *_stitchingTemporaryURL, preset, false);
+    if (number < files.size()) {
+        const bool isDone = convertFiles({files[number]}, *_stitchingTemporaryURL, preset, false);
+        if (const auto title = outputURL(); isDone && title) _titles += *title;
+        return isDone;
+    }
     if (number == files.size()) return _authorDVD();
     if (number == files.size() + 1) return _createISOImage();
     KVLog("There is no task " + QString::number(number));
@@ -102,12 +106,10 @@ void KVVideoConversion::_handleTaskOutputForMediaFiles(const KVAudioFileList &fi
 bool KVVideoConversion::_authorDVD() {
     setStatusString(KVLocalizationCenter::localized("Putting files together"));
     const auto tool = std::make_shared<KVDiscTool>("dvdauthor", "dvdauthor");
-    auto files = KVFileManager::contentsOfDirectory(*_stitchingTemporaryURL).value_or(QList<QUrl>());
-    files.removeIf([](const QUrl &file) { return KVFileManager::pathExtension(file) != "vob"; });
     const QUrl description =
         KVFileManager::appendingPathComponent(*_stitchingTemporaryURL, KVFileManager::uniqueName() + ".xml");
     QFile document(description.toLocalFile());
-    if (document.open(QFile::WriteOnly)) document.write(KVDVDAuthoringDocument::forFiles(files));
+    if (document.open(QFile::WriteOnly)) document.write(KVDVDAuthoringDocument::forFiles(_titles));
     document.close(); // without it the tool says what is missing
 
     tool->process().setArguments({"-x", description.toLocalFile(), "-o", _dvdFolderURL().toLocalFile()});
@@ -159,21 +161,24 @@ QString KVVideoConversion::_dvdVolumeName() const {
 // The image
 
 bool KVVideoConversion::_createISOImage() {
-    const auto image = _image();
+    const Image image = _image();
     if (!image) return _refuseImage();
 
     const auto tool = std::make_shared<KVDiscTool>("mkisofs", "genisoimage");
-    tool->process().setArguments({"-dvd-video", "-V", _dvdVolumeName(), "-o", image->url.toLocalFile(),
+    tool->process().setArguments({"-dvd-video", "-V", _dvdVolumeName(), "-o", image->url().toLocalFile(),
                                   _dvdFolderURL().toLocalFile()});
     tool->process().setStandardOutput(KVProcess::Stream::nullDevice);
     KVLog("ISO Creator Launch Path: " + tool->process().launchPath());
     KVLog("ISO Creator Arguments: " + tool->process().arguments().join(' '));
     _setDiscTool(tool);
+    _setOutputClaim(image);
     const int status = _runImageTool(*tool);
     _setDiscTool(nullptr);
-    setOutputURL(image->url);
+    setOutputURL(image->url());
     KVLog("ISO Task exited with status " + QString::number(status));
-    return _endImage(*image, *tool, status);
+    const bool isDone = _endImage(image, *tool, status);
+    _setOutputClaim(nullptr);
+    return isDone;
 }
 
 int KVVideoConversion::_runImageTool(KVDiscTool &tool) {
@@ -193,16 +198,15 @@ int KVVideoConversion::_runImageTool(KVDiscTool &tool) {
 
 bool KVVideoConversion::_endImage(const Image &image, KVDiscTool &tool, int status) {
     const auto verdict =
-        status == 0 ? KVResultCheck::checkDiscImage(image.url.toLocalFile(), _dvdFolderURL().toLocalFile())
+        status == 0 ? KVResultCheck::checkDiscImage(image->url().toLocalFile(), _dvdFolderURL().toLocalFile())
                     : KVResultCheck::Verdict();
     for (const QString &warning : verdict.warnings)
         addWarning(warning);
     if (status == 0 && verdict.failure.isEmpty()) {
-        if (image.claim) image.claim->keep();
-        KVMainThread::syncOrNow([&] { KVHistoryCenter::shared().addFile(image.url, KVMediaFileType::dvd); });
+        image->keep();
+        KVHistoryCenter::shared().addFileAndSave(image->url(), KVMediaFileType::dvd);
         return true;
     }
-    if (!image.claim) KVFileManager::removeItem(image.url); // half of what the user said to replace
     setStatusString(KVLocalizationCenter::localized("Error converting."));
     progressOfCurrentTask = 1;
     notifyDelegatesAboutProgress();
@@ -217,32 +221,37 @@ bool KVVideoConversion::_refuseImage() {
     return false;
 }
 
-/// Settles where the image goes; nothing when the user gives no place.
-std::optional<KVVideoConversion::Image> KVVideoConversion::_image() const {
+/// Claims the name of the image; null if the user gives no place.
+KVVideoConversion::Image KVVideoConversion::_image() const {
     const auto folder = _imageFolder();
-    if (!folder) return std::nullopt;
+    if (!folder) return nullptr;
+    const QString discName = dvdName().replace('/', '-'); // a name is no path
     const auto attemptAt = [&](const QString &base, const QString &ending) {
         const QString name = KVFileManager::fittingName(base, ending);
         return KVOutputClaim::attempt(KVFileManager::appendingPathComponent(*folder, name));
     };
-    auto attempt = attemptAt(dvdName(), ".iso");
+    auto attempt = attemptAt(discName, ".iso");
     for (int counter = 1; attempt.outcome == KVOutputClaim::Outcome::nameTaken; ++counter) {
         // A percent sign in the disc's name counts as a conversion.
-        const QString name = KVText::format(dvdName() + " %02li.iso", {counter});
+        const QString name = KVText::format(discName + " %02li.iso", {counter});
         const qsizetype space = name.lastIndexOf(' ');
         attempt = attemptAt(name.first(space), name.sliced(space));
     }
     const QUrl url = attempt.claim->url();
-    if (KVFileManager::isWritable(KVFileManager::deletingLastPathComponent(url)))
-        return Image{url, attempt.claim};
+    if (KVFileManager::isWritable(KVFileManager::deletingLastPathComponent(url))) return attempt.claim;
+
+    attempt.claim.reset();
 
     KVSavePanel panel;
     panel.directory = *folder;
     panel.proposedName = KVFileManager::lastPathComponent(url);
     panel.allowedExtensions = {"iso"};
-    const auto chosen = KVUserQuestion::runModalOnMainThread(panel);
-    if (!chosen) return std::nullopt;
-    return Image{*chosen, KVOutputClaim::attempt(*chosen).claim};
+    // Again where another conversion is writing.
+    while (const auto chosen = KVUserQuestion::runModalOnMainThread(panel)) {
+        if (auto claim = KVOutputClaim::attempt(*chosen).claim) return claim;
+        if (auto claim = KVOutputClaim::replacing(*chosen)) return claim;
+    }
+    return nullptr;
 }
 
 std::optional<QUrl> KVVideoConversion::_imageFolder() const {

@@ -38,16 +38,12 @@ class KVVideoConversion : public KVAudioConversion {
     virtual void _processDVDAuthoringTaskOutputFromFileHandle(KVDiscTool &tool, KVFileHandle &handle);
 
   private:
-    /// Where the image goes.
-    struct Image {
-        QUrl url;
-        std::shared_ptr<KVOutputClaim> claim;
-    };
+    using Image = std::shared_ptr<KVOutputClaim>;
 
     std::shared_ptr<KVDVDPreset> _dvdPreset() const;
     QString _videoFormatOfDisc() const;
     std::optional<QUrl> _imageFolder() const;
-    std::optional<Image> _image() const;
+    Image _image() const;
     int _runImageTool(KVDiscTool &tool);
     bool _endImage(const Image &image, KVDiscTool &tool, int status);
     bool _refuseImage();
@@ -61,4 +57,5 @@ class KVVideoConversion : public KVAudioConversion {
 
     /// The folder of a DVD run; it stays until the temporary directory is cleaned. Worker thread.
     std::optional<QUrl> _stitchingTemporaryURL;
+    QList<QUrl> _titles; ///< What the first tasks have made, in the order of the row's files. Worker thread.
 };

@@ -6,7 +6,6 @@
 #include "kvcore/KVMainThread.h"
 #include "kvcore/KVPreferences.h"
 #include "platform/KVFileManager.h"
-#include "platform/KVUserQuestions.h"
 #include "tasks/KVFFmpegDialect.h"
 #include "util/KVAnonymousPath.h"
 #include "util/KVByteCount.h"
@@ -60,23 +59,8 @@ bool isPicture(const QUrl &url, const QString &extension) {
     return contains(pictureExtensions, extension) && (extension != "gif" || !isAnimated(url));
 }
 
-/// Asks for access to `folder` until it can be read; false when the user gives up.
-bool isGrantedAccess(const QUrl &folder) {
-    KVOpenPanel panel;
-    panel.message = KVLocalizationCenter::localized(
-        "Kalvora needs you to grant it permission to the enclosing folder - please, select the folder "
-        "enclosing the VIDEO_TS folder to continue (simply press the Open button).");
-    panel.directory = folder;
-    while (!KVFileManager::isReadable(folder))
-        if (KVUserQuestion::runModalOnMainThread(panel).isEmpty()) return false;
-    return true;
-}
-
 Result dvdFile(const QUrl &url) {
-    const QUrl parent = KVFileManager::deletingLastPathComponent(url);
-    if (KVFileManager::lastPathComponent(url) == "VIDEO_TS" && !isGrantedAccess(parent))
-        return refusal("User cancelled.");
-    return std::make_shared<KVDVDFile>(parent);
+    return std::make_shared<KVDVDFile>(KVFileManager::deletingLastPathComponent(url));
 }
 
 /// All that the tool prints about the file; a null text where it is no UTF-8.

@@ -67,7 +67,7 @@ std::optional<QString> KVVideoFormat::framerateText(const KVVideoFile &,
     if (quality == KVTrackQualitySetting::keepOriginal) return std::nullopt;
     if (quality == KVTrackQualitySetting::copy) KVCopyTrackFatalError();
     if (framerate == 0) return std::nullopt;
-    return QString::number(framerate, 'f', 2);
+    return KVText::fixed(framerate, 2);
 }
 
 KVVideoSizeType KVVideoFormat::sizeType(const KVVideoFile &file) const {

@@ -2,6 +2,7 @@
 
 #include "kvcore/KVFatalError.h"
 #include "kvcore/KVLocalizationCenter.h"
+#include "platform/KVFileManager.h"
 #include "presets/settings/KVVideoQualityBasedFormatSettings.h"
 #include "presets/video/base/KVStitchingFilter.h"
 #include "presets/video/base/KVSubtitlesFile.h"
@@ -55,7 +56,7 @@ QStringList mapping(qint64 trackNumber) {
 
 QStringList KVVideoPreset::taskArgumentsForFiles(const KVMediaFileList &files, const QUrl &outputFile) const {
     const KVVideoFileList videos = videoFiles(files);
-    if (videos.isEmpty()) return {};
+    if (videos.isEmpty() || !refusalOfFiles(files).isEmpty()) return {};
     const auto &first = videos.first();
     const auto reference = referenceFile(videos);
     const bool isStitched = videos.size() > 1;
@@ -89,6 +90,17 @@ QStringList KVVideoPreset::taskArgumentsForFiles(const KVMediaFileList &files, c
             arguments += mapping(first->subtitleTracks.first().trackNumber);
     }
     return arguments + closingArguments(outputFile);
+}
+
+/// Stitching scales all pictures to one size, for which each has to have one.
+QString KVVideoPreset::refusalOfFiles(const KVMediaFileList &files) const {
+    if (files.size() < 2 || !supportsStitching()) return {};
+    for (const auto &file : videoFiles(files))
+        if (const KVSize picture = KVVideoPreset::size(*file); picture.width <= 0 || picture.height <= 0)
+            return KVLocalizationCenter::localized(
+                "The frame size of \"%@\" is unknown, so it cannot be merged with other videos.",
+                {KVFileManager::lastPathComponent(file->url())});
+    return {};
 }
 
 QStringList KVVideoPreset::closingArguments(const QUrl &outputFile) {

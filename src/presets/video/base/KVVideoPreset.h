@@ -52,6 +52,7 @@ class KVVideoPreset : public KVPresetWithFields<KVVideoPreset, KVBitrateAudioPre
     KVMediaFileType presetType() const override { return KVMediaFileType::video; }
     std::shared_ptr<KVSettingsBase> settings() override;
     bool supportsStitching() const override { return true; }
+    QString refusalOfFiles(const KVMediaFileList &files) const override;
     QStringList taskArgumentsForFiles(const KVMediaFileList &files, const QUrl &outputFile) const override;
     std::optional<QString> threadCountArgument() const override;
 

@@ -38,7 +38,7 @@ QStringList KVCropPreset::taskArguments(const std::shared_ptr<KVMediaFile> &file
 /// The source's rate and a bitrate a little above the source's.
 QStringList KVCropPreset::_pictureArguments(const KVVideoTrack &track) const {
     QStringList arguments{"-r"};
-    if (track.framesPerSecond != 0) arguments << QString::number(track.framesPerSecond, 'f', 2);
+    if (track.framesPerSecond != 0) arguments << KVText::fixed(track.framesPerSecond, 2);
     const QString rate = QString::number(track.bitrate + 200) + "k";
     return arguments + QStringList{"-vf", _filter(track), "-b:v",
                                    KVText::integerValue(rate) == 0 ? QStringLiteral("4500k") : rate};

@@ -1,6 +1,7 @@
 #include "presets/video/other/KVVolumeAdjustingPreset.h"
 
 #include "kvcore/KVLocalizationCenter.h"
+#include "kvcore/KVText.h"
 #include "presets/settings/KVNumericOption.h"
 #include "presets/settings/KVSettingsWithOptions.h"
 #include "video_info/media_file/KVVideoFile.h"
@@ -22,7 +23,7 @@ QStringList KVVolumeAdjustingPreset::taskArguments(const std::shared_ptr<KVMedia
     const auto audio = std::dynamic_pointer_cast<KVAudioFile>(file);
     if (!audio) return {};
     const auto video = std::dynamic_pointer_cast<KVVideoFile>(file);
-    const QString decibels = QString::number(static_cast<double>(numberOfDecibelsToAdd) / 100, 'f', 2);
+    const QString decibels = KVText::fixed(static_cast<double>(numberOfDecibelsToAdd) / 100, 2);
 
     QStringList arguments{"-y", "-i", audio->url().toLocalFile()};
     if (video && !video->videoTracks.isEmpty())

@@ -1,5 +1,6 @@
 #include "presets/formats/video_track/static_bitrate/KVMPEG2Format.h"
 
+#include "kvcore/KVText.h"
 #include "util/KVPreferenceKeys.h"
 
 QStringList KVMPEG2Format::additionalArguments(const KVVideoFile &, KVTrackQualitySetting) const {
@@ -13,7 +14,7 @@ std::optional<QString> KVMPEG2Format::framerateText(const KVVideoFile &, KVTrack
 }
 
 bool KVMPEG2Format::isNTSC() const {
-    const QString text = framerate == 0 ? QString() : QString::number(framerate, 'f', 2);
+    const QString text = framerate == 0 ? QString() : KVText::fixed(framerate, 2);
     if (text == "25.00") return false;
     return text == "29.97" || KVPreferences::shared().boolean(KVPreferenceKeys::UsesNTSCFormat, false);
 }
