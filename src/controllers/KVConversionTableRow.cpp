@@ -50,14 +50,28 @@ QString KVConversionTableRow::title() const {
 QString KVConversionTableRow::statusText() const {
     if (_conversion->state == KVConversionState::paused) return KVLocalizationCenter::localized("Paused");
     const QString status = _conversion->statusString();
-    return status.isEmpty() ? _conversion->estimatedTimeString() : status;
+    const QString text = status.isEmpty() ? _conversion->estimatedTimeString() : status;
+    if (_conversion->state != KVConversionState::waitingToStart) return text;
+    return (QStringList{text} + _notes()).join(QStringLiteral(" \u00b7 "));
+}
+
+/// What is known of the files beforehand: their external subtitles, and what a conversion will lose.
+QStringList KVConversionTableRow::_notes() const {
+    QStringList notes;
+    QStringList warnings;
+    for (const auto &file : _conversion->mediaFiles()) {
+        const auto video = std::dynamic_pointer_cast<const KVVideoFile>(file);
+        if (video && video->subtitlesFileURL) notes.append(video->subtitlesText());
+        warnings += file->warnings;
+    }
+    return notes + warnings;
 }
 
 QString KVConversionTableRow::toolTip() const {
     QStringList paths;
     for (const auto &file : _conversion->mediaFiles())
         paths.append(file->url().toLocalFile());
-    return paths.join("\n");
+    return (paths + _notes()).join("\n");
 }
 
 QString KVConversionTableRow::accessibleText() const {
@@ -318,13 +332,12 @@ void KVConversionTableRow::setSubtitles(const QUrl &url) const {
     if (!video) return;
     const auto encoding = _services->chooseSubtitleEncoding(*video, url);
     if (!encoding) return;
-    video->subtitlesFileURL = url;
-    video->subtitlesFileEncoding = *encoding;
+    video->setSubtitles(url, *encoding);
     _tellFilesChanged();
 }
 
 void KVConversionTableRow::removeSubtitles() const {
-    if (const auto video = _videoFile()) video->subtitlesFileURL.reset();
+    if (const auto video = _videoFile()) video->setSubtitles(std::nullopt);
     _tellFilesChanged();
 }
 

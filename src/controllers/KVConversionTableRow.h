@@ -33,9 +33,10 @@ class KVConversionTableRow {
 
     /// The files' names, or the name that the user gave, and the row's own preset in brackets.
     QString title() const;
-    /// What stands below the title: the state, the present step or the time left.
+    /// What stands below the title: the state, the present step or the time left; while the row waits, also
+    /// its external subtitles and the warnings of its files.
     QString statusText() const;
-    /// The paths of the files.
+    /// The paths of the files, their external subtitles and their warnings.
     QString toolTip() const;
     /// What a screen reader says of the row.
     QString accessibleText() const;
@@ -71,6 +72,7 @@ class KVConversionTableRow {
     void makeDVD() const;
 
   private:
+    QStringList _notes() const;
     KVMenu _stateItems() const;
     KVMenuItem _presetItem() const;
     KVMenu _videoItems() const;

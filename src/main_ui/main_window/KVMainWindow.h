@@ -32,6 +32,8 @@ class KVMainWindow : public QMainWindow {
     KVFooterView &footerView() { return *_footer; }
     KVDropZoneView &dropZone() { return *_dropZone; }
     bool showsDropZone() const;
+    /// Puts the bar above the footer. The window owns it from now on.
+    void addNoticeBar(QWidget *bar);
 
     /// Shows or hides the history.
     void toggleHistory();
