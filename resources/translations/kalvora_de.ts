@@ -1717,5 +1717,209 @@ Ausgabe in Teilen.</translation>
     <source>The frame size of "%@" is unknown, so it cannot be merged with other videos.</source>
     <translation>Die Bildgröße von „%@“ ist unbekannt, daher lässt sich die Datei nicht mit anderen Videos zusammenfügen.</translation>
   </message>
+  <message>
+    <source>Use for all files that follow</source>
+    <translation>Für alle folgenden Dateien verwenden</translation>
+  </message>
+  <message>
+    <source>Use for all %ld files</source>
+    <translation>Für alle %ld Dateien verwenden</translation>
+  </message>
+  <message>
+    <source>1 file was not added</source>
+    <translation>1 Datei wurde nicht hinzugefügt</translation>
+  </message>
+  <message>
+    <source>%ld files were not added</source>
+    <translation>%ld Dateien wurden nicht hinzugefügt</translation>
+  </message>
+  <message>
+    <source>The folder holds a DVD</source>
+    <translation>Der Ordner enthält eine DVD</translation>
+  </message>
+  <message>
+    <source>The folders hold %ld DVDs</source>
+    <translation>Die Ordner enthalten %ld DVDs</translation>
+  </message>
+  <message>
+    <source>1 other file in the folders was skipped</source>
+    <translation>1 weitere Datei in den Ordnern wurde übersprungen</translation>
+  </message>
+  <message>
+    <source>%ld other files in the folders were skipped</source>
+    <translation>%ld weitere Dateien in den Ordnern wurden übersprungen</translation>
+  </message>
+  <message>
+    <source>This folder is a DVD.</source>
+    <translation>Dieser Ordner ist eine DVD.</translation>
+  </message>
+  <message>
+    <source>Add the Disc</source>
+    <translation>DVD hinzufügen</translation>
+  </message>
+  <message>
+    <source>Show...</source>
+    <translation>Anzeigen ...</translation>
+  </message>
+  <message>
+    <source>Copy</source>
+    <translation>Kopieren</translation>
+  </message>
+  <message>
+    <source>Files That Were Not Added</source>
+    <translation>Nicht hinzugefügte Dateien</translation>
+  </message>
+  <message>
+    <source>Name</source>
+    <translation>Name</translation>
+  </message>
+  <message>
+    <source>Folder</source>
+    <translation>Ordner</translation>
+  </message>
+  <message>
+    <source>Reason</source>
+    <translation>Grund</translation>
+  </message>
+  <message>
+    <source>Add</source>
+    <translation>Hinzufügen</translation>
+  </message>
+  <message>
+    <source>Add Files and Folders</source>
+    <translation>Dateien und Ordner hinzufügen</translation>
+  </message>
+  <message>
+    <source>About %@ for all %ld files</source>
+    <translation>Etwa %@ für alle %ld Dateien</translation>
+  </message>
+  <message>
+    <source>%ld more waiting</source>
+    <translation>%ld weitere in der Warteschlange</translation>
+  </message>
+  <message>
+    <source>Current files: %@, %ld more waiting</source>
+    <translation>Laufende Dateien: %@, %ld weitere warten</translation>
+  </message>
+  <message>
+    <source>Subtitles: %@ (%@)</source>
+    <translation>Untertitel: %@ (%@)</translation>
+  </message>
+  <message>
+    <source>The subtitles in '%@' are not used: their text encoding is not known. Select the file in the row's menu to choose it.</source>
+    <translation>Die Untertitel in „%@“ werden nicht verwendet, da ihre Textkodierung unbekannt ist. Wählen Sie die Datei im Menü der Zeile aus, um sie festzulegen.</translation>
+  </message>
+  <message>
+    <source>The preferences in %@ were damaged; they are kept as %@</source>
+    <translation>Die Einstellungen in %@ waren beschädigt; sie sind als %@ aufbewahrt</translation>
+  </message>
+  <message>
+    <source>Protected music files cannot be converted.</source>
+    <translation>Geschützte Musikdateien können nicht konvertiert werden.</translation>
+  </message>
+  <message>
+    <source>The file is in the queue already.</source>
+    <translation>Die Datei ist bereits in der Warteschlange.</translation>
+  </message>
+  <message>
+    <source>PAL</source>
+    <translation>PAL</translation>
+  </message>
+  <message>
+    <source>NTSC</source>
+    <translation>NTSC</translation>
+  </message>
+  <message>
+    <source>24 fps</source>
+    <translation>24 Bilder/s</translation>
+  </message>
+  <message>
+    <source>30 fps</source>
+    <translation>30 Bilder/s</translation>
+  </message>
+  <message>
+    <source>Maximum width</source>
+    <translation>Größte Breite</translation>
+  </message>
+  <message>
+    <source>Maximum height</source>
+    <translation>Größte Höhe</translation>
+  </message>
+  <message>
+    <source>Video Quality:</source>
+    <translation>Videoqualität:</translation>
+  </message>
+  <message>
+    <source>Audio Quality:</source>
+    <translation>Audioqualität:</translation>
+  </message>
+  <message>
+    <source>X Offset:</source>
+    <translation>X-Versatz:</translation>
+  </message>
+  <message>
+    <source>Y Offset:</source>
+    <translation>Y-Versatz:</translation>
+  </message>
+  <message>
+    <source>Width:</source>
+    <translation>Breite:</translation>
+  </message>
+  <message>
+    <source>Height:</source>
+    <translation>Höhe:</translation>
+  </message>
+  <message>
+    <source>Profile</source>
+    <translation>Profil</translation>
+  </message>
+  <message>
+    <source>Proxy</source>
+    <translation>Proxy</translation>
+  </message>
+  <message>
+    <source>LT</source>
+    <translation>LT</translation>
+  </message>
+  <message>
+    <source>Standard</source>
+    <translation>Standard</translation>
+  </message>
+  <message>
+    <source>HQ</source>
+    <translation>HQ</translation>
+  </message>
+  <message>
+    <source>The conversion failed.</source>
+    <translation>Die Konvertierung ist fehlgeschlagen.</translation>
+  </message>
+  <message>
+    <source>Video: H.264
+Audio: AAC</source>
+    <translation>Video: H.264
+Audio: AAC</translation>
+  </message>
+  <message>
+    <source>Video: MPEG4
+Audio: MP3</source>
+    <translation>Video: MPEG4
+Audio: MP3</translation>
+  </message>
+  <message>
+    <source>Video: H.264 (limited to %i x %i)
+Audio: AAC</source>
+    <translation>Video: H.264 (höchstens %i x %i)
+Audio: AAC</translation>
+  </message>
+  <message>
+    <source>Video: MPEG4 (limited to %i x %i)
+Audio: AAC</source>
+    <translation>Video: MPEG4 (höchstens %i x %i)
+Audio: AAC</translation>
+  </message>
+  <message>
+    <source>The subtitles in '%@' were left out.</source>
+    <translation>Die Untertitel in „%@“ wurden weggelassen.</translation>
+  </message>
 </context>
 </TS>
