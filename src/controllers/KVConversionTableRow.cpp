@@ -78,8 +78,7 @@ QString KVConversionTableRow::toolTip() const {
     paths += _notes();
     if (const QStringList sentences = outcome().sentences; !sentences.isEmpty())
         paths += QStringList{QString()} + sentences;
-    return paths.join("
-");
+    return paths.join("\n");
 }
 
 QString KVConversionTableRow::accessibleText() const {

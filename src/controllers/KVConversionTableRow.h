@@ -36,8 +36,8 @@ class KVConversionTableRow {
 
     /// The files' names, or the name that the user gave, and the row's own preset in brackets.
     QString title() const;
-    /// The second line: the state, the present step, the time left, why it failed or what the result lacks; while
-    /// the row waits, also its external subtitles and the warnings of its files.
+    /// The second line: the state, the present step, the time left, why it failed or what the result lacks;
+    /// while the row waits, also its external subtitles and the warnings of its files.
     QString statusText() const;
     KVRowOutcome outcome() const { return KVRowOutcome::of(*_conversion); }
     /// The paths of the files, their external subtitles, and the cause of a failure or the warnings.

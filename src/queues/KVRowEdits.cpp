@@ -266,9 +266,7 @@ bool KVRowEdits::setDVDName(const Row &row, const QString &name) {
 
 bool KVRowEdits::setSubtitles(const Row &row, const std::optional<QUrl> &url, const QString &encoding) {
     const auto video = std::dynamic_pointer_cast<KVVideoFile>(row->mediaFiles().value(0));
-    return video && _change(row, "Change of Subtitles", [&] {
-               video->setSubtitles(url, encoding);
-           });
+    return video && _change(row, "Change of Subtitles", [&] { video->setSubtitles(url, encoding); });
 }
 
 // Order

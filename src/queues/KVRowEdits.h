@@ -61,7 +61,8 @@ class KVRowEdits {
     bool setOutputFileName(const Row &row, const std::optional<QString> &name);
     bool setDVDName(const Row &row, const QString &name);
     /// Sets the subtitles of the row's first file; without a URL removes them.
-    bool setSubtitles(const Row &row, const std::optional<QUrl> &url, const QString &encoding = QStringLiteral("UTF-8"));
+    bool setSubtitles(const Row &row, const std::optional<QUrl> &url,
+                      const QString &encoding = QStringLiteral("UTF-8"));
 
   private:
     using Queue = std::shared_ptr<KVConversionQueue>;
