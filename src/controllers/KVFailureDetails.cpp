@@ -1,49 +1,17 @@
 #include "controllers/KVFailureDetails.h"
 
 #include "conversion/conversions/KVConversion.h"
+#include "core/KVFailureCause.h"
 #include "kvcore/KVLocalizationCenter.h"
-#include "kvcore/KVText.h"
 #include "platform/KVFileManager.h"
 
 #include <QSaveFile>
 
-#include <array>
 #include <cerrno>
 
 namespace {
 
-constexpr qsizetype mostLogLines = 200;
-
-/// What the disc tools are always given first; everything else is a run of ffmpeg.
-struct Tool {
-    const char *firstArgument;
-    const char *name;
-};
-constexpr std::array discTools{Tool{"-x", "dvdauthor"}, Tool{"-dvd-video", "mkisofs"}};
-
-QString commandOf(const QStringList &arguments) {
-    if (arguments.isEmpty()) return {};
-    QString command = QStringLiteral("ffmpeg");
-    for (const Tool &tool : discTools)
-        if (arguments.first() == QLatin1String(tool.firstArgument)) command = QLatin1String(tool.name);
-    for (const QString &argument : arguments)
-        command += ' ' + KVText::shellQuoted(argument);
-    return command;
-}
-
-/// Of a line that was written over and over, only what could be seen at the end.
-QString withoutOverwrittenText(QString line) {
-    while (line.endsWith('\r'))
-        line.chop(1);
-    return line.sliced(line.lastIndexOf('\r') + 1);
-}
-
-QString lastLines(const QString &output) {
-    QStringList lines;
-    for (const QString &line : output.split('\n'))
-        if (const QString text = withoutOverwrittenText(line); !text.trimmed().isEmpty()) lines += text;
-    return lines.mid(std::max<qsizetype>(0, lines.size() - mostLogLines)).join('\n');
-}
+constexpr int mostLogLines = 200;
 
 QString namesOf(const KVMediaFileList &files) {
     QStringList names;
@@ -65,8 +33,8 @@ KVFailureDetails KVFailureDetails::of(const KVConversion &conversion) {
         details.retry = cause->retry;
     }
     if (const auto failure = conversion.failure()) {
-        details.command = commandOf(failure->taskArguments);
-        details.log = lastLines(failure->taskOutput);
+        details.command = KVFailureCause::commandLine(*failure);
+        details.log = KVFailureCause::lastLines(*failure, mostLogLines).join('\n');
     }
     return details;
 }
