@@ -102,8 +102,12 @@ std::optional<QString> KVConversionRequest::prepareFirstFile(KVMediaFile &file) 
     if (!subtitles && subtitlesEncoding.isEmpty()) return std::nullopt;
     auto *video = dynamic_cast<KVVideoFile *>(&file);
     if (!video) return QStringLiteral("Only a video can have subtitles.");
-    if (subtitles) video->subtitlesFileURL = subtitles;
-    if (!subtitlesEncoding.isEmpty()) video->subtitlesFileEncoding = subtitlesEncoding;
+    if (subtitles)
+        video->setSubtitles(*subtitles,
+                            subtitlesEncoding.isEmpty() ? QStringLiteral("UTF-8") : subtitlesEncoding);
+    else if (const auto &found =
+                 video->subtitlesFileURL ? video->subtitlesFileURL : video->unreadableSubtitlesURL())
+        video->setSubtitles(QUrl(*found), subtitlesEncoding);
     return subtitles ? objectionTo(*subtitles, video->subtitlesFileEncoding) : std::nullopt;
 }
 

@@ -1,12 +1,12 @@
 #include "controllers/KVApplicationController.h"
 
+#include "controllers/KVTimeLeft.h"
 #include "core/KVErrorCenter.h"
 #include "kvcore/KVBookmark.h"
 #include "kvcore/KVFatalError.h"
 #include "kvcore/KVLocalizationCenter.h"
 #include "kvcore/KVLog.h"
 #include "kvcore/KVMainThread.h"
-#include "kvcore/KVTime.h"
 #include "platform/KVFileManager.h"
 #include "platform/KVUserQuestions.h"
 #include "tasks/KVHardwareAcceleration.h"
@@ -214,11 +214,7 @@ void KVApplicationController::conversionQueueWillStartConversion(const Queue &,
 
 void KVApplicationController::conversionQueueConversionDidUpdateStatus(const Queue &, const Conversion &) {
     const double total = KVConversionQueue::totalProgress();
-    double longest = 0;
-    for (const auto &queue : KVConversionQueue::allQueues())
-        for (const auto &conversion : queue->conversions())
-            longest = std::max(longest, conversion->estimatedTime.load());
-    _surroundings.progressBar.setProgress(total, KVTime::localizedTimeString(longest));
+    _surroundings.progressBar.setProgress(total, KVTimeLeft::text());
     _surroundings.services.showTaskbarProgress(total);
     if (total == 1.0 && !KVConversionQueue::isAnyQueueWorking()) _surroundings.progressBar.slideOut();
 }

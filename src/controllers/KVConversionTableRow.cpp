@@ -52,7 +52,21 @@ QString KVConversionTableRow::statusText() const {
     if (_conversion->state == KVConversionState::paused) return KVLocalizationCenter::localized("Paused");
     if (const QString summary = outcome().summary; !summary.isEmpty()) return summary;
     const QString status = _conversion->statusString();
-    return status.isEmpty() ? _conversion->estimatedTimeString() : status;
+    const QString text = status.isEmpty() ? _conversion->estimatedTimeString() : status;
+    if (_conversion->state != KVConversionState::waitingToStart) return text;
+    return (QStringList{text} + _notes()).join(QStringLiteral(" \u00b7 "));
+}
+
+/// What is known of the files beforehand: their external subtitles, and what a conversion will lose.
+QStringList KVConversionTableRow::_notes() const {
+    QStringList notes;
+    QStringList warnings;
+    for (const auto &file : _conversion->mediaFiles()) {
+        const auto video = std::dynamic_pointer_cast<const KVVideoFile>(file);
+        if (video && video->subtitlesFileURL) notes.append(video->subtitlesText());
+        warnings += file->warnings;
+    }
+    return notes + warnings;
 }
 
 QString KVConversionTableRow::toolTip() const {
@@ -60,8 +74,8 @@ QString KVConversionTableRow::toolTip() const {
     for (const auto &file : _conversion->mediaFiles())
         paths.append(file->url().toLocalFile());
     if (const QStringList sentences = outcome().sentences; !sentences.isEmpty())
-        paths += QStringList{QString()} + sentences;
-    return paths.join("\n");
+        return (paths + QStringList{QString()} + sentences).join("\n");
+    return (paths + _notes()).join("\n");
 }
 
 QString KVConversionTableRow::accessibleText() const {
@@ -363,13 +377,12 @@ void KVConversionTableRow::setSubtitles(const QUrl &url) const {
     if (!video) return;
     const auto encoding = _services->chooseSubtitleEncoding(*video, url);
     if (!encoding) return;
-    video->subtitlesFileURL = url;
-    video->subtitlesFileEncoding = *encoding;
+    video->setSubtitles(url, *encoding);
     _tellFilesChanged();
 }
 
 void KVConversionTableRow::removeSubtitles() const {
-    if (const auto video = _videoFile()) video->subtitlesFileURL.reset();
+    if (const auto video = _videoFile()) video->setSubtitles(std::nullopt);
     _tellFilesChanged();
 }
 

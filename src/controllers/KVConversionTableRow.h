@@ -37,10 +37,11 @@ class KVConversionTableRow {
     /// The files' names, or the name that the user gave, and the row's own preset in brackets.
     QString title() const;
     /// What stands below the title: the state, the present step, the time left, why it failed or what the
-    /// result lacks.
+    /// result lacks; while the row waits, also its external subtitles and the warnings of its files.
     QString statusText() const;
     KVRowOutcome outcome() const { return KVRowOutcome::of(*_conversion); }
-    /// The paths of the files, and the cause of a failure or the warnings.
+    /// The paths of the files, and the cause of a failure or the warnings; before the end, the external
+    /// subtitles and the warnings of the files.
     QString toolTip() const;
     /// What a screen reader says of the row.
     QString accessibleText() const;
@@ -86,6 +87,7 @@ class KVConversionTableRow {
     void makeDVD() const;
 
   private:
+    QStringList _notes() const;
     KVMenu _stateItems() const;
     KVMenu _finishedItems() const;
     KVMenu _retryItems() const;

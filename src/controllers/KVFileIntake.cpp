@@ -1,5 +1,7 @@
 #include "controllers/KVFileIntake.h"
 
+#include "controllers/KVAudioTrackQuestion.h"
+#include "controllers/KVSubtitlesDetection.h"
 #include "conversion/conversions/KVAudioConversion.h"
 #include "conversion/conversions/KVConversion.h"
 #include "delivery/ZRFixAIFFFile.h"
@@ -30,6 +32,8 @@ constexpr int maximumNumberOfWaitingFiles = 3;
 
 /// The mark of an AIFF whose sample data the tool reads wrongly.
 constexpr QLatin1String misreadFormat{"twos / 0x736F7774"};
+
+const QString videoFolderName = QStringLiteral("VIDEO_TS");
 
 bool isProtectedMusic(const QUrl &url) {
     return KVFileManager::pathExtension(url).toLower() == QLatin1String("m4p");
@@ -64,16 +68,19 @@ KVFileIntake::~KVFileIntake() {
 }
 
 bool KVFileIntake::addFiles(const QList<QUrl> &urls) {
+    const QList<QUrl> scopedURLs = _sandboxURLs(urls);
+    const Load load = _expected(scopedURLs);
     bool isAnyAdded = false;
-    for (const QUrl &url : _sandboxURLs(urls))
-        isAnyAdded |= addFile(url);
+    for (const QUrl &url : scopedURLs)
+        isAnyAdded |= _takeTurn(url, load);
     return isAnyAdded;
 }
 
 void KVFileIntake::addURLs(const QList<QUrl> &urls) {
+    const Load load = _expected(urls);
     for (const QUrl &url : urls) {
         if (url.isLocalFile()) {
-            addFile(url);
+            _takeTurn(url, load);
             continue;
         }
         KVLog(QStringLiteral("Kalvora currently doesn't support non-file URLs (%1).").arg(url.toString()));
@@ -84,12 +91,34 @@ void KVFileIntake::addURLs(const QList<QUrl> &urls) {
 
 void KVFileIntake::addFilesInBackground(const QList<QUrl> &urls) {
     _numberOfPendingItems += urls.size();
-    for (const QUrl &url : urls) {
-        _loadInBackground([this, url] {
-            addFiles({url});
+    const QList<QUrl> scopedURLs = _sandboxURLs(urls);
+    const Load load = _expected(scopedURLs);
+    for (const QUrl &url : scopedURLs) {
+        _loadInBackground([this, url, load] {
+            _takeTurn(url, load);
             --_numberOfPendingItems;
         });
     }
+}
+
+KVFileIntake::Load KVFileIntake::_expected(const QList<QUrl> &urls) {
+    auto load = std::make_shared<KVIntakeLoad>(_probeAhead);
+    for (const QUrl &url : urls) {
+        if (!url.isLocalFile()) continue;
+        if (KVFileManager::isDirectory(url))
+            load->expectFolder();
+        else
+            load->expectFile(url);
+    }
+    return load;
+}
+
+bool KVFileIntake::_takeTurn(const QUrl &url, const Load &load, bool isFolderMember) {
+    if (!isFolderMember && KVFileManager::isDirectory(url)) load->beginFolder();
+    const auto ticket = load->beginFile(url);
+    const bool isAdded = addFile({url, load, isFolderMember, ticket});
+    if (ticket) _probeAhead.forget(ticket);
+    return isAdded;
 }
 
 bool KVFileIntake::waitUntilLoaded(double seconds) {
@@ -101,40 +130,40 @@ void KVFileIntake::cancelLoading() {
     _probeAhead.stop();
 }
 
-bool KVFileIntake::addFile(const QUrl &url, bool isFolderMember, const ReadFile &read) {
-    return !_isCancelled && _addFile(url, isFolderMember, read);
+bool KVFileIntake::addFile(const Item &item) {
+    return !_isCancelled && _addFile(item);
 }
 
-bool KVFileIntake::_addFile(const QUrl &url, bool isFolderMember, const ReadFile &read) {
+bool KVFileIntake::_addFile(const Item &item) {
     using Kind = KVIntakeRefusal::Kind;
+    const QUrl &url = item.url;
     const auto refuse = [&](Kind kind, const char *reason) {
-        _refuse(kind, url, KVLocalizationCenter::localized(reason), isFolderMember);
+        _refuse(kind, url, KVLocalizationCenter::localized(reason), item.isFolderMember);
         return false;
     };
 
     if (!url.isLocalFile()) return refuse(Kind::notAFile, "Only files can be added.");
-    if (KVFileManager::isDirectory(url)) return _addFolder(url, isFolderMember);
+    if (KVFileManager::isDirectory(url)) return _addFolder(item);
     if (isProtectedMusic(url)) return refuse(Kind::isProtected, "Protected music files cannot be converted.");
     if (KVConversionQueue::anyQueueContainsMedia(url))
         return refuse(Kind::alreadyQueued, "The file is in the queue already.");
 
-    const auto file = read(url);
+    const auto file = item.ticket ? _probeAhead.take(item.ticket) : readFile(url);
     if (!file) {
-        _refuseUnreadable(url, file.error(), isFolderMember);
+        _refuseUnreadable(url, file.error(), item.isFolderMember);
         return false;
     }
-    return _isAcceptable(*file, isFolderMember) && _queue(*file, isFolderMember);
+    return _isAcceptable(*file, item) && _queue(*file, item.isFolderMember);
 }
 
-bool KVFileIntake::_addFolder(const QUrl &url, bool isFolderMember) {
+bool KVFileIntake::_addFolder(const Item &item) {
+    const auto &[url, load, isFolderMember, ticket] = item;
     if (KVFileManager::pathExtension(url) == QLatin1String("dvdmedia"))
-        return addFile(KVFileManager::appendingPathComponent(url, QStringLiteral("VIDEO_TS")),
-                       isFolderMember);
-    if (KVFileManager::lastPathComponent(url) == QLatin1String("VIDEO_TS"))
-        return _addDVD(url, isFolderMember);
+        return addFile({KVFileManager::appendingPathComponent(url, videoFolderName), load, isFolderMember});
+    if (KVFileManager::lastPathComponent(url) == videoFolderName) return _addDVD(item);
 
     Walk walk;
-    const auto isAnyAdded = _addFiles(url, 0, walk);
+    const auto isAnyAdded = _addFiles(url, 0, walk, load);
     if (isAnyAdded) return *isAnyAdded;
     KVError error = isAnyAdded.error();
     // A subfolder that cannot be read ends the walk.
@@ -145,16 +174,18 @@ bool KVFileIntake::_addFolder(const QUrl &url, bool isFolderMember) {
     return false;
 }
 
-bool KVFileIntake::_addDVD(const QUrl &url, bool isFolderMember) {
-    const auto file = KVMediaFile::mediaFile(url);
-    if (file) return _queue(*file, isFolderMember);
-    _refuseUnreadable(url, file.error(), isFolderMember);
+bool KVFileIntake::_addDVD(const Item &item) {
+    const auto file = KVMediaFile::mediaFile(item.url);
+    if (file) return _queue(*file, item.isFolderMember);
+    _refuseUnreadable(item.url, file.error(), item.isFolderMember);
     return false;
 }
 
-KVResult<bool> KVFileIntake::_addFiles(const QUrl &folder, int depth, Walk &walk) {
+KVResult<bool> KVFileIntake::_addFiles(const QUrl &folder, int depth, Walk &walk, const Load &load) {
     using namespace KVPreferenceKeys;
-    if (depth != 0 && !KVPreferences::shared().boolean(RecursivelyProcessAllFolders, false)) return false;
+    const bool isRecursive = KVPreferences::shared().boolean(RecursivelyProcessAllFolders, false);
+    if (depth != 0 && !isRecursive) return false;
+    if (depth != 0) load->beginFolder();
     if (const auto identity = identityOfFolder(folder); identity && !walk.insert(*identity).second) {
         _refuse(KVIntakeRefusal::Kind::alreadyQueued, folder,
                 KVLocalizationCenter::localized("The folder has been read already."), true);
@@ -166,38 +197,54 @@ KVResult<bool> KVFileIntake::_addFiles(const QUrl &folder, int depth, Walk &walk
     for (const QString &name : KVFileManager::undecodableNames(folder))
         _refuse({KVIntakeRefusal::Kind::unreadable, folder.toLocalFile() + '/' + name,
                  KVLocalizationCenter::localized("The name is not UTF-8."), true});
+    for (const QUrl &member : *members) {
+        if (!KVFileManager::isDirectory(member))
+            load->expectFile(member);
+        else if (isRecursive)
+            load->expectFolder();
+    }
     bool isAnyAdded = false;
     for (const QUrl &member : *members) {
         if (_isCancelled) break;
         if (!KVFileManager::isDirectory(member)) {
-            isAnyAdded |= _addMember(member);
+            isAnyAdded |= _addMember(member, load);
             continue;
         }
-        auto isAnyAddedInside = _addFiles(member, depth + 1, walk);
+        _reportDisc(member);
+        auto isAnyAddedInside = _addFiles(member, depth + 1, walk, load);
         if (!isAnyAddedInside) return isAnyAddedInside;
         isAnyAdded |= *isAnyAddedInside;
     }
     return isAnyAdded;
 }
 
-bool KVFileIntake::_addMember(const QUrl &member) {
+/// Reports the disc of a folder that was met in a walk: the folder itself, or what its package holds.
+void KVFileIntake::_reportDisc(const QUrl &folder) const {
+    const auto observer = _observer.lock();
+    if (!observer) return;
+    const bool isPackage = KVFileManager::pathExtension(folder) == QLatin1String("dvdmedia");
+    const QUrl videoFolder =
+        isPackage ? KVFileManager::appendingPathComponent(folder, videoFolderName) : folder;
+    if (KVFileManager::lastPathComponent(videoFolder) == videoFolderName &&
+        KVFileManager::isDirectory(videoFolder))
+        observer->intakeDidMeetDisc(videoFolder);
+}
+
+bool KVFileIntake::_addMember(const QUrl &member, const Load &load) {
     int numberOfWaitingFiles = 0;
     for (const auto &queue : KVConversionQueue::allQueues())
         numberOfWaitingFiles += queue->numberOfFilesWaitingToBeConverted();
-    if (numberOfWaitingFiles <= maximumNumberOfWaitingFiles) return addFile(member, true);
-    _loadMemberInBackground(member);
+    if (numberOfWaitingFiles <= maximumNumberOfWaitingFiles) return _takeTurn(member, load, true);
+    _loadMemberInBackground(member, load);
     return false;
 }
 
 /// Its turn comes behind all others, but it is looked at as soon as a processor has time for it, unless its
 /// name alone settles its case.
-void KVFileIntake::_loadMemberInBackground(const QUrl &member) {
-    if (isProtectedMusic(member) || KVConversionQueue::anyQueueContainsMedia(member))
-        return _loadInBackground([this, member] { addFile(member, true); });
-    _loadInBackground([this, member, ticket = _probeAhead.expect(member)] {
-        addFile(member, true, [&](const QUrl &) { return _probeAhead.take(ticket); });
-        _probeAhead.forget(ticket);
-    });
+void KVFileIntake::_loadMemberInBackground(const QUrl &member, const Load &load) {
+    if (!isProtectedMusic(member) && !KVConversionQueue::anyQueueContainsMedia(member))
+        load->lookAhead(member);
+    _loadInBackground([this, member, load] { _takeTurn(member, load, true); });
 }
 
 void KVFileIntake::_loadInBackground(std::function<void()> load) {
@@ -235,18 +282,20 @@ QList<QUrl> KVFileIntake::_sandboxURLs(const QList<QUrl> &urls) const {
     return scopedURLs;
 }
 
-bool KVFileIntake::_isAcceptable(const std::shared_ptr<KVMediaFile> &file, bool isFolderMember) {
+bool KVFileIntake::_isAcceptable(const std::shared_ptr<KVMediaFile> &file, const Item &item) {
     // A video is a kind of audio file, so it is asked for first.
     if (const auto video = std::dynamic_pointer_cast<KVVideoFile>(file)) {
-        if (_checkForDRMProtection(*video, isFolderMember)) return false;
-        if (!_selectAudioTrack(*video, isFolderMember)) return false;
-        if (video->automaticallyDetectSubtitles())
+        if (_checkForDRMProtection(*video, item.isFolderMember)) return false;
+        if (!_selectAudioTrack(*video, item)) return false;
+        if (video->automaticallyDetectSubtitles()) {
             KVLog(QStringLiteral("Automatically adding subtitles from %1")
                       .arg(video->subtitlesFileURL->toLocalFile()));
+            KVSubtitlesDetection::settleEncoding(*video);
+        }
         return true;
     }
     if (const auto audio = std::dynamic_pointer_cast<KVAudioFile>(file))
-        return _validateAudioFile(*audio, isFolderMember) && _selectAudioTrack(*audio, isFolderMember);
+        return _validateAudioFile(*audio, item.isFolderMember) && _selectAudioTrack(*audio, item);
     return true;
 }
 
@@ -290,7 +339,7 @@ bool KVFileIntake::_validateAudioFile(const KVAudioFile &file, bool isFolderMemb
     return false;
 }
 
-bool KVFileIntake::_selectAudioTrack(KVAudioFile &file, bool isFolderMember) {
+bool KVFileIntake::_selectAudioTrack(KVAudioFile &file, const Item &item) {
     const auto observer = _observer.lock();
     if (const auto chosen = observer ? observer->intakeChosenAudioTrack(file) : std::nullopt) {
         const auto track = std::ranges::find(file.audioTracks, *chosen, &KVAudioTrack::trackNumber);
@@ -300,35 +349,13 @@ bool KVFileIntake::_selectAudioTrack(KVAudioFile &file, bool isFolderMember) {
         }
         _refuse(KVIntakeRefusal::Kind::unsuitable, file.url(),
                 KVLocalizationCenter::localized("The file has no audio track %li.", {*chosen}),
-                isFolderMember);
+                item.isFolderMember);
         return false;
     }
-    if (file.audioTracks.size() < 2) return true;
-
-    KVAlert alert;
-    alert.messageText = KVLocalizationCenter::localized(
-        "File '%@' has more than one audio track. Please select the one you wish to convert.",
-        {KVFileManager::lastPathComponent(file.url())});
-    alert.buttons = {KVLocalizationCenter::localized("Select"), KVLocalizationCenter::localized("Skip File")};
-    for (const KVAudioTrack &track : std::as_const(file.audioTracks))
-        alert.accessoryItems.append(
-            QStringLiteral("%1: %2 (%3) - %4 kbit/s, %5 %6")
-                .arg(QString::number(track.trackNumber), track.trackName.value_or(QStringLiteral("nil")),
-                     track.format, QString::number(track.bitrate / 1024),
-                     QString::number(track.numberOfChannels), KVLocalizationCenter::localized("channels")));
-
-    const KVAlertResponse response = KVUserQuestion::runModalOnMainThread(alert);
-    if (!response.isFirstButton()) {
-        _refuse(KVIntakeRefusal::Kind::skipped, file.url(),
-                KVLocalizationCenter::localized("The file was skipped."), isFolderMember);
-        return false;
-    }
-    const qsizetype index = response.accessoryIndex.value_or(-1);
-    if (index >= 0 && index < file.audioTracks.size())
-        file.selectedAudioTrack = file.audioTracks[index];
-    else
-        file.selectedAudioTrack = std::nullopt;
-    return true;
+    if (file.audioTracks.size() < 2 || KVAudioTrackQuestion::select(file, *item.load)) return true;
+    _refuse(KVIntakeRefusal::Kind::skipped, file.url(),
+            KVLocalizationCenter::localized("The file was skipped."), item.isFolderMember);
+    return false;
 }
 
 bool KVFileIntake::_queue(const std::shared_ptr<KVMediaFile> &file, bool isFolderMember) {
@@ -368,8 +395,7 @@ QString KVFileIntake::reasonForUnreadableFile(const QUrl &url, const KVError &er
 void KVFileIntake::_refuseUnreadable(const QUrl &url, const KVError &error, bool isFolderMember) const {
     KVLog(QStringLiteral("Could not read file %1 - %2")
               .arg(KVFileManager::lastPathComponent(url), error.reason));
-    const bool isFiltered = error.reason == KVLocalizationCenter::localized(
-                                                "File type is blacklisted by a file extension filter.");
+    const bool isFiltered = error.domain == KVMediaFileErrorDomain && error.kind() == KVMediaFileIsFiltered;
     _refuse(isFiltered ? KVIntakeRefusal::Kind::filtered : KVIntakeRefusal::Kind::unreadable, url,
             reasonForUnreadableFile(url, error), isFolderMember);
 }

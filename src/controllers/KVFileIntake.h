@@ -1,7 +1,7 @@
 #pragma once
 
+#include "controllers/KVIntakeLoad.h"
 #include "controllers/KVIntakeObserver.h"
-#include "controllers/KVProbeAhead.h"
 #include "kvcore/KVError.h"
 #include "kvcore/KVNotificationCenter.h"
 #include "kvcore/KVSerialQueue.h"
@@ -75,22 +75,32 @@ class KVFileIntake {
     /// entered once.
     using Walk = std::set<std::pair<quint64, quint64>>;
 
-    using ReadFile = std::function<KVProbeAhead::Result(const QUrl &)>;
+    using Load = std::shared_ptr<KVIntakeLoad>;
+    /// An item whose turn has come.
+    struct Item {
+        QUrl url;
+        Load load;
+        bool isFolderMember = false;
+        KVIntakeLoad::Ticket ticket = {}; ///< If the file has been looked at ahead of its turn.
+    };
 
-    bool addFile(const QUrl &url, bool isFolderMember = false, const ReadFile &read = readFile);
-    bool _addFile(const QUrl &url, bool isFolderMember, const ReadFile &read);
-    bool _addFolder(const QUrl &url, bool isFolderMember);
-    bool _addDVD(const QUrl &url, bool isFolderMember);
-    KVResult<bool> _addFiles(const QUrl &folder, int depth, Walk &walk);
-    bool _addMember(const QUrl &member);
-    void _loadMemberInBackground(const QUrl &member);
+    Load _expected(const QList<QUrl> &urls);
+    bool _takeTurn(const QUrl &url, const Load &load, bool isFolderMember = false);
+    bool addFile(const Item &item);
+    bool _addFile(const Item &item);
+    bool _addFolder(const Item &item);
+    bool _addDVD(const Item &item);
+    KVResult<bool> _addFiles(const QUrl &folder, int depth, Walk &walk, const Load &load);
+    void _reportDisc(const QUrl &folder) const;
+    bool _addMember(const QUrl &member, const Load &load);
+    void _loadMemberInBackground(const QUrl &member, const Load &load);
     void _loadInBackground(std::function<void()> load);
     QList<QUrl> _sandboxURLs(const QList<QUrl> &urls) const;
 
-    bool _isAcceptable(const std::shared_ptr<KVMediaFile> &file, bool isFolderMember);
+    bool _isAcceptable(const std::shared_ptr<KVMediaFile> &file, const Item &item);
     bool _checkForDRMProtection(const KVMediaFile &file, bool isFolderMember);
     bool _validateAudioFile(const KVAudioFile &file, bool isFolderMember);
-    bool _selectAudioTrack(KVAudioFile &file, bool isFolderMember);
+    bool _selectAudioTrack(KVAudioFile &file, const Item &item);
     bool _queue(const std::shared_ptr<KVMediaFile> &file, bool isFolderMember);
 
     void _refuseUnreadable(const QUrl &url, const KVError &error, bool isFolderMember) const;

@@ -19,7 +19,7 @@ struct KVIntakeRefusal {
         unreadable,    ///< Missing, empty, not permitted, or of no known format.
         isProtected,   ///< Encrypted against copying.
         damaged,       ///< Its sound data is known to be read wrongly.
-        skipped,       ///< The user chose to leave it out.
+        skipped,       ///< The user chose to skip it.
         otherType,     ///< The observer takes no files of its type.
         unsuitable,    ///< The observer did not want it.
     };
@@ -27,10 +27,14 @@ struct KVIntakeRefusal {
     QString path;                ///< As text; bytes that are no text are written "\xNN".
     QString reason;              ///< One sentence for the user.
     bool isFolderMember = false; ///< Met while walking a folder, not named by the user.
+
+    /// True for what lies beside the media of a folder and was hardly meant: it is no medium by its
+    /// extension.
+    bool isExpected() const { return isFolderMember && kind == Kind::filtered; }
 };
 
-/// Told what becomes of the items that enter. The window needs nothing of this, a front end without one has
-/// to say what the intake refuses in silence. The intake holds its observer weakly.
+/// Is notified of what becomes of the items that enter, so that a front end can show what the intake rejects
+/// without an alert. The intake holds its observer weakly.
 class KVIntakeObserver {
   public:
     struct Objection {
@@ -55,4 +59,8 @@ class KVIntakeObserver {
 
     /// On the loading thread.
     virtual void intakeDidRefuse(const KVIntakeRefusal &) {}
+
+    /// A folder that is being walked holds a DVD, whose VIDEO_TS folder this is. It is walked like any other
+    /// folder; adding its URL adds the disc. On the loading thread.
+    virtual void intakeDidMeetDisc(const QUrl &) {}
 };

@@ -1,5 +1,7 @@
 #include "controllers/KVProbeAhead.h"
 
+#include "video_info/media_file/KVMediaFile.h"
+
 #include <QFile>
 
 #include <algorithm>
@@ -65,14 +67,21 @@ std::shared_ptr<KVProbeAhead::Ticket> KVProbeAhead::expect(const QUrl &url) {
     return ticket;
 }
 
+std::shared_ptr<const KVMediaFile> KVProbeAhead::peek(const std::shared_ptr<Ticket> &ticket) {
+    std::unique_lock lock(_mutex);
+    if (ticket->state == Ticket::State::waiting) _look(*ticket, lock);
+    _changed.wait(lock, [&] { return ticket->state != Ticket::State::probing; });
+    return ticket->result ? ticket->result->value_or(nullptr) : nullptr;
+}
+
 KVProbeAhead::Result KVProbeAhead::take(const std::shared_ptr<Ticket> &ticket) {
     std::unique_lock lock(_mutex);
-    if (ticket->state == Ticket::State::waiting) ticket->state = Ticket::State::theTakers;
     _changed.wait(lock, [&] { return ticket->state != Ticket::State::probing; });
+    ticket->state = Ticket::State::theTakers;
+    auto result = std::exchange(ticket->result, std::nullopt);
     lock.unlock();
-    const bool isStillTrue =
-        ticket->result && ticket->signature && ticket->signature == signatureOf(ticket->url);
-    return isStillTrue ? *std::exchange(ticket->result, std::nullopt) : _probe(separateCopy(ticket->url));
+    const bool isStillTrue = result && ticket->signature && ticket->signature == signatureOf(ticket->url);
+    return isStillTrue ? std::move(*result) : _probe(separateCopy(ticket->url));
 }
 
 void KVProbeAhead::forget(const std::shared_ptr<Ticket> &ticket) {
@@ -108,17 +117,22 @@ void KVProbeAhead::_run(const std::stop_token &stop) {
     std::shared_ptr<Ticket> ticket;
     while (_changed.wait(lock, stop, [&] { return _hasRoom() && (ticket = _next()) != nullptr; }) &&
            !stop.stop_requested()) {
-        ticket->state = Ticket::State::probing;
-        ++_numberOfProbes;
-        lock.unlock();
-        auto signature = signatureOf(ticket->url);
-        auto result = _probe(separateCopy(ticket->url));
-        lock.lock();
-        ticket->signature = signature;
-        ticket->result = std::move(result);
-        ticket->state = Ticket::State::ready;
-        --_numberOfProbes;
+        _look(*ticket, lock);
         ticket.reset();
-        _changed.notify_all();
     }
+}
+
+/// Probes the file without the lock and stores the result with it.
+void KVProbeAhead::_look(Ticket &ticket, std::unique_lock<std::mutex> &lock) {
+    ticket.state = Ticket::State::probing;
+    ++_numberOfProbes;
+    lock.unlock();
+    auto signature = signatureOf(ticket.url);
+    auto result = _probe(separateCopy(ticket.url));
+    lock.lock();
+    ticket.signature = signature;
+    ticket.result = std::move(result);
+    ticket.state = Ticket::State::ready;
+    --_numberOfProbes;
+    _changed.notify_all();
 }

@@ -19,7 +19,7 @@ class KVMediaFile;
 /// finds the answer ready. Stays a few files ahead and no more: what waits behind a question to the user is
 /// looked at when the question is answered.
 ///
-/// `expect` from any thread, `take` and `forget` from the one that takes.
+/// `expect` from any thread; `peek`, `take` and `forget` from the one that takes.
 class KVProbeAhead {
   public:
     using Result = KVResult<std::shared_ptr<KVMediaFile>>;
@@ -36,6 +36,10 @@ class KVProbeAhead {
     /// The file will be taken, in the order of the calls.
     std::shared_ptr<Ticket> expect(const QUrl &url);
 
+    /// Looks at the file before its turn, unless that has been done, and keeps the result for `take`. Empty
+    /// if the file is not a medium. Blocks while ffmpeg runs.
+    std::shared_ptr<const KVMediaFile> peek(const std::shared_ptr<Ticket> &ticket);
+
     /// What the file is: the answer that is ready, as long as the file is the same as then, else a new one.
     Result take(const std::shared_ptr<Ticket> &ticket);
 
@@ -47,6 +51,7 @@ class KVProbeAhead {
 
   private:
     void _run(const std::stop_token &stop);
+    void _look(Ticket &ticket, std::unique_lock<std::mutex> &lock);
     bool _hasRoom() const;
     std::shared_ptr<Ticket> _next() const;
 

@@ -86,8 +86,20 @@ QStringList encodingNames() {
     return names;
 }
 
+/// The lines with characters beyond ASCII; time codes and markup say nothing about the encoding. The whole
+/// text if it does not consist of such bytes.
+QByteArray tellingLines(const QByteArray &text) {
+    if (text.contains('\0') || text.contains('\x1b')) return text; // UTF-16, ISO-2022
+    QByteArray lines;
+    for (const QByteArray &line : text.split('\n'))
+        if (std::ranges::any_of(line, [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; }))
+            lines += line + '\n';
+    return lines.isEmpty() ? text : lines;
+}
+
 /// How sure detection is, from 0 to 100, by lower-cased name.
-QHash<QString, int> likelihoods(const QByteArray &text) {
+QHash<QString, int> likelihoods(const QByteArray &wholeText) {
+    const QByteArray text = tellingLines(wholeText);
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<UCharsetDetector, decltype(&ucsdet_close)> detector(ucsdet_open(&status),
                                                                               &ucsdet_close);
@@ -104,14 +116,28 @@ QHash<QString, int> likelihoods(const QByteArray &text) {
 
 } // namespace
 
-QList<KVTextEncoding> KVTextEncodingsThatDecode(const QByteArray &text) {
+QList<KVTextEncoding> KVTextEncodingsThatDecode(const QByteArray &text, bool isWhole,
+                                                const std::function<bool()> &isUnwanted) {
     const QHash<QString, int> likely = likelihoods(text);
     QList<KVTextEncoding> encodings;
-    for (const QString &name : encodingNames())
-        if (KVSubtitlesFile::decoded(text, name))
-            encodings.append({name, localizedNameOf(name), likely.value(name.toLower())});
+    for (const QString &name : encodingNames()) {
+        if (isUnwanted && isUnwanted()) return {};
+        if (isWhole ? !KVSubtitlesFile::decoded(text, name) : !KVSubtitlesFile::decodedBeginning(text, name))
+            continue;
+        encodings.append({name, localizedNameOf(name), likely.value(name.toLower())});
+    }
     std::ranges::sort(encodings, [](const auto &a, const auto &b) {
         return QString::localeAwareCompare(a.localizedName, b.localizedName) < 0;
     });
+    return encodings;
+}
+
+QList<KVTextEncoding> KVTextEncodingsByLikelihood(const QByteArray &text) {
+    const QHash<QString, int> likely = likelihoods(text);
+    QList<KVTextEncoding> encodings;
+    for (const QString &name : encodingNames())
+        if (const int likelihood = likely.value(name.toLower()); likelihood > 0)
+            encodings.append({name, localizedNameOf(name), likelihood});
+    std::ranges::stable_sort(encodings, std::ranges::greater(), &KVTextEncoding::likelihood);
     return encodings;
 }

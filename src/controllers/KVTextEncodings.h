@@ -4,7 +4,7 @@
 #include <QList>
 #include <QString>
 
-#include <optional>
+#include <functional>
 
 /// A text encoding that a subtitles file may have.
 struct KVTextEncoding {
@@ -15,5 +15,12 @@ struct KVTextEncoding {
     bool isLikely() const { return likelihood >= 25; }
 };
 
-/// The encodings that can decode `text`, sorted by their localised names; none where no encoding can.
-QList<KVTextEncoding> KVTextEncodingsThatDecode(const QByteArray &text);
+/// The encodings that can decode `text`, sorted by their localised names; empty if no encoding can. A
+/// character that is cut off at the end of `text` is ignored unless `isWhole`. `isUnwanted` is asked between
+/// two encodings and ends the search early. Any thread.
+QList<KVTextEncoding> KVTextEncodingsThatDecode(const QByteArray &text, bool isWhole = true,
+                                                const std::function<bool()> &isUnwanted = {});
+
+/// The encodings that detection considers possible for `text`, the likeliest first. They need not decode it.
+/// Any thread.
+QList<KVTextEncoding> KVTextEncodingsByLikelihood(const QByteArray &text);

@@ -2,6 +2,10 @@
 
 #include <cstring>
 
+QString KVError::kind() const {
+    return userInfo.value(KVErrorKindKey).toString();
+}
+
 KVError KVPOSIXError(const QString &what, int errnoValue) {
     return {KVPOSIXErrorDomain,
             errnoValue,

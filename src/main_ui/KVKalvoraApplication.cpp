@@ -5,6 +5,8 @@
 #include "main_ui/KVDebugPane.h"
 #include "main_ui/KVWhatsNewWindowController.h"
 #include "main_ui/main_window/KVFooterView.h"
+#include "main_ui/main_window/KVNoticeBar.h"
+#include "main_ui/main_window/refusals/KVRefusalsNotice.h"
 #include "main_ui/main_window/subtitles/KVSubtitleEncodingChooser.h"
 #include "main_ui/questions/KVWindowQuestions.h"
 #include "platform/KVFileManager.h"
@@ -47,7 +49,16 @@ class KVKalvoraApplication::RowServices : public KVConversionRowServices {
 
 std::shared_ptr<KVKalvoraApplication> KVKalvoraApplication::create() {
     loadIcons();
-    return std::shared_ptr<KVKalvoraApplication>(new KVKalvoraApplication);
+    // The first reads come while the application is being made.
+    const auto current = std::make_shared<std::weak_ptr<KVKalvoraApplication>>(); // main thread
+    KVPreferences::setDamageReporter([current](const QString &path, const QString &keptPath) {
+        KVMainThread::async([current, path, keptPath] {
+            if (const auto application = current->lock()) application->_reportDamagedStore(path, keptPath);
+        });
+    });
+    auto application = std::shared_ptr<KVKalvoraApplication>(new KVKalvoraApplication);
+    *current = application;
+    return application;
 }
 
 KVKalvoraApplication::KVKalvoraApplication()
@@ -59,12 +70,15 @@ KVKalvoraApplication::KVKalvoraApplication()
           .terminate = [this] { terminate(); },
       })) {
     KVUserQuestion::setResponder(std::make_shared<KVWindowQuestions>(_window.get()));
+    _controller->setObserver(_refusals);
+    new KVRefusalsNotice(*_window, _refusals, [this](const QUrl &disc) { addFiles({disc}); });
 }
 
 KVKalvoraApplication::~KVKalvoraApplication() {
     // Whoever still holds the controller must not reach us through it.
     _controller->applicationWillTerminate();
     KVUserQuestion::setResponder(nullptr);
+    KVPreferences::setDamageReporter({});
 }
 
 void KVKalvoraApplication::launch(const QList<QUrl> &urls) {
@@ -85,6 +99,16 @@ void KVKalvoraApplication::_start() {
     KVBackgroundQueue::shared().async([](const std::stop_token &) { KVPictureLibrary::prepare(); });
     _hasLaunched = true;
     if (const auto urls = std::exchange(_urlsAtLaunch, {}); !urls.isEmpty()) addFiles(urls);
+}
+
+void KVKalvoraApplication::_reportDamagedStore(const QString &path, const QString &keptPath) {
+    auto *bar = new KVNoticeBar(QStringLiteral("failed"));
+    _window->addNoticeBar(bar);
+    bar->addButton(KVLocalizationCenter::localized("Show in Finder"),
+                   [this, keptPath] { showInFileManager(QUrl::fromLocalFile(keptPath)); });
+    bar->setNotice(KVLocalizationCenter::localized("The preferences in %@ were damaged; they are kept as %@",
+                                                   {path, keptPath}));
+    QObject::connect(bar, &KVNoticeBar::closed, bar, &QObject::deleteLater);
 }
 
 void KVKalvoraApplication::openFiles(const QList<QUrl> &urls) {

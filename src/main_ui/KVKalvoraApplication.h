@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controllers/KVApplicationController.h"
+#include "controllers/KVIntakeRefusals.h"
 #include "main_ui/main_window/KVMainWindow.h"
 #include "platform/desktop/KVDesktop.h"
 
@@ -66,11 +67,13 @@ class KVKalvoraApplication : public KVMainWindowDelegate,
     class RowServices;
     KVKalvoraApplication();
     void _start();
+    void _reportDamagedStore(const QString &path, const QString &keptPath);
 
     KVDesktop _desktop;
     std::unique_ptr<KVMainWindow> _window;
     std::unique_ptr<KVDebugPane> _debugPane;
     std::shared_ptr<KVApplicationController> _controller;
+    std::shared_ptr<KVIntakeRefusals> _refusals = std::make_shared<KVIntakeRefusals>();
     QList<QUrl> _urlsAtLaunch;
     bool _hasLaunched = false;
     bool _isTerminating = false;

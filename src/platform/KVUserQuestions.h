@@ -23,6 +23,8 @@ struct KVAlert {
     int accessoryItemThatChangesNothing = 0;
     /// Whoever made the alert also tells an observer or a list of errors of it.
     bool isReportedElsewhere = false;
+    /// Which button the Escape key presses; `buttonThatChangesNothing` if empty.
+    std::optional<int> escapeButton = {};
 };
 
 struct KVAlertResponse {

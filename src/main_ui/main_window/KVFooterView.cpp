@@ -45,19 +45,16 @@ class SlidingArea : public QWidget {
 KVFooterView::KVFooterView(QWidget *parent)
     : QWidget(parent)
     , _addButton(new QPushButton(KVLocalizationCenter::localized("Add Files...")))
-    , _startButton(new QPushButton)
+    , _startButton(new QPushButton(KVLocalizationCenter::localized("Start")))
+    , _pauseButton(new QPushButton(KVLocalizationCenter::localized("Pause All")))
     , _loading(new QLabel)
     , _slidingPart(new QWidget)
     , _progressBar(new KVProgressLine)
     , _status(new QLabel)
     , _sliding(new QPropertyAnimation(_slidingPart, "pos", this)) {
     connect(_addButton, &QPushButton::clicked, this, &KVFooterView::addFilesRequested);
-    connect(_startButton, &QPushButton::clicked, this, [this] {
-        if (_isWorking)
-            Q_EMIT pauseRequested();
-        else
-            Q_EMIT startRequested();
-    });
+    connect(_startButton, &QPushButton::clicked, this, &KVFooterView::startRequested);
+    connect(_pauseButton, &QPushButton::clicked, this, &KVFooterView::pauseRequested);
     connect(_sliding, &QPropertyAnimation::finished, this, [this] {
         _slidingPart->setVisible(_showsProgress);
         _progressArea->updateGeometry();
@@ -79,11 +76,13 @@ KVFooterView::KVFooterView(QWidget *parent)
     layout->addWidget(_addButton);
     layout->addWidget(_loading);
     layout->addWidget(_progressArea, 1);
+    layout->addWidget(_pauseButton);
     layout->addWidget(_startButton);
     _startButton->setDefault(true);
     _slidingPart->hide();
     _loading->hide();
-    setIsWorking(false);
+    setCommands({});
+    _loadIcons();
 }
 
 void KVFooterView::setProgress(double progress, const QString &status) {
@@ -116,15 +115,14 @@ void KVFooterView::_slide(bool isIn) {
     _sliding->start();
 }
 
-void KVFooterView::setIsWorking(bool isWorking) {
-    if (_isWorking == isWorking && !_startButton->text().isEmpty()) return;
-    _isWorking = isWorking;
-    _startButton->setText(KVLocalizationCenter::localized(isWorking ? "Pause All" : "Start"));
-    _loadIcons();
-}
-
-void KVFooterView::setCanStart(bool canStart) {
-    _startButton->setEnabled(canStart);
+void KVFooterView::setCommands(const Commands &commands) {
+    const QWidget *focused = focusWidget();
+    _pauseButton->setVisible(commands.canPause);
+    _startButton->setVisible(commands.isAnyWaiting || !commands.canPause);
+    _startButton->setEnabled(commands.canStart);
+    // The keyboard stays at the buttons when one takes the place of the other.
+    if (focused == _startButton && _startButton->isHidden()) _pauseButton->setFocus();
+    if (focused == _pauseButton && _pauseButton->isHidden()) _startButton->setFocus();
 }
 
 void KVFooterView::setNumberOfLoadingFiles(int number) {
@@ -134,7 +132,8 @@ void KVFooterView::setNumberOfLoadingFiles(int number) {
 
 void KVFooterView::_loadIcons() {
     _addButton->setIcon(KVLook::icon("add", palette()));
-    _startButton->setIcon(KVLook::icon(_isWorking ? "pause" : "start", palette()));
+    _startButton->setIcon(KVLook::icon("start", palette()));
+    _pauseButton->setIcon(KVLook::icon("pause", palette()));
 }
 
 void KVFooterView::paintEvent(QPaintEvent *) {

@@ -20,8 +20,14 @@ class KVFooterView : public QWidget {
     /// The bar slides in and out.
     void setShowsProgress(bool isShown);
     bool showsProgress() const { return _showsProgress; }
-    void setIsWorking(bool isWorking);
-    void setCanStart(bool canStart);
+    /// What the buttons can do. Start is in sight while something waits or nothing runs, Pause All while
+    /// something runs.
+    struct Commands {
+        bool canStart = false;
+        bool canPause = false;
+        bool isAnyWaiting = false; ///< Or paused.
+    };
+    void setCommands(const Commands &commands);
     /// 0 while nothing is loading.
     void setNumberOfLoadingFiles(int number);
     bool isLoading() const { return !_loading->isHidden(); }
@@ -41,12 +47,12 @@ class KVFooterView : public QWidget {
 
     QPushButton *_addButton;
     QPushButton *_startButton;
+    QPushButton *_pauseButton;
     QLabel *_loading;
     QWidget *_progressArea; ///< Keeps its place, so that nothing jumps; what is inside it slides.
     QWidget *_slidingPart;
     KVProgressLine *_progressBar;
     QLabel *_status;
     QPropertyAnimation *_sliding;
-    bool _isWorking = false;
     bool _showsProgress = false;
 };

@@ -89,6 +89,11 @@ void KVMainWindow::_buildContent() {
     setCentralWidget(central);
 }
 
+void KVMainWindow::addNoticeBar(QWidget *bar) {
+    auto *layout = static_cast<QVBoxLayout *>(centralWidget()->layout());
+    layout->insertWidget(layout->indexOf(_footer), bar);
+}
+
 void KVMainWindow::_buildHistory() {
     auto *history = new KVHistoryView;
     connect(history, &KVHistoryView::openRequested, this,
@@ -179,24 +184,29 @@ KVMenu KVMainWindow::_presetItems(KVMediaFileType type) {
 void KVMainWindow::_updateCommands() {
     using enum KVConversionState;
     qsizetype running = 0;
-    qsizetype startable = 0;
+    qsizetype pausedRows = 0;
+    qsizetype unstarted = 0;
+    qsizetype waitingRows = 0;
     KVMainMenu::State state;
     for (const auto &queue : KVConversionQueue::allQueues()) {
         auto counts = countedByState(*queue);
         const qsizetype waiting = counts[waitingToStart];
         running += counts[executing];
-        startable += waiting + counts[paused];
+        pausedRows += counts[paused];
+        waitingRows += waiting;
+        if (!queue->isWorking()) unstarted += waiting; // the others come to their turn by themselves
         state.hasFinished |= counts[finished] > 0;
         state.hasInactive |= waiting > 0;
         state.canMerge |= waiting > 1;
         state.canMakeDVD |= waiting > 0 && queue->mediaFileType() == KVMediaFileType::video;
     }
-    state.canStart = startable > 0;
+    state.canStart = unstarted + pausedRows > 0;
     state.canPause = running > 0;
     state.hasInactive |= state.hasFinished;
     _menu->setState(state);
-    _footer->setIsWorking(running > 0);
-    _footer->setCanStart(running > 0 || startable > 0);
+    _footer->setCommands({.canStart = state.canStart,
+                          .canPause = state.canPause,
+                          .isAnyWaiting = waitingRows + pausedRows > 0});
 }
 
 void KVMainWindow::showDetails(const std::shared_ptr<KVConversion> &conversion) {

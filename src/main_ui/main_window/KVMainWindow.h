@@ -33,6 +33,8 @@ class KVMainWindow : public QMainWindow {
     KVFooterView &footerView() { return *_footer; }
     KVDropZoneView &dropZone() { return *_dropZone; }
     bool showsDropZone() const;
+    /// Puts the bar above the footer. The window owns it from now on.
+    void addNoticeBar(QWidget *bar);
 
     /// Opens the panel with what is known about a failure or about warnings, or raises it.
     void showDetails(const std::shared_ptr<KVConversion> &conversion);

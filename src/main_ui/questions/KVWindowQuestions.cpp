@@ -1,6 +1,7 @@
 #include "main_ui/questions/KVWindowQuestions.h"
 
 #include "kvcore/KVLocalizationCenter.h"
+#include "main_ui/questions/KVFilesAndFoldersDialog.h"
 #include "platform/KVFileManager.h"
 
 #include <QCheckBox>
@@ -15,6 +16,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <memory>
+
 namespace {
 
 QString nameFilter(const QStringList &extensions) {
@@ -22,6 +25,33 @@ QString nameFilter(const QStringList &extensions) {
     for (const QString &extension : extensions)
         patterns << "*." + extension << "*." + extension.toUpper();
     return patterns.join(' ');
+}
+
+/// Puts the widget into a row of its own above the check box and the buttons.
+void insertAboveButtons(QMessageBox &box, QWidget &widget) {
+    auto *grid = qobject_cast<QGridLayout *>(box.layout());
+    auto *buttons = box.findChild<QDialogButtonBox *>();
+    if (!grid || !buttons) return;
+    const int textColumn = grid->columnCount() - 1;
+    if (box.checkBox()) grid->removeWidget(box.checkBox());
+    grid->removeWidget(buttons);
+    int row = grid->rowCount();
+    grid->addWidget(&widget, row++, textColumn);
+    if (box.checkBox()) grid->addWidget(box.checkBox(), row++, textColumn);
+    grid->addWidget(buttons, row, 0, 1, grid->columnCount());
+}
+
+/// Qt's own dialog with our rules where files and folders can be chosen together.
+std::unique_ptr<QFileDialog> dialogFor(const KVOpenPanel &panel, QWidget *parent) {
+    if (panel.canChooseFiles && panel.canChooseFolders && panel.allowsMultipleSelection)
+        return std::make_unique<KVFilesAndFoldersDialog>(parent);
+    auto dialog = std::make_unique<QFileDialog>(parent, panel.message);
+    const bool onlyFolders = panel.canChooseFolders && !panel.canChooseFiles;
+    dialog->setFileMode(onlyFolders                     ? QFileDialog::Directory
+                        : panel.allowsMultipleSelection ? QFileDialog::ExistingFiles
+                                                        : QFileDialog::ExistingFile);
+    dialog->setOption(QFileDialog::ShowDirsOnly, onlyFolders);
+    return dialog;
 }
 
 } // namespace
@@ -41,7 +71,8 @@ KVAlertResponse KVWindowQuestions::runAlert(const KVAlert &alert) {
         buttons.append(
             box.addButton(title, buttons.isEmpty() ? QMessageBox::AcceptRole : QMessageBox::RejectRole));
     box.setDefaultButton(buttons.first());
-    box.setEscapeButton(buttons.at(qBound(0, alert.buttonThatChangesNothing, int(buttons.size()) - 1)));
+    const int escape = alert.escapeButton.value_or(alert.buttonThatChangesNothing);
+    box.setEscapeButton(buttons.at(qBound(0, escape, int(buttons.size()) - 1)));
 
     QCheckBox *suppression = nullptr;
     if (alert.suppressionTitle) {
@@ -53,8 +84,7 @@ KVAlertResponse KVWindowQuestions::runAlert(const KVAlert &alert) {
         choice = new QComboBox(&box);
         choice->addItems(alert.accessoryItems);
         choice->setAccessibleName(alert.messageText);
-        if (auto *grid = qobject_cast<QGridLayout *>(box.layout()))
-            grid->addWidget(choice, grid->rowCount() - 1, 0, 1, grid->columnCount());
+        insertAboveButtons(box, *choice);
     }
     box.exec();
 
@@ -67,17 +97,13 @@ KVAlertResponse KVWindowQuestions::runAlert(const KVAlert &alert) {
 }
 
 QList<QUrl> KVWindowQuestions::runOpenPanel(const KVOpenPanel &panel) {
-    QFileDialog dialog(_window, panel.message);
-    const bool onlyFolders = panel.canChooseFolders && !panel.canChooseFiles;
-    dialog.setFileMode(onlyFolders                     ? QFileDialog::Directory
-                       : panel.allowsMultipleSelection ? QFileDialog::ExistingFiles
-                                                       : QFileDialog::ExistingFile);
-    dialog.setOption(QFileDialog::ShowDirsOnly, onlyFolders);
-    dialog.setDirectoryUrl(panel.directory.value_or(_folder));
-    if (!panel.allowedExtensions.isEmpty()) dialog.setNameFilter(nameFilter(panel.allowedExtensions));
-    if (dialog.exec() != QDialog::Accepted) return {};
-    _folder = dialog.directoryUrl();
-    return dialog.selectedUrls();
+    const auto dialog = dialogFor(panel, _window);
+    dialog->setDirectoryUrl(panel.directory.value_or(_folder));
+    if (!panel.allowedExtensions.isEmpty()) dialog->setNameFilter(nameFilter(panel.allowedExtensions));
+    if (dialog->exec() != QDialog::Accepted) return {};
+    _folder = dialog->directoryUrl();
+    const auto *both = qobject_cast<const KVFilesAndFoldersDialog *>(dialog.get());
+    return both ? both->chosenURLs() : dialog->selectedUrls();
 }
 
 std::optional<QUrl> KVWindowQuestions::runSavePanel(const KVSavePanel &panel) {

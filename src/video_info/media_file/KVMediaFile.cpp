@@ -131,7 +131,8 @@ Result KVMediaFile::mediaFile(const QUrl &url) {
     KVLog("Will be processing file " + name);
     if (contains(refusedExtensions, extension)) {
         KVLog("Ignoring " + name + " due to extension filter");
-        return refusal("File type is blacklisted by a file extension filter.");
+        return refusal("File type is blacklisted by a file extension filter.",
+                       {{KVErrorKindKey, KVMediaFileIsFiltered}});
     }
     // The tool would wait for ever for somebody to write into a pipe.
     if (KVFileManager::isSpecialFile(url)) return refusal("This is no regular file.");
@@ -174,6 +175,11 @@ void KVMediaFile::loadThumbnail() {
         KVLog("Not loading thumbnail, since it's disabled in preferences.");
         return;
     }
+    _startThumbnail();
+}
+
+void KVMediaFile::_startThumbnail() {
+    if (!makesThumbnails) return;
     loadThumbnail([weakSelf = weak_from_this()](const ThumbnailResult &result) {
         if (!result) return KVLog("No thumbnail - " + result.error().reason);
         // Not waited for: the main thread may be waiting for this thread to end.

@@ -17,6 +17,9 @@ class KVMediaFile;
 
 inline const QString KVMediaFileErrorDomain = QStringLiteral("KVMediaFileErrorDomain");
 
+/// `KVError::kind` of a file that is rejected by its extension alone.
+inline const QString KVMediaFileIsFiltered = QStringLiteral("filtered");
+
 /// Posted on the main thread when `thumbnail` has been set.
 inline constexpr KVNotificationName<KVMediaFile> KVMediaFileDidLoadThumbnail{
     "KVMediaFileDidLoadThumbnailNotification"};
@@ -50,7 +53,8 @@ class KVMediaFile : public KVStillFrameSource, public std::enable_shared_from_th
     virtual bool isDRMProtected() const;
     /// Several lines for the log and for reports; the user's name is taken out of paths.
     virtual QString description() const;
-    /// Starts making the thumbnail in the background, unless previews are switched off.
+    /// Starts making the thumbnail in the background, unless previews are switched off. A picture is its own
+    /// preview: it always has one.
     virtual void loadThumbnail();
     /// Makes a picture in the background and calls `completion` on a thread of its own; never if the file
     /// object goes before its turn comes.
@@ -71,6 +75,9 @@ class KVMediaFile : public KVStillFrameSource, public std::enable_shared_from_th
 
   protected:
     KVMediaFile(const KVMediaFile &) = default;
+
+    /// Starts making the thumbnail if the front end wants thumbnails, whatever the preferences say.
+    void _startThumbnail();
 
   private:
     QUrl _url;

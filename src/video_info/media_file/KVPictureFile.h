@@ -17,7 +17,7 @@ class KVPictureFile : public KVMediaFile {
     std::shared_ptr<KVMediaFile> snapshot() const override { return std::make_shared<KVPictureFile>(*this); }
     KVMediaFileType mediaFileType() const override { return KVMediaFileType::picture; }
 
-    using KVMediaFile::loadThumbnail;
+    void loadThumbnail() override { _startThumbnail(); }
     /// The picture itself, made smaller in the background.
     void loadThumbnail(const ThumbnailCompletion &completion) override;
 };

@@ -16,7 +16,33 @@ bool isUsable(const QUrl &subtitles) {
     return KVFileManager::isReachable(subtitles) && !KVFileManager::isSpecialFile(subtitles);
 }
 
+QString warningOfUnreadable(const QUrl &subtitles) {
+    return KVLocalizationCenter::localized("The subtitles in '%@' are not used: their text encoding is not "
+                                           "known. Select the file in the row's menu "
+                                           "to choose it.",
+                                           {KVFileManager::lastPathComponent(subtitles)});
+}
+
 } // namespace
+
+void KVVideoFile::setSubtitles(const std::optional<QUrl> &url, const QString &encoding) {
+    if (_unreadableSubtitlesURL) warnings.removeAll(warningOfUnreadable(*_unreadableSubtitlesURL));
+    _unreadableSubtitlesURL.reset();
+    subtitlesFileURL = url;
+    subtitlesFileEncoding = encoding;
+}
+
+void KVVideoFile::setUnreadableSubtitles(const QUrl &url) {
+    setSubtitles(std::nullopt);
+    _unreadableSubtitlesURL = url;
+    warnings.append(warningOfUnreadable(url));
+}
+
+QString KVVideoFile::subtitlesText() const {
+    if (!subtitlesFileURL) return {};
+    return KVLocalizationCenter::localized(
+        "Subtitles: %@ (%@)", {KVFileManager::lastPathComponent(*subtitlesFileURL), subtitlesFileEncoding});
+}
 
 bool KVVideoFile::automaticallyDetectSubtitles() {
     if (!KVPreferences::shared().boolean(KVPreferenceKeys::automaticallyAddSubtitles, true)) return false;

@@ -16,6 +16,16 @@ class KVVideoFile : public KVAudioFile {
     QList<KVSubtitleTrack> subtitleTracks;
     QList<KVVideoTrack> videoTracks;
 
+    /// Sets or removes the external subtitles.
+    void setSubtitles(const std::optional<QUrl> &url, const QString &encoding = QStringLiteral("UTF-8"));
+    /// The subtitles file is not used, since its text encoding is not known: removes it and adds a warning
+    /// that stays until other subtitles are set.
+    void setUnreadableSubtitles(const QUrl &url);
+    /// What `setUnreadableSubtitles` was called with last; empty once other subtitles are set.
+    const std::optional<QUrl> &unreadableSubtitlesURL() const { return _unreadableSubtitlesURL; }
+    /// "Subtitles: a.srt (windows-1251)"; empty without external subtitles.
+    QString subtitlesText() const;
+
     /// Looks for an ".srt" beside the video, if the preference says so; true if it set `subtitlesFileURL`.
     bool automaticallyDetectSubtitles();
 
@@ -24,4 +34,7 @@ class KVVideoFile : public KVAudioFile {
     std::shared_ptr<KVMediaFile> snapshot() const override { return std::make_shared<KVVideoFile>(*this); }
     KVMediaFileType mediaFileType() const override { return KVMediaFileType::video; }
     std::optional<double> stillFrameVideoSeconds() const override { return seconds; }
+
+  private:
+    std::optional<QUrl> _unreadableSubtitlesURL;
 };

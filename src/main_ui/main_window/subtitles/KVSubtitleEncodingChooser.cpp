@@ -1,7 +1,7 @@
 #include "main_ui/main_window/subtitles/KVSubtitleEncodingChooser.h"
 
-#include "controllers/KVTextEncodings.h"
 #include "kvcore/KVLocalizationCenter.h"
+#include "kvcore/KVMainThread.h"
 #include "main_ui/main_window/KVLook.h"
 #include "platform/KVFileManager.h"
 #include "presets/video/base/KVSubtitlesFile.h"
@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -18,8 +19,10 @@
 
 namespace {
 
-// Subtitles are small; whatever is larger shows its beginning.
-constexpr qint64 mostBytesRead = qint64{4} * 1024 * 1024;
+// Subtitles are small; of what is larger the beginning decides.
+constexpr qint64 mostBytesRead = qint64{32} * 1024 * 1024;
+// What all encodings are tried on while the window waits, and what the preview shows.
+constexpr qsizetype bytesAtFirst = qsizetype{128} * 1024;
 
 } // namespace
 
@@ -32,7 +35,10 @@ KVSubtitleEncodingChooser::KVSubtitleEncodingChooser(const QUrl &subtitles, cons
     , _buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel)) {
     KVLook::setButton(*_buttons, QDialogButtonBox::Ok, "OK");
     KVLook::setButton(*_buttons, QDialogButtonBox::Cancel, "Cancel");
-    if (QFile file(subtitles.toLocalFile()); file.open(QIODevice::ReadOnly)) _text = file.read(mostBytesRead);
+    if (QFile file(subtitles.toLocalFile()); file.open(QIODevice::ReadOnly)) {
+        _text = file.read(mostBytesRead);
+        _isWhole = file.atEnd();
+    }
 
     setWindowTitle(KVLocalizationCenter::localized("Subtitle Encoding"));
     _messageTextField->setText(KVLocalizationCenter::localized(
@@ -62,13 +68,40 @@ KVSubtitleEncodingChooser::KVSubtitleEncodingChooser(const QUrl &subtitles, cons
     _encodingChanged();
 }
 
+KVSubtitleEncodingChooser::~KVSubtitleEncodingChooser() = default;
+
 std::optional<QString> KVSubtitleEncodingChooser::chooseEncoding() {
     if (exec() != QDialog::Accepted || _encodingPopUpButton->currentIndex() < 0) return std::nullopt;
     return _encodingPopUpButton->currentData().toString();
 }
 
 void KVSubtitleEncodingChooser::_loadEncodingsPopUpMenu(const QString &selected) {
-    const QList<KVTextEncoding> encodings = KVTextEncodingsThatDecode(_text);
+    const bool isShort = _text.size() <= bytesAtFirst;
+    _showEncodings(
+        KVTextEncodingsThatDecode(_text.first(std::min(bytesAtFirst, _text.size())), isShort && _isWhole),
+        selected);
+    if (!isShort) _checkWholeText();
+}
+
+/// Removes the encodings that decode the beginning only.
+void KVSubtitleEncodingChooser::_checkWholeText() {
+    _checking =
+        std::jthread([self = QPointer(this), text = _text, isWhole = _isWhole](const std::stop_token &stop) {
+            const auto encodings =
+                KVTextEncodingsThatDecode(text, isWhole, [&] { return stop.stop_requested(); });
+            if (stop.stop_requested()) return;
+            KVMainThread::async([self, encodings] {
+                if (!self) return;
+                self->_showEncodings(encodings, self->_encodingPopUpButton->currentData().toString());
+                self->_encodingChanged();
+            });
+        });
+}
+
+void KVSubtitleEncodingChooser::_showEncodings(const QList<KVTextEncoding> &encodings,
+                                               const QString &selected) {
+    const QSignalBlocker blocker(_encodingPopUpButton);
+    _encodingPopUpButton->clear();
     for (const KVTextEncoding &encoding : encodings) {
         _encodingPopUpButton->addItem(encoding.isLikely() ? encoding.localizedName + "  \u2605"
                                                           : encoding.localizedName,
@@ -92,5 +125,9 @@ void KVSubtitleEncodingChooser::_loadEncodingsPopUpMenu(const QString &selected)
 
 void KVSubtitleEncodingChooser::_encodingChanged() {
     const QString encoding = _encodingPopUpButton->currentData().toString();
-    _previewTextView->setPlainText(KVSubtitlesFile::decoded(_text, encoding).value_or(QString()));
+    const QByteArray beginning = _text.first(std::min(bytesAtFirst, _text.size()));
+    const bool isAll = _isWhole && beginning.size() == _text.size();
+    const auto text = isAll ? KVSubtitlesFile::decoded(beginning, encoding)
+                            : KVSubtitlesFile::decodedBeginning(beginning, encoding);
+    _previewTextView->setPlainText(text.value_or(QString()));
 }

@@ -32,6 +32,23 @@ Converter strictConverter(const QString &encoding) {
     return U_SUCCESS(status) ? std::move(converter) : Converter(nullptr, &ucnv_close);
 }
 
+/// `isWhole` is false if the text goes on after `bytes`.
+std::optional<QString> decodedPart(const QByteArray &bytes, const QString &encoding, bool isWhole) {
+    const Converter converter = strictConverter(encoding);
+    if (!converter) return std::nullopt;
+    // No encoding makes more than two units of a byte, and a state of its own may add a few.
+    QString text(2 * bytes.size() + 16, Qt::Uninitialized);
+    auto *const begin = reinterpret_cast<UChar *>(text.data());
+    UChar *target = begin;
+    const char *source = bytes.constData();
+    UErrorCode status = U_ZERO_ERROR;
+    ucnv_toUnicode(converter.get(), &target, begin + text.size(), &source, source + bytes.size(), nullptr,
+                   UBool(isWhole), &status);
+    if (U_FAILURE(status)) return std::nullopt;
+    text.truncate(target - begin);
+    return text;
+}
+
 struct Observer {
     std::mutex mutex;
     KVSubtitlesFile::FailureObserver tell;
@@ -55,17 +72,11 @@ std::optional<QString> failure(const QUrl &url, const QString &reason) {
 } // namespace
 
 std::optional<QString> KVSubtitlesFile::decoded(const QByteArray &bytes, const QString &encoding) {
-    const Converter converter = strictConverter(encoding);
-    if (!converter) return std::nullopt;
-    // No encoding makes more than two units of a byte, and a state of its own may add a few.
-    QString text(2 * bytes.size() + 16, Qt::Uninitialized);
-    UErrorCode status = U_ZERO_ERROR;
-    const auto length =
-        ucnv_toUChars(converter.get(), reinterpret_cast<UChar *>(text.data()), static_cast<int>(text.size()),
-                      bytes.constData(), static_cast<int>(bytes.size()), &status);
-    if (U_FAILURE(status)) return std::nullopt;
-    text.truncate(length);
-    return text;
+    return decodedPart(bytes, encoding, true);
+}
+
+std::optional<QString> KVSubtitlesFile::decodedBeginning(const QByteArray &bytes, const QString &encoding) {
+    return decodedPart(bytes, encoding, false);
 }
 
 bool KVSubtitlesFile::isBlank(QString text) {

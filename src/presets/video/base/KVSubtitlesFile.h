@@ -19,6 +19,9 @@ std::optional<QString> convertedToUTF8(const QUrl &url, const QString &encoding)
 /// `bytes` as text; nothing where a byte means nothing in `encoding`, or where the encoding is unknown.
 std::optional<QString> decoded(const QByteArray &bytes, const QString &encoding);
 
+/// The same for the beginning of a longer text: a character that is cut off at the end of `bytes` is dropped.
+std::optional<QString> decodedBeginning(const QByteArray &bytes, const QString &encoding);
+
 /// True if there is nothing to read in it.
 bool isBlank(QString text);
 
