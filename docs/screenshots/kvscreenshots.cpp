@@ -3,16 +3,20 @@
 #include "main_ui/KVAppearance.h"
 #include "main_ui/KVKalvoraApplication.h"
 #include "main_ui/main_window/details/KVFailureDetailsPanel.h"
+#include "main_ui/main_window/refusals/KVRefusalsDialog.h"
 #include "main_ui/main_window/subtitles/KVSubtitleEncodingChooser.h"
 #include "main_ui/main_window/table_view/KVConversionRowDelegate.h"
 #include "main_ui/main_window/table_view/KVQueueTableWidget.h"
+#include "main_ui/questions/KVWindowQuestions.h"
 #include "platform/KVScriptedQuestions.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QDir>
 #include <QFile>
+#include <QPushButton>
 #include <QScreen>
+#include <QTimer>
 
 #include <cstdio>
 #include <cstdlib>
@@ -39,6 +43,8 @@ class Photographer {
         _finished();
         _details();
         _subtitles();
+        _refusals();
+        _trackQuestion();
     }
 
   private:
@@ -121,6 +127,34 @@ class Photographer {
         chooser.show();
         _settle();
         _take("subtitles");
+    }
+
+    void _refusals() {
+        _application->clearInactiveConversionsInQueue(-1);
+        _application->addFiles({_url("Mixed"), _url("Mountain lake.png"), _url("Mountain lake.png")});
+        _application->controller().waitUntilLoaded(60);
+        _settle();
+        _take("refusals-count");
+        for (auto *button : _window().findChildren<QPushButton *>())
+            if (button->isVisible() && button->text() == KVLocalizationCenter::localized("Show..."))
+                button->click();
+        _settle();
+        auto *list = _window().findChild<KVRefusalsDialog *>();
+        list->move(_window().pos());
+        _take("refusals");
+        list->close();
+    }
+
+    void _trackQuestion() {
+        QTimer::singleShot(500, [this] {
+            QWidget *question = QApplication::activeModalWidget();
+            question->move(_window().pos() + QPoint(60, 80));
+            _take("track-question");
+            question->close();
+        });
+        KVUserQuestion::setResponder(std::make_shared<KVWindowQuestions>(&_window()));
+        _application->addFiles({_url("Two languages.mkv"), _url("Two more.mkv")});
+        KVUserQuestion::setResponder(_questions);
     }
 
     /// Sound files alone may have no picture.

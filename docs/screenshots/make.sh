@@ -33,6 +33,15 @@ make_media() {
     ffmpeg -y -nostdin -loglevel error -f lavfi -i sine=frequency=262:sample_rate=44100:duration=900 "$media/Interview.wav"
     picture "gradients=s=1500x1000:c0=0x88b7d5:c1=0x2f5d50:c2=0xe9d8a6:nb_colors=3:seed=21" "$media/Mountain lake.png"
     picture "mandelbrot=s=1200x800:start_scale=0.4" "$media/Poster.png"
+    mkdir -p "$media/Mixed/VIDEO_TS"
+    ln "$media/Mountain lake.png" "$media/Mixed/Poster of the fjords.png"
+    : > "$media/Mixed/Empty recording.wav"
+    echo "no film" > "$media/Mixed/Half a download.mkv"
+    touch "$media/Mixed/Locked song.m4p" "$media/Mixed/"{Cover,Notes}.txt "$media/Mixed/VIDEO_TS/VIDEO_TS.IFO"
+    for name in "Two languages" "Two more"; do
+        ffmpeg -y -nostdin -loglevel error -i "$media/Through the fjords.mkv" -t 2 -map 0:v -map 0:a -map 0:a -c copy \
+            -metadata:s:a:0 language=eng -metadata:s:a:1 language=nor "$media/$name.mkv"
+    done
     for number in $(seq -w 1 80); do ln "$media/Interview.wav" "$media/Folder/Track $number.wav"; done
     iconv -f UTF-8 -t WINDOWS-1251 > "$media/Through the fjords.srt.txt" <<'TEXT'
 1

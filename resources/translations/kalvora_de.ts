@@ -1522,6 +1522,48 @@ Ausgabe in Teilen.</translation>
   <message>
     <source>Last lines of the log:</source>
     <translation>Letzte Zeilen des Protokolls:</translation>
+    <source>Use for all files that follow</source>
+    <translation>Für alle folgenden Dateien verwenden</translation>
+  </message>
+  <message>
+    <source>Use for all %ld files</source>
+    <translation>Für alle %ld Dateien verwenden</translation>
+  </message>
+  <message>
+    <source>1 file was not added</source>
+    <translation>1 Datei wurde nicht hinzugefügt</translation>
+  </message>
+  <message>
+    <source>%ld files were not added</source>
+    <translation>%ld Dateien wurden nicht hinzugefügt</translation>
+  </message>
+  <message>
+    <source>The folder holds a DVD</source>
+    <translation>Der Ordner enthält eine DVD</translation>
+  </message>
+  <message>
+    <source>The folders hold %ld DVDs</source>
+    <translation>Die Ordner enthalten %ld DVDs</translation>
+  </message>
+  <message>
+    <source>1 other file in the folders was skipped</source>
+    <translation>1 weitere Datei in den Ordnern wurde übersprungen</translation>
+  </message>
+  <message>
+    <source>%ld other files in the folders were skipped</source>
+    <translation>%ld weitere Dateien in den Ordnern wurden übersprungen</translation>
+  </message>
+  <message>
+    <source>This folder is a DVD.</source>
+    <translation>Dieser Ordner ist eine DVD.</translation>
+  </message>
+  <message>
+    <source>Add the Disc</source>
+    <translation>DVD hinzufügen</translation>
+  </message>
+  <message>
+    <source>Show...</source>
+    <translation>Anzeigen ...</translation>
   </message>
   <message>
     <source>Copy</source>
@@ -1566,6 +1608,52 @@ Ausgabe in Teilen.</translation>
   <message>
     <source>The helper program that reads it crashed or ran out of memory.</source>
     <translation>Das Hilfsprogramm, das es liest, ist abgestürzt, oder der Speicher reichte nicht.</translation>
+    <source>Files That Were Not Added</source>
+    <translation>Nicht hinzugefügte Dateien</translation>
+  </message>
+  <message>
+    <source>Name</source>
+    <translation>Name</translation>
+  </message>
+  <message>
+    <source>Folder</source>
+    <translation>Ordner</translation>
+  </message>
+  <message>
+    <source>Reason</source>
+    <translation>Grund</translation>
+  </message>
+  <message>
+    <source>Add</source>
+    <translation>Hinzufügen</translation>
+  </message>
+  <message>
+    <source>Add Files and Folders</source>
+    <translation>Dateien und Ordner hinzufügen</translation>
+  </message>
+  <message>
+    <source>About %@ for all %ld files</source>
+    <translation>Etwa %@ für alle %ld Dateien</translation>
+  </message>
+  <message>
+    <source>%ld more waiting</source>
+    <translation>%ld weitere in der Warteschlange</translation>
+  </message>
+  <message>
+    <source>Current files: %@, %ld more waiting</source>
+    <translation>Laufende Dateien: %@, %ld weitere warten</translation>
+  </message>
+  <message>
+    <source>Subtitles: %@ (%@)</source>
+    <translation>Untertitel: %@ (%@)</translation>
+  </message>
+  <message>
+    <source>The subtitles in '%@' are not used: their text encoding is not known. Select the file in the row's menu to choose it.</source>
+    <translation>Die Untertitel in „%@“ werden nicht verwendet, da ihre Textkodierung unbekannt ist. Wählen Sie die Datei im Menü der Zeile aus, um sie festzulegen.</translation>
+  </message>
+  <message>
+    <source>The preferences in %@ were damaged; they are kept as %@</source>
+    <translation>Die Einstellungen in %@ waren beschädigt; sie sind als %@ aufbewahrt</translation>
   </message>
 </context>
 </TS>

@@ -8,6 +8,9 @@
 
 namespace {
 
+/// So few files are looked at however long it takes.
+constexpr int looksAtLeast = 6;
+
 bool hasSeveralTracks(const std::shared_ptr<const KVMediaFile> &file) {
     const auto audio = std::dynamic_pointer_cast<const KVAudioFile>(file);
     return audio && audio->audioTracks.size() > 1 && !audio->isDRMProtected();
@@ -62,9 +65,10 @@ KVIntakeLoad::Following KVIntakeLoad::filesWithSeveralTracks(double seconds) {
             urls.append(file.url);
         following.isComplete = _numberOfFolders == 0;
     }
+    int numberOfLooks = 0;
     for (const QUrl &url : urls) {
         if (KVConversionQueue::anyQueueContainsMedia(url)) continue;
-        if (Clock::now() >= end) return {following.numberOfFiles, false};
+        if (numberOfLooks++ >= looksAtLeast && Clock::now() >= end) return {following.numberOfFiles, false};
         // Its turn may come on another thread meanwhile.
         if (const auto ticket = _ticketFor(url))
             following.numberOfFiles += hasSeveralTracks(_probeAhead.peek(ticket));

@@ -36,7 +36,7 @@ class KVIntakeLoad {
         int numberOfFiles = 0;
         bool isComplete = true; ///< False if more files may come than could be looked at.
     };
-    /// Looks at the files to come, for about `seconds` at most.
+    /// Looks at the files to come, for about `seconds` at most if they are many.
     Following filesWithSeveralTracks(double seconds);
 
     /// What holds for all files to come, once the user said so.

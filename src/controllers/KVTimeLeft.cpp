@@ -11,22 +11,19 @@
 
 namespace {
 
-using Queue = KVTimeLeft::Queue;
-using Row = KVTimeLeft::Row;
-
 /// Seconds of media per second, as the row's own estimate assumes; 0 if it is not known.
-double speedOf(const Row &row) {
+double secondsPerSecondOf(const KVTimeLeft::Row &row) {
     const double secondsToCome = row.secondsOfMedia * (1 - row.progress);
     const bool isKnown = row.progress > 0 && row.numberOfTasks == 1 && row.secondsLeft > 0 &&
                          std::isfinite(row.secondsLeft) && secondsToCome > 0;
     return isKnown ? secondsToCome / row.secondsLeft : 0;
 }
 
-double meanSpeed(const Queue &queue) {
+double meanSpeed(const KVTimeLeft::Queue &queue) {
     double sum = 0;
     int count = 0;
-    for (const Row &row : queue.rows) {
-        const double speed = row.isWaiting ? 0 : speedOf(row);
+    for (const KVTimeLeft::Row &row : queue.rows) {
+        const double speed = row.isWaiting ? 0 : secondsPerSecondOf(row);
         if (speed <= 0) continue;
         sum += speed;
         ++count;
@@ -35,13 +32,13 @@ double meanSpeed(const Queue &queue) {
 }
 
 /// An estimate must not look more exact than it is.
-double rounded(double seconds) {
+double roundedEstimate(double seconds) {
     const double step = seconds >= 600 ? 60 : seconds >= 60 ? 10 : 1;
     return std::ceil(seconds / step) * step;
 }
 
-Row rowOf(const KVConversion &conversion) {
-    Row row;
+KVTimeLeft::Row timeRowOf(const KVConversion &conversion) {
+    KVTimeLeft::Row row;
     row.isWaiting = conversion.state == KVConversionState::waitingToStart;
     row.secondsLeft = conversion.estimatedTime;
     row.progress = conversion.progressOfCurrentTask;
@@ -113,8 +110,8 @@ QString KVTimeLeft::text(const std::vector<Queue> &queues) {
     const QString current = KVTime::localizedTimeString(longest);
     if (waiting == 0) return current;
     if (isKnown)
-        return KVLocalizationCenter::localized("About %@ for all %ld files",
-                                               {KVTime::localizedTimeString(rounded(longestOfAll)), all});
+        return KVLocalizationCenter::localized(
+            "About %@ for all %ld files", {KVTime::localizedTimeString(roundedEstimate(longestOfAll)), all});
     if (longest <= 0) return KVLocalizationCenter::localized("%ld more waiting", {waiting});
     return KVLocalizationCenter::localized("Current files: %@, %ld more waiting", {current, waiting});
 }
@@ -126,7 +123,7 @@ QString KVTimeLeft::text() {
         entry.isWorking = queue->isWorking();
         entry.numberOfWorkers = std::max(queue->maximumNumberOfConcurrentConversions(), 1);
         for (const auto &conversion : queue->conversions())
-            if (!conversion->isFinished()) entry.rows.push_back(rowOf(*conversion));
+            if (!conversion->isFinished()) entry.rows.push_back(timeRowOf(*conversion));
     }
     return text(queues);
 }

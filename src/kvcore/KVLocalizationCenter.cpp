@@ -25,8 +25,13 @@ void KVLocalizationCenter::loadSystemLanguage() {
     const QStringList folders{QStringLiteral(":/translations"),
                               QCoreApplication::applicationDirPath() +
                                   "/../share/kalvora/resources/translations"};
+    // English is a translation too: its keys are fixed, and some name what this desktop calls otherwise.
+    const QLocale english(QLocale::English);
     for (const QString &folder : folders) {
-        if (!translator.load(QLocale(), QStringLiteral("kalvora"), QStringLiteral("_"), folder)) continue;
+        const auto load = [&](const QLocale &locale) {
+            return translator.load(locale, QStringLiteral("kalvora"), QStringLiteral("_"), folder);
+        };
+        if (!load(QLocale()) && !load(english)) continue;
         QCoreApplication::installTranslator(&translator);
         KVLog("Language: " + translator.language());
         loadToolkitLanguage();

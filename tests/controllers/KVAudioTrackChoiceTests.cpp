@@ -5,7 +5,7 @@
 namespace {
 
 /// Tracks of these names; an empty name is a track without one.
-QList<KVAudioTrack> tracks(const QStringList &names) {
+QList<KVAudioTrack> tracksNamed(const QStringList &names) {
     QList<KVAudioTrack> tracks;
     for (const QString &name : names) {
         KVAudioTrack &track = tracks.emplaceBack();
@@ -35,11 +35,11 @@ TEST(KVAudioTrackChoiceTest, FollowsTheLanguageAndThenThePosition) {
         {{"", ""}, 0, {"", ""}, 0},
     };
     for (const auto &row : rows) {
-        const KVAudioTrackChoice choice(tracks(row.chosenFrom), row.chosen);
+        const KVAudioTrackChoice choice(tracksNamed(row.chosenFrom), row.chosen);
         EXPECT_FALSE(choice.isSkip());
-        EXPECT_EQ(choice.indexIn(tracks(row.other)).value_or(-1), row.index)
+        EXPECT_EQ(choice.indexIn(tracksNamed(row.other)).value_or(-1), row.index)
             << row.chosenFrom.at(row.chosen).toStdString() << " in " << row.other.join(", ").toStdString();
     }
     EXPECT_TRUE(KVAudioTrackChoice::skip().isSkip());
-    EXPECT_EQ(KVAudioTrackChoice::skip().indexIn(tracks({"eng (2)", "deu (2)"})), std::nullopt);
+    EXPECT_EQ(KVAudioTrackChoice::skip().indexIn(tracksNamed({"eng (2)", "deu (2)"})), std::nullopt);
 }

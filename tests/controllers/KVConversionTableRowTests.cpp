@@ -76,6 +76,21 @@ TEST_F(KVConversionTableRowTest, TheMenuFollowsTheState) {
     EXPECT_EQ(line(row(conversion).menu()), "Remove and Add Again to Queue, Remove, -, Show in Finder");
 }
 
+TEST_F(KVConversionTableRowTest, AWaitingRowNamesItsSubtitlesAndWarnings) {
+    const auto conversion = video("a.mkv");
+    EXPECT_EQ(row(conversion).statusText(), "Waiting to start...");
+    const auto file = std::static_pointer_cast<KVVideoFile>(conversion->mediaFiles().first());
+    file->setSubtitles(url("a.srt"), "windows-1251");
+    file->warnings.append("A page is lost.");
+    const QString notes = QStringLiteral("Subtitles: a.srt (windows-1251)%1A page is lost.");
+    EXPECT_EQ(row(conversion).statusText(), "Waiting to start... \u00b7 " + notes.arg(" \u00b7 "));
+    EXPECT_EQ(row(conversion).toolTip(), path("a.mkv") + "\n" + notes.arg("\n"));
+    row(conversion).removeSubtitles();
+    EXPECT_EQ(row(conversion).statusText(), "Waiting to start... \u00b7 A page is lost.");
+    conversion->state = KVConversionState::paused;
+    EXPECT_EQ(row(conversion).statusText(), "Paused");
+}
+
 TEST_F(KVConversionTableRowTest, OnlyPresetsThatStitchAreOffered) {
     const auto conversion = video("a.mkv");
     const KVMenu presets = itemNamed(row(conversion).menu(), "Preset").submenu;

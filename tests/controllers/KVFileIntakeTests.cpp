@@ -8,7 +8,9 @@
 #include "util/KVPreferenceKeys.h"
 #include "video_info/media_file/KVVideoFile.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
+#include <QTranslator>
 
 #include <mutex>
 
@@ -36,12 +38,29 @@ class Observer : public KVIntakeObserver {
         return std::nullopt;
     }
 
+    void intakeDidMeetDisc(const QUrl &videoFolder) override {
+        const std::scoped_lock lock(_mutex);
+        _discs.append(videoFolder);
+    }
+    QList<QUrl> takeDiscs() {
+        const std::scoped_lock lock(_mutex);
+        return std::exchange(_discs, {});
+    }
+
     std::optional<qint64> chosenTrack;
     std::optional<qint64> intakeChosenAudioTrack(const KVAudioFile &) override { return chosenTrack; }
 
   private:
     mutable std::mutex _mutex;
     std::vector<KVIntakeRefusal> _refusals;
+    QList<QUrl> _discs;
+};
+
+/// A translation that changes every text.
+class ChangingTranslator : public QTranslator {
+  public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char *, const char *, const char *, int) const override { return "x"; }
 };
 
 class KVFileIntakeTest : public KVTestCase {
@@ -196,6 +215,35 @@ TEST_F(KVFileIntakeTest, FindsADVDInAPackageAndByItsOwnFolder) {
     EXPECT_FALSE(add("disc")) << "inside of a folder it is a folder like any other";
 }
 
+TEST_F(KVFileIntakeTest, RecognisesARejectionInEveryLanguage) {
+    ChangingTranslator translator;
+    QCoreApplication::installTranslator(&translator);
+    write("notes.txt", "text");
+    write("fake.mp3", "this is no sound");
+    intake.addFiles({url("notes.txt"), url("fake.mp3")});
+    QCoreApplication::removeTranslator(&translator);
+    EXPECT_EQ(observer->kindFor("notes.txt"), Kind::filtered);
+    EXPECT_EQ(observer->kindFor("fake.mp3"), Kind::unreadable);
+}
+
+TEST_F(KVFileIntakeTest, ReportsTheDiscsInsideAFolder) {
+    write("Films/VIDEO_TS/VIDEO_TS.IFO", "x");
+    write("Films/Movie.dvdmedia/VIDEO_TS/VIDEO_TS.IFO", "x");
+    write("Films/empty.dvdmedia/a.txt", "x");
+    write("Films/Other/VIDEO_TS/VIDEO_TS.IFO", "x");
+    EXPECT_FALSE(add("Films"));
+    const QUrl inPackage = url("Films/Movie.dvdmedia/VIDEO_TS");
+    EXPECT_EQ(observer->takeDiscs(), (QList<QUrl>{inPackage, url("Films/VIDEO_TS")}));
+    EXPECT_TRUE(observer->refusals().empty()) << "subfolders are skipped without a word";
+
+    KVPreferences::shared().setValueForThisRun(true, KVPreferenceKeys::RecursivelyProcessAllFolders);
+    EXPECT_FALSE(add("Films"));
+    KVPreferences::shared().setValueForThisRun(false, KVPreferenceKeys::RecursivelyProcessAllFolders);
+    EXPECT_TRUE(observer->takeDiscs().contains(url("Films/Other/VIDEO_TS")));
+    EXPECT_TRUE(add("Films/VIDEO_TS"));
+    EXPECT_TRUE(observer->takeDiscs().isEmpty()) << "a disc that is added needs no offer";
+}
+
 TEST_F(KVFileIntakeTest, RefusesProtectedFilesWithAnAlert) {
     KVTestMedia::make({"-f", "lavfi", "-i", "sine=duration=0.2", "-f", "mp4", path("song.aax")});
     EXPECT_FALSE(add("song.aax"));
@@ -288,12 +336,76 @@ TEST_F(KVSeveralTracksTest, KeepsTheFirstWhereNobodyCanBeAskedAndAsksNotForWhatI
     EXPECT_EQ(observer->kindFor("two.mkv"), Kind::unsuitable);
 }
 
+/// Several files with two tracks each, "eng" and one without a language.
+class KVSeveralFilesWithTracksTest : public KVSeveralTracksTest {
+  protected:
+    void SetUp() override {
+        KVSeveralTracksTest::SetUp();
+        QDir(path()).mkdir("in");
+        for (const char *name : {"in/1.mkv", "in/2.mkv", "in/3.mkv"})
+            ASSERT_TRUE(QFile::copy(path("two.mkv"), path(name)));
+    }
+    QList<QUrl> files() const { return {url("in/1.mkv"), url("in/2.mkv"), url("in/3.mkv")}; }
+    static QList<qint64> selectedTracks() {
+        QList<qint64> tracks;
+        for (const auto &conversion : KVConversionQueue::queue(video)->conversions()) {
+            const auto files = conversion->mediaFiles();
+            const auto file = std::static_pointer_cast<KVVideoFile>(files.first());
+            tracks += file->selectedAudioTrack ? file->selectedAudioTrack->trackNumber : -1;
+        }
+        return tracks;
+    }
+    QStringList boxes() const {
+        QStringList titles;
+        for (const KVAlert &alert : questions->alerts)
+            titles += alert.suppressionTitle.value_or("none");
+        return titles;
+    }
+};
+
+TEST_F(KVSeveralFilesWithTracksTest, AsksOnceForAllFilesOfADrop) {
+    tone("sound.wav");
+    questions->alertResponses.push_back({KVAlertResponse::firstButtonReturn, true, 1});
+    EXPECT_TRUE(intake.addFiles(QList<QUrl>{url("sound.wav")} + files()));
+    EXPECT_EQ(selectedTracks(), (QList<qint64>{2, 2, 2}));
+    EXPECT_EQ(boxes(), QStringList{"Use for all 3 files"});
+    EXPECT_EQ(questions->alerts[0].escapeButton, 1) << "Escape skips the file";
+
+    // Another drop asks again, and for the last file there is nothing to hold for all.
+    KVConversionQueue::queue(video)->setConversions({});
+    questions->alerts.clear();
+    EXPECT_TRUE(intake.addFiles(files()));
+    EXPECT_EQ(boxes(), (QStringList{"Use for all 3 files", "Use for all 2 files", "none"}));
+    EXPECT_EQ(selectedTracks(), (QList<qint64>{1, 1, 1}));
+}
+
+TEST_F(KVSeveralFilesWithTracksTest, SkipsAllFilesOfADropOnRequest) {
+    questions->alertResponses.push_back({KVAlertResponse::firstButtonReturn + 1, true, 0});
+    EXPECT_FALSE(intake.addFiles(files()));
+    EXPECT_EQ(questions->alerts.size(), 1U);
+    EXPECT_TRUE(queued(video).isEmpty());
+    EXPECT_EQ(observer->refusals().size(), 3U);
+    EXPECT_EQ(observer->kindFor("3.mkv"), Kind::skipped);
+}
+
+TEST_F(KVSeveralFilesWithTracksTest, TheChoiceHoldsForFolderMembersThatLoadInTheBackground) {
+    tones({"w1.wav", "w2.wav", "w3.wav", "w4.wav"});
+    intake.addFiles({url("w1.wav"), url("w2.wav"), url("w3.wav"), url("w4.wav")});
+    questions->alertResponses.push_back({KVAlertResponse::firstButtonReturn, true, 1});
+    EXPECT_FALSE(add("in"));
+    EXPECT_TRUE(intake.waitUntilLoaded(60));
+    EXPECT_EQ(selectedTracks(), (QList<qint64>{2, 2, 2}));
+    EXPECT_EQ(boxes(), QStringList{"Use for all 3 files"});
+}
+
 TEST_F(KVFileIntakeTest, FindsSubtitlesBesideAVideo) {
     clip("movie.mkv");
     write("movie.de.srt", "");
     write("movie.srt", "");
     clip("other.mkv");
-    write("other.en.srt", "");
+    write(
+        "other.en.srt",
+        "1\n00:00:00,000 --> 00:00:01,000\n\xc4\xee\xe1\xf0\xee \xef\xee\xe6\xe0\xeb\xee\xe2\xe0\xf2\xfc.\n");
     write("another.SRT", "");
     EXPECT_TRUE(intake.addFiles({url("movie.mkv"), url("other.mkv")}));
     const auto conversions = KVConversionQueue::queue(video)->conversions();
@@ -304,6 +416,8 @@ TEST_F(KVFileIntakeTest, FindsSubtitlesBesideAVideo) {
     };
     EXPECT_EQ(subtitles(0), url("movie.srt"));
     EXPECT_EQ(subtitles(1), url("other.en.srt"));
+    const auto files = conversions[1]->mediaFiles();
+    EXPECT_EQ(std::static_pointer_cast<KVVideoFile>(files.first())->subtitlesFileEncoding, "windows-1251");
 }
 
 /// A tool that tells of damaged sample data in every file but a repaired one.

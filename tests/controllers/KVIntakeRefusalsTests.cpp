@@ -6,10 +6,10 @@
 
 namespace {
 
-using Kind = KVIntakeRefusal::Kind;
-
 class KVIntakeRefusalsTest : public KVTestCase {
   protected:
+    using Kind = KVIntakeRefusal::Kind;
+
     void refuse(const QString &path, const QString &reason, Kind kind = Kind::unreadable,
                 bool isFolderMember = false) const {
         refusals->intakeDidRefuse({kind, path, reason, isFolderMember});

@@ -50,6 +50,22 @@ TEST_F(KVProbeAheadTest, LooksAtSeveralFilesAtOnceAndAnswersInTurn) {
     ahead.forget(second);
 }
 
+TEST_F(KVProbeAheadTest, KeepsWhatWasPeekedAtForTheTurn) {
+    KVProbeAhead ahead(countingProbe(), 1);
+    std::vector<std::shared_ptr<KVProbeAhead::Ticket>> tickets;
+    for (int number = 0; number < 20; ++number) // more than it would look at by itself
+        tickets.push_back(ahead.expect(file(QString::number(number))));
+    for (const auto &ticket : tickets)
+        ASSERT_TRUE(ahead.peek(ticket));
+    EXPECT_EQ(probes, 20);
+    for (const auto &ticket : tickets) {
+        EXPECT_TRUE(ahead.take(ticket));
+        EXPECT_FALSE(ahead.peek(ticket)) << "its turn has come";
+        ahead.forget(ticket);
+    }
+    EXPECT_EQ(probes, 20);
+}
+
 TEST_F(KVProbeAheadTest, StaysAFewFilesAhead) {
     KVProbeAhead ahead(countingProbe(), 1);
     std::vector<std::shared_ptr<KVProbeAhead::Ticket>> tickets;

@@ -132,6 +132,33 @@ TEST_F(KVMainWindowTest, ARowThatIsStartedByItselfFollowsTheFooterToo) {
     EXPECT_TRUE(footer.showsProgress());
 }
 
+TEST_F(KVMainWindowTest, StartStaysInSightWhileARowWaitsBesideOneThatRuns) {
+    drop({longTone("long.wav"), longTone("other.wav")});
+    ASSERT_TRUE(waitForRows(3));
+    const auto buttons = [&] {
+        QStringList titles;
+        for (const auto *button : window().footerView().findChildren<QPushButton *>())
+            if (button->isVisible())
+                titles += button->isEnabled() ? button->text() : "(" + button->text() + ")";
+        titles.sort();
+        return titles;
+    };
+    ASSERT_TRUE(runUntil([&] { return buttons() == QStringList{"Add Files...", "Start"}; }, 5));
+    model().tableRow(rowOf("long.wav"))->startConversion();
+    ASSERT_TRUE(waitForProgress("long.wav"));
+    EXPECT_TRUE(runUntil([&] { return buttons() == QStringList{"Add Files...", "Pause All", "Start"}; }, 5));
+    const auto status = [&] {
+        for (const QLabel *label : window().footerView().findChildren<QLabel *>())
+            if (label->isVisible() && label->text().endsWith("1 more waiting")) return label->text();
+        return QString();
+    };
+    EXPECT_TRUE(runUntil([&] { return !status().isEmpty(); }, 5));
+    for (auto *button : window().footerView().findChildren<QPushButton *>())
+        if (button->text() == "Start") button->click();
+    ASSERT_TRUE(waitForProgress("other.wav"));
+    EXPECT_TRUE(runUntil([&] { return buttons() == QStringList{"Add Files...", "Pause All"}; }, 5));
+}
+
 TEST_F(KVMainWindowTest, QuittingInTheMiddleAsksAndLeavesNothingBehind) {
     drop({longTone("long.wav")});
     ASSERT_TRUE(waitForRows(2));

@@ -50,6 +50,24 @@ TEST_F(KVSubtitleEncodingChooserTest, OffersOnlyWhatReadsTheFileAndStartsWithThe
     EXPECT_TRUE(popUp(*cyrillic).currentText().contains(QChar(0x2605)));
 }
 
+TEST_F(KVSubtitleEncodingChooserTest, DoesNotCutALongTextInsideACharacter) {
+    // Lines of an odd length, so that every block boundary falls into a character somewhere.
+    const QByteArray line =
+        QStringLiteral("00:01 --> 00:02 \u0414\u043e\u0431\u0440\u043e\u65e5.\n").toUtf8();
+    const auto chooser = chooserFor(line.repeated(3 * 128 * 1024 / int(line.size())));
+    const auto offersUnicode = [&] { return popUp(*chooser).findData("UTF-8") >= 0; };
+    EXPECT_TRUE(offersUnicode());
+    EXPECT_EQ(popUp(*chooser).currentData().toString(), "UTF-8");
+    EXPECT_TRUE(preview(*chooser).startsWith("00:01 --> 00:02 \u0414"));
+
+    // What fails behind the beginning goes a moment later.
+    const auto mixed = chooserFor(line.repeated(200 * 1024 / int(line.size())) + russian);
+    EXPECT_GE(popUp(*mixed).findData("UTF-8"), 0);
+    EXPECT_TRUE(runUntil([&] { return popUp(*mixed).findData("UTF-8") < 0; }));
+    EXPECT_GT(popUp(*mixed).count(), 0);
+    EXPECT_TRUE(offersUnicode());
+}
+
 TEST_F(KVSubtitleEncodingChooserTest, ACancelAndAMissingFileChooseNothing) {
     const auto chooser = chooserFor(russian);
     QTimer::singleShot(0, chooser.get(), &QDialog::reject);

@@ -56,7 +56,7 @@ void KVFilesAndFoldersDialog::_enableOpenButton() {
 
 void KVFilesAndFoldersDialog::accept() {
     // What is typed is for Qt: it enters a folder and checks names.
-    const bool isTyped = findChild<QLineEdit *>()->hasFocus();
+    const bool isTyped = findChild<QLineEdit *>()->isModified();
     if (isTyped || !_isFolderSelected()) {
         QFileDialog::accept();
         if (result() == QDialog::Accepted) _chosenURLs = selectedUrls();

@@ -79,6 +79,14 @@ TEST_F(KVThumbnailTest, StaysAwayUnlessWanted) {
     EXPECT_TRUE(disabled->thumbnail.isEmpty());
 }
 
+TEST_F(KVThumbnailTest, APictureHasOneEvenIfPreviewsAreSwitchedOff) {
+    KVMediaFile::setMakesThumbnails(true);
+    KVPreferences::shared().setBoolean(true, KVPreferenceKeys::DisablePreviews);
+    KVTestMedia::make({"-f", "lavfi", "-i", "testsrc2=size=64x48", "-frames:v", "1", path("a.png")});
+    const auto file = probe(path("a.png"));
+    EXPECT_TRUE(runUntil([&] { return !file->thumbnail.isEmpty(); }));
+}
+
 TEST_F(KVThumbnailTest, ShowsTheCoverOfASoundFileAndThePictureItself) {
     KVMediaFile::setMakesThumbnails(true);
     const QString picture = path("cover.png");
