@@ -1522,6 +1522,8 @@ Ausgabe in Teilen.</translation>
   <message>
     <source>Last lines of the log:</source>
     <translation>Letzte Zeilen des Protokolls:</translation>
+  </message>
+  <message>
     <source>Use for all files that follow</source>
     <translation>Für alle folgenden Dateien verwenden</translation>
   </message>
@@ -1654,6 +1656,110 @@ Ausgabe in Teilen.</translation>
   <message>
     <source>The preferences in %@ were damaged; they are kept as %@</source>
     <translation>Die Einstellungen in %@ waren beschädigt; sie sind als %@ aufbewahrt</translation>
+  </message>
+  <message>
+    <source>Protected music files cannot be converted.</source>
+    <translation>Geschützte Musikdateien können nicht konvertiert werden.</translation>
+  </message>
+  <message>
+    <source>The file is in the queue already.</source>
+    <translation>Die Datei ist bereits in der Warteschlange.</translation>
+  </message>
+  <message>
+    <source>PAL</source>
+    <translation>PAL</translation>
+  </message>
+  <message>
+    <source>NTSC</source>
+    <translation>NTSC</translation>
+  </message>
+  <message>
+    <source>24 fps</source>
+    <translation>24 Bilder/s</translation>
+  </message>
+  <message>
+    <source>30 fps</source>
+    <translation>30 Bilder/s</translation>
+  </message>
+  <message>
+    <source>Maximum width</source>
+    <translation>Größte Breite</translation>
+  </message>
+  <message>
+    <source>Maximum height</source>
+    <translation>Größte Höhe</translation>
+  </message>
+  <message>
+    <source>Video Quality:</source>
+    <translation>Videoqualität:</translation>
+  </message>
+  <message>
+    <source>Audio Quality:</source>
+    <translation>Audioqualität:</translation>
+  </message>
+  <message>
+    <source>X Offset:</source>
+    <translation>X-Versatz:</translation>
+  </message>
+  <message>
+    <source>Y Offset:</source>
+    <translation>Y-Versatz:</translation>
+  </message>
+  <message>
+    <source>Width:</source>
+    <translation>Breite:</translation>
+  </message>
+  <message>
+    <source>Height:</source>
+    <translation>Höhe:</translation>
+  </message>
+  <message>
+    <source>Profile</source>
+    <translation>Profil</translation>
+  </message>
+  <message>
+    <source>Proxy</source>
+    <translation>Proxy</translation>
+  </message>
+  <message>
+    <source>LT</source>
+    <translation>LT</translation>
+  </message>
+  <message>
+    <source>Standard</source>
+    <translation>Standard</translation>
+  </message>
+  <message>
+    <source>HQ</source>
+    <translation>HQ</translation>
+  </message>
+  <message>
+    <source>The conversion failed.</source>
+    <translation>Die Konvertierung ist fehlgeschlagen.</translation>
+  </message>
+  <message>
+    <source>Video: H.264
+Audio: AAC</source>
+    <translation>Video: H.264
+Audio: AAC</translation>
+  </message>
+  <message>
+    <source>Video: MPEG4
+Audio: MP3</source>
+    <translation>Video: MPEG4
+Audio: MP3</translation>
+  </message>
+  <message>
+    <source>Video: H.264 (limited to %i x %i)
+Audio: AAC</source>
+    <translation>Video: H.264 (höchstens %i x %i)
+Audio: AAC</translation>
+  </message>
+  <message>
+    <source>Video: MPEG4 (limited to %i x %i)
+Audio: AAC</source>
+    <translation>Video: MPEG4 (höchstens %i x %i)
+Audio: AAC</translation>
   </message>
 </context>
 </TS>

@@ -72,10 +72,18 @@ QString inBrackets(const QString &code, qsizetype start) {
 /// The arguments without what stands in brackets inside of them: the list that fills the placeholders.
 QString withoutInnerBrackets(const QString &arguments) {
     QString outer;
+    bool isInLiteral = false;
     for (qsizetype at = 0; at < arguments.size(); ++at) {
-        outer += arguments.at(at);
-        if (arguments.at(at) != '(' && arguments.at(at) != '{') continue;
-        at += inBrackets(arguments, at + 1).size();
+        const QChar character = arguments.at(at);
+        outer += character;
+        if (isInLiteral) {
+            if (character == '\\' && at + 1 < arguments.size()) outer += arguments.at(++at);
+            isInLiteral = character != '"';
+        } else if (character == '"') {
+            isInLiteral = true;
+        } else if (character == '(' || character == '{') {
+            at += inBrackets(arguments, at + 1).size();
+        }
     }
     return outer;
 }
@@ -93,7 +101,7 @@ void forEachSource(const std::function<void(const QString &path, const QString &
 /// The texts in calls that localise, those of small functions and lambdas that hand their text on included.
 QSet<QString> textsInCalls() {
     static const QRegularExpression call(
-        R"re(\b(?:localized|text|counted|refuse|refusal|option|_side|_qualityOption|_item<[^>]*>|_add|_clearMenu|setButton|_notify)\(|\bTag\{)re");
+        R"re((?<![.>])\b(?:localized|text|counted|refuse|refusal|option|_side|_qualityOption|_item<[^>]*>|_add|_clearMenu|setButton|_notify)\(|\bTag\{)re");
     QSet<QString> texts;
     forEachSource([&](const QString &path, const QString &code) {
         for (auto calls = call.globalMatch(code); calls.hasNext();) {
