@@ -1761,5 +1761,9 @@ Audio: AAC</source>
     <translation>Video: MPEG4 (höchstens %i x %i)
 Audio: AAC</translation>
   </message>
+  <message>
+    <source>The subtitles in '%@' were left out.</source>
+    <translation>Die Untertitel in „%@“ wurden weggelassen.</translation>
+  </message>
 </context>
 </TS>

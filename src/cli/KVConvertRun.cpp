@@ -7,6 +7,7 @@
 #include "kvcore/KVMainThread.h"
 #include "kvcore/KVTime.h"
 #include "platform/KVFileManager.h"
+#include "video_info/media_file/KVVideoFile.h"
 
 #include <QJsonObject>
 
@@ -42,7 +43,11 @@ void KVConvertRun::run() {
             KVConversionQueue::queue(type)->setSelectedPreset(_request.preset);
 
     const auto observer = std::make_shared<KVRequestIntake>(
-        _request, [this](const Conversion &conversion) { _didQueue(conversion); },
+        _request,
+        [this](const Conversion &conversion) {
+            _didQueue(conversion);
+            _saySubtitles(*conversion);
+        },
         [this](const KVIntakeRefusal &refusal) { _didRefuse(refusal); });
     _intake.setObserver(observer);
     for (const QString &name : _request.unreadableInputs)
@@ -91,6 +96,16 @@ void KVConvertRun::_didQueue(const Conversion &conversion) {
     _rows.emplace_back().conversion = conversion;
     _hasNews = true;
     _updateCounts();
+}
+
+/// Subtitles that the user did not name are worth a line, above all if their encoding was guessed.
+void KVConvertRun::_saySubtitles(const KVConversion &conversion) const {
+    for (const auto &file : conversion.mediaFiles()) {
+        const auto video = std::dynamic_pointer_cast<const KVVideoFile>(file);
+        if (video && video->subtitlesFileURL && video->subtitlesFileURL != _request.subtitles)
+            _console.say(
+                QStringLiteral("note: %1: %2").arg(video->url().toLocalFile(), video->subtitlesText()));
+    }
 }
 
 void KVConvertRun::_didRefuse(const KVIntakeRefusal &refusal) {

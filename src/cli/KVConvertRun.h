@@ -60,6 +60,7 @@ class KVConvertRun : public KVConversionQueueDelegate, public std::enable_shared
     };
 
     void _didQueue(const Conversion &conversion);
+    void _saySubtitles(const KVConversion &conversion) const;
     void _didRefuse(const KVIntakeRefusal &refusal);
     void _advance();
     bool _mayStart() const;

@@ -120,6 +120,20 @@ TEST_F(KVConvertCommandTest, SaysThatAFolderHoldsNothing) {
     EXPECT_TRUE(result.errors.contains("there is nothing to convert")) << result.errors.toStdString();
 }
 
+TEST_F(KVConvertCommandTest, ReadsSubtitlesBesideAVideoInTheirEncoding) {
+    KVTestMedia::make({"-f", "lavfi", "-i", "color=size=64x48:duration=0.2", path("a.avi")});
+    write(
+        "a.srt",
+        "1\n00:00:00,000 --> 00:00:01,000\n\xc4\xee\xe1\xf0\xee \xef\xee\xe6\xe0\xeb\xee\xe2\xe0\xf2\xfc.\n");
+    const Result result = run({"convert", "--preset", "MKV", "a.avi"});
+    EXPECT_EQ(result.status, 0) << result.errors.toStdString();
+    EXPECT_TRUE(result.errors.contains("a.avi: Subtitles: a.srt (windows-1251)\n"))
+        << result.errors.toStdString();
+    EXPECT_FALSE(result.errors.contains("left out"));
+    KVTestMedia::make({"-i", path("a.mkv"), path("out.srt")});
+    EXPECT_TRUE(read(path("out.srt")).contains(QStringLiteral("Добро пожаловать.").toUtf8()));
+}
+
 TEST_F(KVConvertCommandTest, StitchesAllIntoOne) {
     tone("a.wav", 0.5);
     tone("b.wav", 1);

@@ -85,7 +85,23 @@ std::shared_ptr<KVDVDPreset> KVVideoConversion::_dvdPreset() const {
     return std::dynamic_pointer_cast<KVDVDPreset>(running ? running->preset : presetInForce());
 }
 
+/// External subtitles that could not be read, or that the preset cannot use, are missing in the result.
+void KVVideoConversion::_warnOfMissingSubtitles(const KVAudioFileList &files) {
+    const QStringList arguments = _task()->arguments();
+    const bool areUsed =
+        arguments.contains("-sub_charenc") ||
+        std::ranges::any_of(arguments, [](const auto &word) { return word.startsWith("subtitles='"); });
+    for (const auto &file : files) {
+        const auto video = std::dynamic_pointer_cast<KVVideoFile>(file);
+        if (!areUsed && video && video->subtitlesFileURL)
+            addWarning(KVLocalizationCenter::localized(
+                "The subtitles in '%@' were left out.",
+                {KVFileManager::lastPathComponent(*video->subtitlesFileURL)}));
+    }
+}
+
 void KVVideoConversion::_handleTaskOutputForMediaFiles(const KVAudioFileList &files) {
+    _warnOfMissingSubtitles(files);
     const auto video = files.isEmpty() ? nullptr : std::dynamic_pointer_cast<KVVideoFile>(files.first());
     if (video && video->subtitlesFileURL) {
         setStatusString(KVLocalizationCenter::localized("Preparing subtitles..."));

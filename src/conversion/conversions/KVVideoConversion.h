@@ -27,6 +27,7 @@ class KVVideoConversion : public KVAudioConversion {
 
   protected:
     using KVAudioConversion::_handleTaskOutputForMediaFiles;
+    void _warnOfMissingSubtitles(const KVAudioFileList &files);
     void _handleTaskOutputForMediaFiles(const KVAudioFileList &files) override;
 
     virtual bool _authorDVD();
