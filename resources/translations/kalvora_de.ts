@@ -1032,6 +1032,8 @@ Ausgabe in Teilen.</translation>
   <message>
     <source>The disc image is smaller than what it should hold.</source>
     <translation>Das Disc-Abbild ist kleiner als das, was es enthalten soll.</translation>
+  </message>
+  <message>
     <source>The file to be converted cannot be found: it has been moved, renamed or removed.</source>
     <translation>Die zu konvertierende Datei wurde nicht gefunden: Sie wurde verschoben, umbenannt oder entfernt.</translation>
   </message>
@@ -1610,6 +1612,8 @@ Ausgabe in Teilen.</translation>
   <message>
     <source>The helper program that reads it crashed or ran out of memory.</source>
     <translation>Das Hilfsprogramm, das es liest, ist abgestürzt, oder der Speicher reichte nicht.</translation>
+  </message>
+  <message>
     <source>Files That Were Not Added</source>
     <translation>Nicht hinzugefügte Dateien</translation>
   </message>
@@ -1734,10 +1738,6 @@ Ausgabe in Teilen.</translation>
     <translation>HQ</translation>
   </message>
   <message>
-    <source>The conversion failed.</source>
-    <translation>Die Konvertierung ist fehlgeschlagen.</translation>
-  </message>
-  <message>
     <source>Video: H.264
 Audio: AAC</source>
     <translation>Video: H.264
@@ -1762,8 +1762,8 @@ Audio: AAC</source>
 Audio: AAC</translation>
   </message>
   <message>
-    <source>The subtitles in '%@' were left out.</source>
-    <translation>Die Untertitel in „%@“ wurden weggelassen.</translation>
+    <source>The subtitles %@ were left out, since several files were joined.</source>
+    <translation>Die Untertitel %@ wurden weggelassen, da mehrere Dateien verbunden wurden.</translation>
   </message>
 </context>
 </TS>
