@@ -1028,6 +1028,8 @@ Ausgabe in Teilen.</translation>
   <message>
     <source>The disc image is smaller than what it should hold.</source>
     <translation>Das Disc-Abbild ist kleiner als das, was es enthalten soll.</translation>
+  </message>
+  <message>
     <source>The file to be converted cannot be found: it has been moved, renamed or removed.</source>
     <translation>Die zu konvertierende Datei wurde nicht gefunden: Sie wurde verschoben, umbenannt oder entfernt.</translation>
   </message>
@@ -1520,6 +1522,50 @@ Ausgabe in Teilen.</translation>
     <translation>Letzte Zeilen des Protokolls:</translation>
   </message>
   <message>
+    <source>Use for all files that follow</source>
+    <translation>Für alle folgenden Dateien verwenden</translation>
+  </message>
+  <message>
+    <source>Use for all %ld files</source>
+    <translation>Für alle %ld Dateien verwenden</translation>
+  </message>
+  <message>
+    <source>1 file was not added</source>
+    <translation>1 Datei wurde nicht hinzugefügt</translation>
+  </message>
+  <message>
+    <source>%ld files were not added</source>
+    <translation>%ld Dateien wurden nicht hinzugefügt</translation>
+  </message>
+  <message>
+    <source>The folder holds a DVD</source>
+    <translation>Der Ordner enthält eine DVD</translation>
+  </message>
+  <message>
+    <source>The folders hold %ld DVDs</source>
+    <translation>Die Ordner enthalten %ld DVDs</translation>
+  </message>
+  <message>
+    <source>1 other file in the folders was skipped</source>
+    <translation>1 weitere Datei in den Ordnern wurde übersprungen</translation>
+  </message>
+  <message>
+    <source>%ld other files in the folders were skipped</source>
+    <translation>%ld weitere Dateien in den Ordnern wurden übersprungen</translation>
+  </message>
+  <message>
+    <source>This folder is a DVD.</source>
+    <translation>Dieser Ordner ist eine DVD.</translation>
+  </message>
+  <message>
+    <source>Add the Disc</source>
+    <translation>DVD hinzufügen</translation>
+  </message>
+  <message>
+    <source>Show...</source>
+    <translation>Anzeigen ...</translation>
+  </message>
+  <message>
     <source>Copy</source>
     <translation>Kopieren</translation>
   </message>
@@ -1920,6 +1966,8 @@ Audio: AAC</translation>
   <message>
     <source>The subtitles in '%@' were left out.</source>
     <translation>Die Untertitel in „%@“ wurden weggelassen.</translation>
+    <source>The subtitles %@ were left out, since several files were joined.</source>
+    <translation>Die Untertitel %@ wurden weggelassen, da mehrere Dateien verbunden wurden.</translation>
   </message>
 </context>
 </TS>

@@ -75,10 +75,9 @@ QString KVConversionTableRow::toolTip() const {
     QStringList paths;
     for (const auto &file : _conversion->mediaFiles())
         paths.append(file->url().toLocalFile());
-    paths += _notes();
     if (const QStringList sentences = outcome().sentences; !sentences.isEmpty())
-        paths += QStringList{QString()} + sentences;
-    return paths.join("\n");
+        return (paths + QStringList{QString()} + sentences).join("\n");
+    return (paths + _notes()).join("\n");
 }
 
 QString KVConversionTableRow::accessibleText() const {

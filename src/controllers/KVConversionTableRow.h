@@ -40,7 +40,8 @@ class KVConversionTableRow {
     /// while the row waits, also its external subtitles and the warnings of its files.
     QString statusText() const;
     KVRowOutcome outcome() const { return KVRowOutcome::of(*_conversion); }
-    /// The paths of the files, their external subtitles, and the cause of a failure or the warnings.
+    /// The paths of the files, and the cause of a failure or the warnings; before the end, the external
+    /// subtitles and the warnings of the files.
     QString toolTip() const;
     /// What a screen reader says of the row.
     QString accessibleText() const;

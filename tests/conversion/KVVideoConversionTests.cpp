@@ -336,23 +336,16 @@ TEST_F(KVVideoConversionTest, SaysThatSubtitlesArePreparedForAMoment) {
     EXPECT_TRUE(waitFor([&] { return row->statusString().isEmpty(); }));
 }
 
-TEST_F(KVVideoConversionTest, WarnsOfExternalSubtitlesThatAreMissingInTheResult) {
-    const QByteArray words = "1\n00:00:00,000 --> 00:00:01,000\nWords\n";
-    const struct {
-        QByteArray content;
-        const char *encoding;
-        bool isMissing;
-    } rows[] = {{words, "UTF-8", false}, {words + '\xe4', "UTF-8", true}, {"\n", "UTF-8", true}};
-    for (int number = 0; const auto &row : rows) {
-        const QString name = QStringLiteral("good.%1").arg(++number);
-        const auto file = video(name + ".mov");
-        file->setSubtitles(QUrl::fromLocalFile(write(name + ".srt", row.content)), row.encoding);
-        const auto conversion = videoQueue()->createConversion(file, nullptr, true);
-        videoQueue()->start();
-        ASSERT_TRUE(runUntil([&] { return conversion->isFinished() && !videoQueue()->isWorking(); }));
-        const QString warning = "The subtitles in '" + name + ".srt' were left out.";
-        EXPECT_EQ(conversion->warnings().contains(warning), row.isMissing) << row.content.toStdString();
-    }
+TEST_F(KVVideoConversionTest, WarnsOfSubtitlesThatJoinedFilesLose) {
+    const auto first = video("good.1.mov");
+    const auto second = video("good.2.mov");
+    second->setSubtitles(QUrl::fromLocalFile(write("2.srt", "1\n00:00:00,000 --> 00:00:01,000\nWords\n")));
+    const auto conversion = videoQueue()->createConversion(first, nullptr, true);
+    conversion->setMediaFiles({first, second});
+    videoQueue()->start();
+    ASSERT_TRUE(runUntil([&] { return conversion->isFinished() && !videoQueue()->isWorking(); }));
+    EXPECT_TRUE(conversion->warnings().contains("The subtitles " + path("2.srt") +
+                                                " were left out, since several files were joined."));
 }
 
 TEST_F(KVVideoConversionTest, ReadsTheProgressOfAuthoring) {

@@ -1,4 +1,5 @@
 #include "controllers/KVTextEncodings.h"
+#include "core/KVFailureTable.h"
 #include "kvcore/KVLocalizationCenter.h"
 #include "presets/KVPreset.h"
 #include "support/KVTestCase.h"
@@ -101,7 +102,7 @@ void forEachSource(const std::function<void(const QString &path, const QString &
 /// The texts in calls that localise, those of small functions and lambdas that hand their text on included.
 QSet<QString> textsInCalls() {
     static const QRegularExpression call(
-        R"re((?<![.>])\b(?:localized|text|counted|refuse|refusal|option|_side|_qualityOption|_item<[^>]*>|_add|_clearMenu|setButton|_notify)\(|\bTag\{)re");
+        R"re((?<![.>])\b(?:localized|text|textWithNames|counted|add|refuse|refusal|option|_side|_qualityOption|_item<[^>]*>|_add|_clearMenu|setButton|_notify)\(|\bTag\{)re");
     QSet<QString> texts;
     forEachSource([&](const QString &path, const QString &code) {
         for (auto calls = call.globalMatch(code); calls.hasNext();) {
@@ -129,27 +130,25 @@ QSet<QString> filesThatLocalizeVariables() {
     return paths;
 }
 
-/// The texts of tables whose rows also have other words, in brackets of their own.
-QSet<QString> textsInTables() {
-    const struct {
-        const char *path;
-        const char *start; ///< Up to the bracket in front of the rows.
-    } tables[] = {{"core/KVErrorCenter.cpp", "verdicts{"}};
+/// The texts of code that localises what a constant or another function names.
+QSet<QString> textsInNamedPlaces() {
+    static const QRegularExpression place(
+        R"re((?:const char \*\w+ =|return)\s*((?:"(?:[^"\\]|\\.)*"\s*)+);)re");
     QSet<QString> texts;
     forEachSource([&](const QString &path, const QString &code) {
-        for (const auto &table : tables) {
-            if (path != table.path) continue;
-            const auto start = code.indexOf(table.start);
-            ASSERT_GE(start, 0) << table.path;
-            const QString rows = inBrackets(code, start + qsizetype(qstrlen(table.start)));
-            for (qsizetype row = rows.indexOf('{'); row >= 0;) {
-                const QString content = inBrackets(rows, row + 1);
-                for (const QString &text : literals(withoutInnerBrackets(content)))
-                    texts.insert(text);
-                row = rows.indexOf('{', row + content.size() + 2);
-            }
-        }
+        if (path != "core/KVFailureCause.cpp") return;
+        for (auto places = place.globalMatch(code); places.hasNext();)
+            for (const QString &text : literals(places.next().captured(1)))
+                texts.insert(text);
     });
+    return texts;
+}
+
+QSet<QString> textsOfFailures() {
+    QSet<QString> texts;
+    for (const KVFailureRow &row : KVFailureTable::rows())
+        for (const char *text : {row.text, row.remedy, row.alertText, row.alertRemedy})
+            if (text) texts.insert(QString::fromUtf8(text));
     return texts;
 }
 
@@ -225,9 +224,9 @@ TEST_F(KVTranslationsTest, GermanHasEveryTextOfTheProgram) {
     const auto atRunTime = textsAskedForAtRunTime();
     EXPECT_GT(inCalls.size(), 200);
     EXPECT_GT(atRunTime.size(), 100);
-    const auto inTables = textsInTables();
-    EXPECT_GT(inTables.size(), 5);
-    for (const QString &text : inCalls + inTables + atRunTime)
+    const auto ofFailures = textsOfFailures();
+    EXPECT_GT(ofFailures.size(), 50);
+    for (const QString &text : inCalls + textsInNamedPlaces() + ofFailures + atRunTime)
         EXPECT_FALSE(german.translate("Kalvora", text.toUtf8().constData()).isEmpty()) << text.toStdString();
 }
 
@@ -247,6 +246,10 @@ TEST_F(KVTranslationsTest, TranslationsKeepPlaceholdersShortcutsAndDots) {
 TEST_F(KVTranslationsTest, EveryPlaceThatLocalizesATableIsKnown) {
     // A new one needs a line here, and its texts a way into one of the sets above.
     const QSet<QString> known{
+        "controllers/KVFailureDetails.cpp",
+        "controllers/KVRunNotifications.cpp",
+        "core/KVFailureCause.cpp",
+        "main_ui/main_window/details/KVFailureDetailsPanel.cpp",
         "controllers/KVApplicationController.cpp",
         "controllers/KVConversionTableRow.cpp",
         "controllers/KVFileIntake.cpp",

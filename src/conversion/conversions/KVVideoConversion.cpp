@@ -89,19 +89,14 @@ std::shared_ptr<KVDVDPreset> KVVideoConversion::_dvdPreset() const {
     return std::dynamic_pointer_cast<KVDVDPreset>(running ? running->preset : presetInForce());
 }
 
-/// External subtitles that could not be read, or that the preset cannot use, are missing in the result.
+/// Files that are joined lose their external subtitles.
 void KVVideoConversion::_warnOfMissingSubtitles(const KVAudioFileList &files) {
-    const QStringList arguments = _task()->arguments();
-    const bool areUsed =
-        arguments.contains("-sub_charenc") ||
-        std::ranges::any_of(arguments, [](const auto &word) { return word.startsWith("subtitles='"); });
-    for (const auto &file : files) {
-        const auto video = std::dynamic_pointer_cast<KVVideoFile>(file);
-        if (!areUsed && video && video->subtitlesFileURL)
+    if (files.size() < 2) return;
+    for (const auto &file : files)
+        if (const auto video = std::dynamic_pointer_cast<KVVideoFile>(file); video && video->subtitlesFileURL)
             addWarning(KVLocalizationCenter::localized(
-                "The subtitles in '%@' were left out.",
-                {KVFileManager::lastPathComponent(*video->subtitlesFileURL)}));
-    }
+                "The subtitles %@ were left out, since several files were joined.",
+                {video->subtitlesFileURL->toLocalFile()}));
 }
 
 void KVVideoConversion::_handleTaskOutputForMediaFiles(const KVAudioFileList &files) {
