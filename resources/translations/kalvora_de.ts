@@ -1567,5 +1567,21 @@ Ausgabe in Teilen.</translation>
     <source>The helper program that reads it crashed or ran out of memory.</source>
     <translation>Das Hilfsprogramm, das es liest, ist abgestürzt, oder der Speicher reichte nicht.</translation>
   </message>
+  <message>
+    <source>The file describes its tracks but contains no media data.</source>
+    <translation>Die Datei beschreibt ihre Spuren, enthält aber keine Mediendaten.</translation>
+  </message>
+  <message>
+    <source>The pictures of "%@" are lost, because files with its extension count as sound.</source>
+    <translation>Die Bilder von „%@“ gehen verloren, denn Dateien mit dieser Endung gelten als Ton.</translation>
+  </message>
+  <message>
+    <source>The video track was encoded instead of copied, because %@ files cannot hold its rotation.</source>
+    <translation>Die Videospur wurde neu kodiert statt kopiert, denn %@-Dateien können ihre Drehung nicht enthalten.</translation>
+  </message>
+  <message>
+    <source>The rotation of the video is lost, because %@ files cannot hold it.</source>
+    <translation>Die Drehung des Videos geht verloren, denn %@-Dateien können sie nicht enthalten.</translation>
+  </message>
 </context>
 </TS>
