@@ -1583,5 +1583,17 @@ Ausgabe in Teilen.</translation>
     <source>The rotation of the video is lost, because %@ files cannot hold it.</source>
     <translation>Die Drehung des Videos geht verloren, denn %@-Dateien können sie nicht enthalten.</translation>
   </message>
+  <message>
+    <source>The subtitles cannot be read in the picture, because no font for these letters is installed: %@.</source>
+    <translation>Die Untertitel sind im Bild nicht lesbar, denn für diese Schrift ist keine Schriftart installiert: %@.</translation>
+  </message>
+  <message>
+    <source>Devanagari</source>
+    <translation>Devanagari</translation>
+  </message>
+  <message>
+    <source>Chinese characters</source>
+    <translation>Chinesische Zeichen</translation>
+  </message>
 </context>
 </TS>

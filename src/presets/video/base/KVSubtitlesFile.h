@@ -19,6 +19,9 @@ std::optional<QString> convertedToUTF8(const QUrl &url, const QString &encoding)
 /// `bytes` as text; nothing where a byte means nothing in `encoding`, or where the encoding is unknown.
 std::optional<QString> decoded(const QByteArray &bytes, const QString &encoding);
 
+/// The file's text; empty if it cannot be read or is not in `encoding`. Writes nothing.
+std::optional<QString> text(const QUrl &url, const QString &encoding);
+
 /// True if there is nothing to read in it.
 bool isBlank(QString text);
 

@@ -4,6 +4,7 @@
 #include "kvcore/KVLocalizationCenter.h"
 #include "presets/settings/KVVideoQualityBasedFormatSettings.h"
 #include "presets/video/base/KVStitchingFilter.h"
+#include "presets/video/base/KVSubtitleFonts.h"
 #include "presets/video/base/KVSubtitlesFile.h"
 #include "util/KVThreadCount.h"
 #include "video_info/media_file/KVVideoFile.h"
@@ -202,11 +203,24 @@ bool KVVideoPreset::_losesRotation(const KVVideoFile &file) const {
 
 QStringList KVVideoPreset::warningsForFiles(const KVMediaFileList &files) const {
     const KVVideoFileList videos = videoFiles(files);
-    const bool isCopy = videoTrackQuality == KVTrackQualitySetting::copy;
-    if (!isCopy || videos.size() != 1 || !_losesRotation(*videos.first())) return {};
-    return {KVLocalizationCenter::localized(
-        "The video track was encoded instead of copied, because %@ files cannot hold its rotation.",
-        {pathExtension()->toUpper()})};
+    if (videos.size() != 1 || !supportsStitching())
+        return {}; // presets that write their own list burn nothing in
+    const KVVideoFile &file = *videos.first();
+    QStringList warnings;
+    if (videoTrackQuality == KVTrackQualitySetting::copy && _losesRotation(file))
+        warnings += KVLocalizationCenter::localized(
+            "The video track was encoded instead of copied, because %@ files cannot hold its rotation.",
+            {pathExtension()->toUpper()});
+    const bool burnsSubtitles =
+        file.subtitlesFileURL && (!supportsSubtitleMuxing() || burnSubtitlesIntoVideo);
+    if (!burnsSubtitles) return warnings;
+    const auto text = KVSubtitlesFile::text(*file.subtitlesFileURL, file.subtitlesFileEncoding);
+    const QStringList missing = KVSubtitleFonts::missingWritingSystems(text.value_or(QString()));
+    if (!missing.isEmpty())
+        warnings += KVLocalizationCenter::localized("The subtitles cannot be read in the picture, because no "
+                                                    "font for these letters is installed: %@.",
+                                                    {missing.join(", ")});
+    return warnings;
 }
 
 std::unique_ptr<KVVideoFormat> KVVideoPreset::videoFormat() const {
