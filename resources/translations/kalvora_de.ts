@@ -1968,6 +1968,32 @@ Audio: AAC</translation>
     <translation>Die Untertitel in „%@“ wurden weggelassen.</translation>
     <source>The subtitles %@ were left out, since several files were joined.</source>
     <translation>Die Untertitel %@ wurden weggelassen, da mehrere Dateien verbunden wurden.</translation>
+    <source>The file describes its tracks but contains no media data.</source>
+    <translation>Die Datei beschreibt ihre Spuren, enthält aber keine Mediendaten.</translation>
+  </message>
+  <message>
+    <source>The pictures of "%@" are lost, because files with its extension count as sound.</source>
+    <translation>Die Bilder von „%@“ gehen verloren, denn Dateien mit dieser Endung gelten als Ton.</translation>
+  </message>
+  <message>
+    <source>The video track was encoded instead of copied, because %@ files cannot hold its rotation.</source>
+    <translation>Die Videospur wurde neu kodiert statt kopiert, denn %@-Dateien können ihre Drehung nicht enthalten.</translation>
+  </message>
+  <message>
+    <source>The rotation of the video is lost, because %@ files cannot hold it.</source>
+    <translation>Die Drehung des Videos geht verloren, denn %@-Dateien können sie nicht enthalten.</translation>
+  </message>
+  <message>
+    <source>The subtitles cannot be read in the picture, because no font for these letters is installed: %@.</source>
+    <translation>Die Untertitel sind im Bild nicht lesbar, denn für diese Schrift ist keine Schriftart installiert: %@.</translation>
+  </message>
+  <message>
+    <source>Devanagari</source>
+    <translation>Devanagari</translation>
+  </message>
+  <message>
+    <source>Chinese characters</source>
+    <translation>Chinesische Zeichen</translation>
   </message>
 </context>
 </TS>

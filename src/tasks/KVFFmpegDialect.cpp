@@ -1,5 +1,7 @@
 #include "tasks/KVFFmpegDialect.h"
 
+#include "tasks/KVFFmpegProbeLine.h"
+
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -140,6 +142,34 @@ QString filterForTool(const QString &filter) {
     return "subtitles=" + escaped(option, QLatin1String("\\'[],;"));
 }
 
+/// A number of channels alone makes ffmpeg use its default layout for it, and quad would be mixed into 4.0.
+/// With all layouts of that number to choose from, it keeps the source's where the encoder takes it.
+constexpr std::array layoutsFromThreeChannels{
+    "3.0|2.1|3.0(back)",
+    "4.0|quad|quad(side)|3.1",
+    "5.0|5.0(side)|4.1",
+    "5.1|5.1(side)|6.0|6.0(front)|hexagonal",
+    "6.1|6.1(back)|6.1(front)|7.0|7.0(front)",
+    "7.1|7.1(wide)|7.1(wide-side)|octagonal",
+};
+
+/// Encoders that would take another number of channels then, since each takes some layouts only.
+constexpr std::array encodersOfFixedLayouts{"ac3", "alac"};
+
+/// "-ac:a:0", "6" as ffmpeg keeps the layout of the source with it. As it is where the list filters sound
+/// already.
+QStringList channelArguments(const QString &option, const QString &value, const QStringList &arguments) {
+    const int channels = value.toInt();
+    const bool hasLayouts = channels >= 3 && channels < 3 + static_cast<int>(layoutsFromThreeChannels.size());
+    const QString encoder = arguments.value(arguments.indexOf("-c" + option.mid(3)) + 1);
+    if (!hasLayouts || isAmong(encodersOfFixedLayouts, encoder) || arguments.contains("-filter_complex") ||
+        arguments.contains("-af"))
+        return {option, value};
+    return {"-filter" + option.mid(3),
+            QLatin1String("aformat=channel_layouts=") +
+                layoutsFromThreeChannels.at(static_cast<std::size_t>(channels) - 3)};
+}
+
 /// What stands behind `option` and is not part of our list.
 QStringList additionsTo(const QString &option, const QString &encoder,
                         const KVFFmpegCapabilities &capabilities) {
@@ -179,20 +209,22 @@ QStringList KVFFmpegDialect::argumentsForTool(const QStringList &arguments,
         if (option == "-vf") value = filterForTool(given);
         if (isUnset(option, value, encoder)) continue;
         if (i - 1 == firstInput) said += inputOptions(encoder, capabilities);
-        if (isKnown)
+        if (isKnown && option.startsWith("-ac:a"))
+            said << channelArguments(option, value, arguments);
+        else if (isKnown)
             said << nameForTool(option) << valueForTool(option, value, encoder)
                  << additionsTo(option, encoder, capabilities);
     }
     return said;
 }
 
+QString KVFFmpegDialect::textFromTool(QByteArrayView output) {
+    return QString::fromUtf8(output);
+}
+
 QString KVFFmpegDialect::probeTextFromTool(const QString &text) {
-    static const QRegularExpression quarterTurn(
-        QStringLiteral("displaymatrix: rotation of -?90(?:\\.0+)? degrees"));
-    static const QRegularExpression streamId(QStringLiteral("^(\\s*Stream #\\d+:\\d+)\\[0x[0-9a-fA-F]+\\]"),
-                                             QRegularExpression::MultilineOption);
-    QString ours = text;
-    ours.replace(quarterTurn, QStringLiteral("rotate          : 90"));
-    ours.replace(streamId, QStringLiteral("\\1"));
-    return ours;
+    QStringList lines = text.split('\n');
+    for (QString &line : lines)
+        line = KVFFmpegProbeLine::inOurForm(line);
+    return lines.join('\n');
 }

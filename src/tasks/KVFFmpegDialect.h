@@ -2,6 +2,7 @@
 
 #include "tasks/KVFFmpegCapabilities.h"
 
+#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 
@@ -14,9 +15,15 @@ namespace KVFFmpegDialect {
 /// added.
 QStringList argumentsForTool(const QStringList &arguments, const KVFFmpegCapabilities &capabilities);
 
-/// Probe text in the form that the parsers know, whichever version printed it: a display matrix rotated by 90
-/// degrees either way counts as a "rotate : 90" line, and a stream line loses the id in brackets
-/// ("#0:2[0x3](eng)").
+/// ffmpeg's output as text, line by line as it was printed. ffmpeg copies tags as they are stored, so the
+/// output may hold bytes that are not UTF-8; each is replaced by U+FFFD.
+QString textFromTool(QByteArrayView output);
+
+/// Probe text in the form that the parsers know, whichever version printed it:
+/// - a display matrix that rotates by 90 degrees either way also gets a "rotate : 90" line;
+/// - a stream line loses the id in brackets ("#0:2[0x3](eng)");
+/// - a channel layout that is known by its name only ("quad", "7.1(wide)") becomes "<n> channels";
+/// - "1k fps" becomes "1000 fps".
 QString probeTextFromTool(const QString &text);
 
 } // namespace KVFFmpegDialect

@@ -8,8 +8,11 @@
 #include "tasks/KVFFmpegDialect.h"
 #include "util/KVTempDirectory.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
+#include <QStandardPaths>
 #include <QStringDecoder>
 
 #include <cmath>
@@ -64,15 +67,22 @@ KVResult<void> replaceFile(const fs::path &target, const fs::path &source) {
     return tl::unexpected(KVPOSIXError(QFile::decodeName(target.c_str()), failure.value()));
 }
 
-KVResult<QString> preparedFontsDirectory() {
-    const QUrl directory = fontsDirectory();
-    if (const auto made = KVFileManager::createDirectory(directory); !made)
-        return tl::unexpected(made.error());
-    const fs::path target = filePath(directory.toLocalFile() + "/fonts.conf");
-    const fs::path source = filePath(resourceOrEnd("fonts", "conf"));
-    if (!isUpToDate(target, source))
-        if (const auto copied = replaceFile(target, source); !copied) return tl::unexpected(copied.error());
-    return directory.toLocalFile();
+/// The children do not know the user's home folder, so they get their font cache from here. Without one each
+/// child would look through all fonts anew; a failure costs that time only.
+void writeFontCachePlace(const QString &directory) {
+    const QString cache =
+        QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) + "/kalvora/fontconfig";
+    const QByteArray content = ("<?xml version=\"1.0\"?>\n<!DOCTYPE fontconfig SYSTEM "
+                                "\"urn:fontconfig:fonts.dtd\">\n<fontconfig><cachedir>" +
+                                cache.toHtmlEscaped() + "</cachedir></fontconfig>\n")
+                                   .toUtf8();
+    const QString path = directory + "/cache.conf";
+    QFile written(path);
+    if (written.open(QIODevice::ReadOnly) && written.readAll() == content) return;
+    QDir().mkpath(cache);
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
+        KVLog("Could not write " + path + ": " + file.errorString());
 }
 
 KVError notInstalledError(const KVError &launchError) {
@@ -93,6 +103,18 @@ KVResult<std::shared_ptr<KVFFmpegTask>> KVFFmpegTask::create(const QStringList &
     task->_concreteTask.setLaunchPath(resourceOrEnd("ffmpeg", {}));
     task->_handlePipeChange();
     return task;
+}
+
+KVResult<QString> KVFFmpegTask::preparedFontsDirectory() {
+    const QUrl directory = fontsDirectory();
+    if (const auto made = KVFileManager::createDirectory(directory); !made)
+        return tl::unexpected(made.error());
+    const fs::path target = filePath(directory.toLocalFile() + "/fonts.conf");
+    const fs::path source = filePath(resourceOrEnd("fonts", "conf"));
+    if (!isUpToDate(target, source))
+        if (const auto copied = replaceFile(target, source); !copied) return tl::unexpected(copied.error());
+    writeFontCachePlace(directory.toLocalFile());
+    return directory.toLocalFile();
 }
 
 KVFFmpegTask::KVFFmpegTask(const QStringList &arguments)

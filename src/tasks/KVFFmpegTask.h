@@ -30,6 +30,9 @@ class KVFFmpegTask {
     /// Does not start the child. Fails if the fonts folder or its configuration cannot be made.
     static KVResult<std::shared_ptr<KVFFmpegTask>> create(const QStringList &arguments);
 
+    /// The folder that the child's FONTCONFIG_PATH names, with an up-to-date configuration. Any thread.
+    static KVResult<QString> preparedFontsDirectory();
+
     /// The list as it was given, in our own dialect: what logs and reports show.
     QStringList arguments() const;
     QString launchPath() const;

@@ -74,11 +74,11 @@ TEST_F(KVAudioConversionTest, NamesTheToolThatIsMissingAndHangsNowhere) {
     EXPECT_FALSE(QFile::exists(path("good.mp3")));
 }
 
-TEST_F(KVAudioConversionTest, DropsOutputThatIsNoText) {
+TEST_F(KVAudioConversionTest, KeepsOutputWithBytesThatAreNotText) {
     add("garbled.wav");
     runToEnd();
     ASSERT_EQ(errors.size(), 1u);
-    EXPECT_EQ(errors[0].taskOutput, "good\n");
+    EXPECT_EQ(errors[0].taskOutput, QString::fromUtf8("good\nbad \uFFFD\uFFFDgr\nün\n"));
 }
 
 TEST_F(KVAudioConversionTest, SuspendsResumesAndCancelsTheChild) {

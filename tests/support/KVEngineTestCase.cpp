@@ -29,7 +29,7 @@ failing*) echo "boom: a bad thing" >&2; exit 3;;
 crashing*) kill -KILL $$;;
 silent*) printf whole >"$output";;
 chatty*) yes "$status" | head -c 5000000 >&2; exit 1;;
-garbled*) printf 'good' >&2; sleep 0.2; printf 'bad \377\376' >&2; sleep 0.2; exit 1;;
+garbled*) printf 'good' >&2; sleep 0.2; printf 'bad \377\376gr\303' >&2; sleep 0.2; printf '\274n' >&2; sleep 0.2; exit 1;;
 endless*) exec sleep 300;;
 deaf*) trap 'again=$((again + 1)); [ $again -ge 2 ] && exit 255' INT; while :; do sleep 0.02; done;;
 stone-deaf*) trap '' INT; echo x >&2; exec sleep 300;;

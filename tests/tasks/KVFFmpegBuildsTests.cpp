@@ -15,20 +15,20 @@
 namespace {
 
 /// A list as a preset writes it: see the file.
-struct BuildRow {
+struct CatalogueRow {
     QString what;
     QStringList needs; ///< "muxer ogg", "filter crop"
     QString arguments;
 };
 
-std::vector<BuildRow> catalogue() {
+std::vector<CatalogueRow> catalogue() {
     QFile file(KV_TEST_DIRECTORY "/tasks/catalogue_options.txt");
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    std::vector<BuildRow> rows;
+    std::vector<CatalogueRow> rows;
     for (const QString &line : QString::fromUtf8(file.readAll()).split('\n', Qt::SkipEmptyParts)) {
         if (line.startsWith('#')) continue;
-        BuildRow row{line.section("; ", 0, 0), line.section("; ", 1, 1).split(", ", Qt::SkipEmptyParts),
-                     line.section("; ", 2)};
+        CatalogueRow row{line.section("; ", 0, 0), line.section("; ", 1, 1).split(", ", Qt::SkipEmptyParts),
+                         line.section("; ", 2)};
         static const QRegularExpression encoder(" -(?:c:[vas](?::\\d)?|acodec) (?!copy )(\\S+)");
         for (auto match = encoder.globalMatch(row.arguments); match.hasNext();)
             row.needs.append("encoder " + match.next().captured(1));
@@ -72,7 +72,7 @@ class KVFFmpegBuildsTest : public KVTestCase, public testing::WithParamInterface
     }
 
     /// `row`'s list on real files, the output in a folder of its own.
-    QStringList arguments(const BuildRow &row) const {
+    QStringList arguments(const CatalogueRow &row) const {
         QDir(path("out")).removeRecursively();
         QDir(path()).mkdir("out");
         QString text = row.arguments;
@@ -111,7 +111,7 @@ class KVFFmpegBuildsTest : public KVTestCase, public testing::WithParamInterface
 
 TEST_P(KVFFmpegBuildsTest, TakesEveryListOfTheCatalogue) {
     int runs = 0;
-    for (const BuildRow &row : catalogue()) {
+    for (const CatalogueRow &row : catalogue()) {
         QStringList lacking = row.needs;
         lacking.removeIf([this](const QString &need) { return has(need); });
         if (!lacking.isEmpty()) {

@@ -119,8 +119,9 @@ TEST_F(KVFFmpegDialectTest, ProbeTextOfAnyVersionReadsAlike) {
     };
     const std::vector<Row> rows{
         {"a quarter turn", "      displaymatrix: rotation of -90.00 degrees\n",
-         "      rotate          : 90\n"},
-        {"the other way", "  displaymatrix: rotation of 90.00 degrees", "  rotate          : 90"},
+         "      displaymatrix: rotation of -90.00 degrees\n      rotate          : 90\n"},
+        {"the other way, nearly", "  displaymatrix: rotation of 89.99 degrees",
+         "  displaymatrix: rotation of 89.99 degrees\n  rotate          : 90"},
         {"half a turn", "  displaymatrix: rotation of 180.00 degrees",
          "  displaymatrix: rotation of 180.00 degrees"},
         {"a slight turn", "  displaymatrix: rotation of -9.00 degrees",
@@ -134,11 +135,80 @@ TEST_F(KVFFmpegDialectTest, ProbeTextOfAnyVersionReadsAlike) {
          "\n  Stream #0:0[0x1]: Video: h264\n    Metadata:\n  Stream #0:1[0xFf](und): Audio: aac\r\n",
          "\n  Stream #0:0: Video: h264\n    Metadata:\n  Stream #0:1(und): Audio: aac\r\n"},
         {"the older line", "  Stream #0:1(und): Audio: aac", "  Stream #0:1(und): Audio: aac"},
+        {"a thousand pictures a second", "  Stream #0:0: Video: h264, 16x16, 1k fps, 2k tbr, 16k tbn",
+         "  Stream #0:0: Video: h264, 16x16, 1000 fps, 2000 tbr, 16k tbn"},
+        {"the clock of MPEG", "  Stream #0:0: Video: mjpeg, 16x16, 90k tbr, 90k tbn",
+         "  Stream #0:0: Video: mjpeg, 16x16, 90k tbr, 90k tbn"},
         {"a title that only looks so", "      title           : Stream #0:1[0x1]",
          "      title           : Stream #0:1[0x1]"},
     };
     for (const Row &row : rows)
         EXPECT_EQ(KVFFmpegDialect::probeTextFromTool(row.theirs), row.ours) << row.what;
+}
+
+TEST_F(KVFFmpegDialectTest, LayoutsCountTheirChannels) {
+    const auto layoutIn = [](const QString &layout) {
+        const QString line = "  Stream #0:0: Audio: x, 48000 Hz, %1, s16";
+        const QString ours = KVFFmpegDialect::probeTextFromTool(line.arg(layout));
+        EXPECT_TRUE(ours.startsWith("  Stream #0:0: Audio: x, 48000 Hz, ") && ours.endsWith(", s16"));
+        return ours.section(", ", 2, 2);
+    };
+    for (const QString known :
+         {"mono", "stereo", "5.1", "5.1(side)", "6.1", "6.1(back)", "6.1(front)", "unknown"})
+        EXPECT_EQ(layoutIn(known), known);
+    const std::vector<std::pair<const char *, int>> rows{
+        {"2.1", 3},
+        {"3.0", 3},
+        {"3.0(back)", 3},
+        {"4.0", 4},
+        {"quad", 4},
+        {"quad(side)", 4},
+        {"3.1", 4},
+        {"5.0", 5},
+        {"5.0(side)", 5},
+        {"4.1", 5},
+        {"6.0", 6},
+        {"6.0(front)", 6},
+        {"hexagonal", 6},
+        {"7.0", 7},
+        {"7.0(front)", 7},
+        {"7.1", 8},
+        {"7.1(wide-side)", 8},
+        {"7.1(top)", 8},
+        {"octagonal", 8},
+        {"5.1.2", 8},
+        {"downmix", 2},
+        {"22.2", 24},
+        {"hexadecagonal", 16},
+        {"12 channels", 12},
+        {"3 channels (FL+FR+BC)", 3},
+    };
+    for (const auto &[layout, channels] : rows)
+        EXPECT_EQ(layoutIn(layout), QString("%1 channels").arg(channels)) << layout;
+    EXPECT_EQ(layoutIn("ambisonic 1"), "4 channels (ambisonic)");
+    EXPECT_EQ(layoutIn("ambisonic 1+stereo"), "6 channels (ambisonic)");
+    EXPECT_EQ(KVFFmpegDialect::probeTextFromTool("  Stream #0:0: Audio: x, 48000 Hz, 7.1"),
+              "  Stream #0:0: Audio: x, 48000 Hz, 8 channels");
+}
+
+TEST_F(KVFFmpegDialectTest, EncoderMayKeepTheLayoutOfTheSource) {
+    struct Row {
+        const char *ours, *expected;
+    };
+    const std::vector<Row> rows{
+        {"-ac:a:0 2", "-ac:a:0 2"},
+        {"-ac:a:1 4", "-filter:a:1 aformat=channel_layouts=4.0|quad|quad(side)|3.1"},
+        {"-c:a:0 alac -ac:a:0 4", "-c:a:0 alac -ac:a:0 4"},
+        {"-ac:a:0 16", "-ac:a:0 16"},
+        {"-filter_complex x -ac:a:0 4", "-filter_complex x -ac:a:0 4"},
+    };
+    for (const Row &row : rows)
+        EXPECT_EQ(said(row.ours, {}), row.expected);
+}
+
+TEST_F(KVFFmpegDialectTest, BytesThatAreNotTextKeepTheirLine) {
+    EXPECT_EQ(KVFFmpegDialect::textFromTool("title : Gr\xFC\xDF\xE4\nStream \xC3\xA4\n\xC3\n"),
+              QString::fromUtf8("title : Gr\uFFFD\uFFFD\uFFFD\nStream ä\n\uFFFD\n"));
 }
 
 } // namespace

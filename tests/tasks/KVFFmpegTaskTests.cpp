@@ -125,7 +125,8 @@ TEST_F(KVFFmpegTaskTest, FontConfigurationIsCopiedWhenMissingOrOlder) {
     QFile::remove(fontsFile());
     makeTask({"-i", "a"});
     EXPECT_EQ(read(fontsFile()), "newer") << "restored after the user deleted it";
-    EXPECT_EQ(QDir(QFileInfo(fontsFile()).path()).entryList(QDir::Files), QStringList{"fonts.conf"});
+    EXPECT_EQ(QDir(QFileInfo(fontsFile()).path()).entryList(QDir::Files),
+              QStringList({"cache.conf", "fonts.conf"}));
 }
 
 TEST_F(KVFFmpegTaskTest, ManyTasksMadeAtOnceAllGetTheFontConfiguration) {

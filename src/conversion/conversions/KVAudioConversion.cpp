@@ -15,6 +15,7 @@
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
+#include <QStringDecoder>
 
 #include <algorithm>
 #include <csignal>
@@ -219,13 +220,16 @@ void KVAudioConversion::_handleTaskOutputForMediaFiles(const KVAudioFileList &fi
     const auto task = _task();
     const auto handle = task->fileHandle();
     KVProgressAccuracy progressAccuracy{.lastSampleDate = secondsSince1970()};
+    // A chunk may end inside of a character, and tags of the source may not be UTF-8.
+    QStringDecoder decoder(QStringDecoder::Utf8);
     while (handle && task->process().isRunning()) {
         const QByteArray chunk = handle->availableData();
         if (chunk.isEmpty()) return; // nothing more can come, even if the child lives on
         _report.add(chunk);
-        if (!chunk.isValidUtf8()) continue;
-        _handleTaskOutputForMediaFiles(files, QString::fromUtf8(chunk), progressAccuracy);
-        _taskOutput += chunk;
+        const QString text = decoder(chunk);
+        if (text.isEmpty()) continue;
+        _handleTaskOutputForMediaFiles(files, text, progressAccuracy);
+        _taskOutput += text.toUtf8();
         _taskOutput += '\n';
     }
 }

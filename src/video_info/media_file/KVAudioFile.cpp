@@ -13,7 +13,7 @@
 #include <algorithm>
 
 bool KVAudioFile::isDRMProtected() const {
-    return std::ranges::any_of(audioTracks, KVTrackTexts::hasProtectedFormat<KVAudioTrack>) ||
+    return isEncrypted || std::ranges::any_of(audioTracks, KVTrackTexts::hasProtectedFormat<KVAudioTrack>) ||
            KVMediaFile::isDRMProtected();
 }
 

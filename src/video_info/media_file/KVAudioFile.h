@@ -16,6 +16,7 @@ class KVAudioFile : public KVMediaFile {
     QList<KVAudioTrack> audioTracks;
     double seconds = 0; ///< Duration.
     std::optional<KVAudioTrack> selectedAudioTrack;
+    bool isEncrypted = false; ///< A track is encrypted, so that nothing useful comes out of it.
 
     bool isDRMProtected() const override;
     QString description() const override;

@@ -12,6 +12,7 @@
 #include "util/KVPictureLibrary.h"
 #include "util/KVPreferenceKeys.h"
 #include "video_info/media_file/KVDVDFile.h"
+#include "video_info/media_file/KVMediaCheck.h"
 #include "video_info/media_file/KVPictureFile.h"
 #include "video_info/media_file/KVProbeText.h"
 #include "video_info/media_file/KVVideoFile.h"
@@ -63,14 +64,14 @@ Result dvdFile(const QUrl &url) {
     return std::make_shared<KVDVDFile>(KVFileManager::deletingLastPathComponent(url));
 }
 
-/// All that the tool prints about the file; a null text where it is no UTF-8.
+/// All that ffmpeg prints about the file.
 KVResult<QString> toolText(const QUrl &url) {
     const auto task = KVFFmpegTask::create({"-i", url.toLocalFile()});
     if (!task) return tl::unexpected(task.error());
     // The exit status says nothing: without an output the tool always fails.
     const QByteArray output = (*task)->launchAndGetAllOutputData();
     if ((*task)->launchError()) return tl::unexpected(*(*task)->launchError());
-    return output.isValidUtf8() ? QString::fromUtf8(output) : QString();
+    return KVFFmpegDialect::textFromTool(output);
 }
 
 std::shared_ptr<KVAudioFile> audioFile(const QUrl &url) {
@@ -85,6 +86,16 @@ std::shared_ptr<KVAudioFile> videoFile(const QUrl &url, const KVProbeText &probe
     return file;
 }
 
+/// Whether there is a video track that is not the cover of the sound.
+bool hasMovingPictures(const KVProbeText &probe) {
+    constexpr std::array stillFormats{"mjpeg", "png", "bmp", "gif", "webp"};
+    return std::ranges::any_of(probe.videoTracks, [&](const KVVideoTrack &track) {
+        return !track.isAttachedPicture && std::ranges::none_of(stillFormats, [&](const char *format) {
+            return track.format.startsWith(QLatin1String(format));
+        });
+    });
+}
+
 Result probedFile(const QUrl &url, const QString &extension) {
     const auto text = toolText(url);
     if (!text) return tl::unexpected(text.error());
@@ -95,14 +106,21 @@ Result probedFile(const QUrl &url, const QString &extension) {
     const bool hasAudio = !probe.audioTracks.isEmpty();
     const bool hasVideo = !probe.videoTracks.isEmpty();
     if (!hasAudio && !hasVideo)
-        return refusal("Unrecognized file format.",
-                       {{NSAffectedObjectsErrorKey, text->isNull() ? "" : *text}});
+        return refusal("Unrecognized file format.", {{NSAffectedObjectsErrorKey, *text}});
+    if ((!probe.isDurationKnown || probe.seconds == 0) && !KVMediaCheck::hasMediaData(url))
+        return refusal("The file describes its tracks but contains no media data.");
     const bool isAudio = hasAudio && (!hasVideo || contains(audioExtensions, extension));
 
     const auto file = isAudio ? audioFile(url) : videoFile(url, probe);
     file->seconds = probe.seconds;
     file->audioTracks = probe.audioTracks;
     if (hasAudio) file->selectedAudioTrack = probe.audioTracks.first();
+    if (isAudio && hasMovingPictures(probe))
+        file->warnings += KVLocalizationCenter::localized(
+            "The pictures of \"%@\" are lost, because files with its extension count as sound.",
+            {KVFileManager::lastPathComponent(url)});
+    file->isEncrypted =
+        KVMediaCheck::declaresEncryption(url) && KVMediaCheck::isEncrypted(url, probe.seconds);
     file->loadThumbnail();
     return file;
 }

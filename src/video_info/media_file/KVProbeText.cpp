@@ -6,20 +6,38 @@
 #include "kvcore/KVText.h"
 #include "util/KVTruncation.h"
 
+#include <cmath>
 #include <utility>
+
+namespace {
+
+/// "displaymatrix: rotation of -180.00 degrees". Angles below one degree change nothing.
+bool rotatesPictures(const QString &line) {
+    static const QString prefix = QStringLiteral("displaymatrix: rotation of ");
+    return line.startsWith(prefix) && std::abs(KVText::doubleValue(line.sliced(prefix.size()))) >= 1;
+}
+
+} // namespace
 
 KVProbeText KVProbeText::read(const QString &text, qint64 fileSize) {
     static const KVRegex rotationRegex("rotate\\s*:\\s*-?90", KVRegexOptions::caseInsensitive);
     const QString durationPrefix = QStringLiteral("Duration: ");
 
     KVProbeText result;
-    bool isInStreams = false; // streams count only behind the first line with a duration
-    bool isRotated = false;   // told in the container's or in any stream's metadata
+    bool isInStreams = false;     // streams count only behind the first line with a duration
+    bool isInVideoStream = false; // among the lines that belong to the last video track
+    bool isRotated = false;       // told in the container's or in any stream's metadata
     for (const QString &untrimmed : text.split('\n')) {
         const QString line = KVText::trimmingWhitespace(untrimmed);
         if (KVText::matches(line, rotationRegex)) isRotated = true;
         if (isInStreams) {
-            if (line.startsWith("Stream #")) result._readStream(line);
+            if (line.startsWith("Stream #")) {
+                const qsizetype videoTracks = result.videoTracks.size();
+                result._readStream(line);
+                isInVideoStream = result.videoTracks.size() > videoTracks;
+            } else if (isInVideoStream && rotatesPictures(line)) {
+                result.videoTracks.last().isRotated = true;
+            }
         } else if (line.startsWith(durationPrefix)) {
             result._readDuration(KVText::deletingPrefix(line, durationPrefix), fileSize);
             isInStreams = true;
@@ -31,6 +49,7 @@ KVProbeText KVProbeText::read(const QString &text, qint64 fileSize) {
 
 void KVProbeText::_readDuration(const QString &value, qint64 fileSize) {
     if (value.startsWith("N/A")) {
+        isDurationKnown = false;
         const qint64 wholeSeconds = fileSize / 16000;
         seconds = static_cast<double>(wholeSeconds);
         KVLog(QStringLiteral("Guessing seconds - %1").arg(seconds));

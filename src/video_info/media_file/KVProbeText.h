@@ -8,7 +8,8 @@
 
 /// What the text that the tool prints about a file says. A plain value.
 struct KVProbeText {
-    double seconds = 0; ///< Duration.
+    double seconds = 0;          ///< Duration.
+    bool isDurationKnown = true; ///< False if `seconds` is a guess.
     QList<KVAudioTrack> audioTracks;
     QList<KVVideoTrack> videoTracks;
     QList<KVSubtitleTrack> subtitleTracks;

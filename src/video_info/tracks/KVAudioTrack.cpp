@@ -1,28 +1,19 @@
 #include "video_info/tracks/KVAudioTrack.h"
 
 #include "kvcore/KVLog.h"
+#include "kvcore/KVRegex.h"
 #include "kvcore/KVText.h"
-
-#include <array>
 
 namespace {
 
-struct ChannelLayout {
-    QLatin1String text;
-    bool isCaseSensitive;
-    qint64 numberOfChannels;
-};
-
-constexpr std::array channelLayouts{
-    ChannelLayout{QLatin1String("stereo"), false, 2},    ChannelLayout{QLatin1String("2 channels"), false, 2},
-    ChannelLayout{QLatin1String("3 channels"), true, 3}, ChannelLayout{QLatin1String("5.1"), true, 6},
-    ChannelLayout{QLatin1String("6.1"), true, 7},
-};
-
+/// "4 channels" holds 4. ffmpeg's names of layouts other than these arrive in this form.
 std::optional<qint64> channelsOf(const QString &piece) {
-    for (const ChannelLayout &layout : channelLayouts)
-        if (piece.contains(layout.text, layout.isCaseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive))
-            return layout.numberOfChannels;
+    static const KVRegex count("(?<!\\d)(?P<N>[1-9]\\d{0,2}) channels", KVRegexOptions::caseInsensitive);
+    if (KVText::containsCaseInsensitive(piece, u"stereo")) return 2;
+    if (const auto match = count.firstMatch(piece); match.hasMatch())
+        return KVText::integerValue(match.captured("N"));
+    if (piece.contains("5.1")) return 6;
+    if (piece.contains("6.1")) return 7;
     return std::nullopt;
 }
 
@@ -32,8 +23,10 @@ void readPiece(const QString &piece, KVAudioTrack &track) {
         track.frequency = KVText::integerValue(piece);
     else if (KVText::containsCaseInsensitive(piece, u"kb/s"))
         track.bitrate = KVText::integerValue(piece);
-    else if (const auto channels = channelsOf(piece))
+    else if (const auto channels = channelsOf(piece)) {
         track.numberOfChannels = *channels;
+        track.isAmbisonic = piece.endsWith("(ambisonic)");
+    }
 }
 
 /// `label` stands between "Stream #0:" and the next colon: "1(eng)", "1[0x1100](eng)", "1[0x1100]" or "1".

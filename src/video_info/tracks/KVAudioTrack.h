@@ -12,6 +12,8 @@ struct KVAudioTrack {
     qint64 numberOfChannels = 0;
     std::optional<QString> trackName; ///< Language and channel count: "eng (2)".
     qint64 trackNumber = 0;           ///< Index of the stream in the container.
+    /// The channels are those of a sphere (ambisonics), not of loudspeakers; ffmpeg cannot mix them by `-ac`.
+    bool isAmbisonic = false;
 
     /// Reads one trimmed stream line; nothing (and a log line) where it describes no audio.
     static std::optional<KVAudioTrack> fromLine(const QString &line);

@@ -76,6 +76,7 @@ std::optional<KVVideoTrack> KVVideoTrack::fromLine(const QString &line) {
 
     KVVideoTrack track;
     track.format = pieces.first();
+    track.isAttachedPicture = line.contains("(attached pic)");
     Hints hints;
     for (const QString &piece : pieces)
         readPiece(piece, track, hints);

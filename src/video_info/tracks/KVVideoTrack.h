@@ -15,6 +15,10 @@ struct KVVideoTrack {
     std::optional<QString> trackName;
     qint64 trackNumber = 0; ///< Index of the stream in the container.
     qint64 width = 0;       ///< Pixels, corrected to the display aspect ratio.
+    /// A single picture that belongs to the sound, such as the cover of an album.
+    bool isAttachedPicture = false;
+    /// The container says that the pictures are rotated, by whatever angle. Set by KVProbeText.
+    bool isRotated = false;
 
     /// Reads one trimmed stream line; nothing (and a log line) where it describes no video.
     static std::optional<KVVideoTrack> fromLine(const QString &line);

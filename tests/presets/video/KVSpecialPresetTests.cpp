@@ -141,3 +141,32 @@ TEST_F(KVSpecialPresetTest, SegmentedListReplacesTheContainer) {
     EXPECT_TRUE(QFileInfo(folder).isDir());
     EXPECT_DEATH(make("KVHTTPLiveStreamingPreset")->taskArguments(video(), url("a.mp4")), "");
 }
+
+TEST_F(KVSpecialPresetTest, WarnsOfARotationThatTheContainerCannotHold) {
+    const auto source = video();
+    source->selectedVideoTrack->isRotated = true;
+    const QString lost = "The rotation of the video is lost, because %1 files cannot hold it.";
+    const QString encoded =
+        "The video track was encoded instead of copied, because MKV files cannot hold its rotation.";
+    const QVariantMap copied{{"KVVideoTrackQuality", 4}};
+    struct Row {
+        const char *presetClass;
+        QVariantMap settings;
+        QStringList warnings;
+    };
+    const Row rows[]{
+        {"KVRemuxPreset", {{"ZRRemuxFormat", "avi"}}, {lost.arg("AVI")}},
+        {"KVRemuxPreset", {{"ZRRemuxFormat", "flv"}}, {lost.arg("FLV")}},
+        {"KVRemuxPreset", {{"ZRRemuxFormat", "matroska"}}, {lost.arg("MKV")}},
+        {"KVVideoRemuxPreset", {{"ZRRemuxFormat", "avi"}}, {lost.arg("AVI")}},
+        {"KVRemuxPreset", {{"ZRRemuxFormat", "ipod"}}, {}},
+        {"KVMKVPreset", copied, {encoded}},
+        {"KVMKVPreset", {}, {}},
+        {"KVMP4Preset", copied, {}},
+        {"KVTransformPreset", copied, {}},
+    };
+    for (const Row &row : rows)
+        EXPECT_EQ(make(row.presetClass, row.settings)->warningsForFiles({source}), row.warnings)
+            << row.presetClass;
+    EXPECT_EQ(make("KVRemuxPreset")->warningsForFiles({video()}), QStringList());
+}

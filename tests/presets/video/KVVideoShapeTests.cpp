@@ -29,6 +29,8 @@ TEST_F(KVVideoShapeTest, PictureStaysUprightAndUnstretched) {
     const QString upsideDown = clip("down.mov", "640x360", {"-vf", "hflip,vflip"});
     const QString light =
         clip("light.mov", "360x640", {"-vf", "transpose=1", "-c:v", "libx264", "-b:v", "200k"});
+    const QString upsideDownLight =
+        clip("downlight.mov", "640x360", {"-vf", "hflip,vflip", "-c:v", "libx264", "-b:v", "200k"});
     const QString odd =
         clip("odd.mkv", "641x361", {"-pix_fmt", "yuv444p", "-c:v", "libx264", "-preset", "ultrafast"});
     const auto turned = [this](const QString &source, const QString &name, const char *degrees) {
@@ -57,6 +59,9 @@ TEST_F(KVVideoShapeTest, PictureStaysUprightAndUnstretched) {
         {"turned the other way",    turned(lyingOtherwise, "270.mov", "270"), "KVMP4Preset", 360, 640},
         {"turned on a device",      rotated,      "KViPodPreset",  134, 240},
         {"turned as AVI",           rotated,      "KVDivXPreset",  360, 640},
+        {"turned and light, as MKV", rotatedLight, "KVMKVPreset", 360, 640},
+        {"upside down, as MKV",     turned(upsideDownLight, "180.mov", "180"), "KVMKVPreset", 640, 360},
+        {"turned, a copy as MKV",   rotatedLight, "KVMKVPreset",   360, 640, copied},
         {"turned, as animation",    rotated,      "KVGIFAnimationPreset", 360, 640},
         {"turned, in limits",       rotated,      "KVMKVPreset",   90, 160, {{"ZRHasSizeConstrains", true}, {"ZRMaxWidth", 200}, {"ZRMaxHeight", 160}}},
         {"turned, copied",          rotatedLight, "KVMP4Preset",   640, 360},

@@ -106,16 +106,6 @@ TEST_F(KVMediaFileTest, TellsWhatTheToolSaidOfAnUnknownFile) {
     EXPECT_TRUE(text.contains("missing.mp4: No such file or directory")) << text.toStdString();
 }
 
-TEST_F(KVMediaFileTest, ReadsNothingFromTextThatIsNotUTF8) {
-    writeScript("resources/ffmpeg",
-                "printf 'Duration: 00:00:01.00\\nStream #0:0: Audio: mp3, 44100 Hz, mono\\n\\377' >&2\n");
-    useOwnResources();
-    const auto file = probe(write("song.mp3", "x"));
-    ASSERT_FALSE(file);
-    EXPECT_EQ(file.error().reason, "Unrecognized file format.");
-    EXPECT_EQ(file.error().userInfo.value("NSAffectedObjectsErrorKey"), QVariant(QString("")));
-}
-
 TEST_F(KVMediaFileTest, PassesOnThatTheToolCannotBeStarted) {
     write("resources/ffmpeg", "no program");
     useOwnResources();

@@ -28,7 +28,10 @@ TEST(KVAudioTrackTest, ReadsWhatTheToolSaysOfAStream) {
         {"Stream #0:0: Audio: pcm_s16le, 44100 Hz, 2 channels, s16, 1411 kb/s",
          {1411, "pcm_s16le", 44100, 2, {}, 0}},
         {"Stream #0:0: Audio: pcm_s16le, 8000 Hz, 3 channels, s16", {0, "pcm_s16le", 8000, 3, {}, 0}},
-        {"Stream #0:3: Audio: truehd, 48000 Hz, 7.1, s32", {0, "truehd", 48000, 1, {}, 3}},
+        {"Stream #0:3: Audio: truehd, 48000 Hz, 8 channels, s32", {0, "truehd", 48000, 8, {}, 3}},
+        {"Stream #0:0: Audio: pcm_s16le, 48000 Hz, 12 channels, s16", {0, "pcm_s16le", 48000, 12, {}, 0}},
+        {"Stream #0:0: Audio: opus, 48000 Hz, 4 channels (ambisonic), fltp",
+         {0, "opus", 48000, 4, {}, 0, true}},
         {"Stream #0:0: Audio: codec5.1, 48000 Hz, mono", {0, "codec5.1", 48000, 6, {}, 0}},
         {"Stream #0:0: Audio: ", {0, "", 0, 1, {}, 0}},
     };

@@ -39,8 +39,8 @@ QStringList KVAudioFormat::arguments(const std::shared_ptr<KVMediaFile> &file,
     const auto audioFile = std::dynamic_pointer_cast<KVAudioFile>(file);
     if (!audioFile) KVFatalError("An audio format needs an audio file.");
 
-    QStringList arguments{_specified("-c:a"), codec(), _specified("-ac:a"),
-                          audioChannels(*audioFile, quality)};
+    QStringList arguments{_specified("-c:a"), codec()};
+    arguments += _channelArguments(*audioFile, quality);
     arguments += frequencyArguments(*audioFile);
     arguments += additionalArguments(*audioFile, quality);
     return arguments;
@@ -70,6 +70,19 @@ QString KVAudioFormat::audioChannels(const KVAudioFile &file, KVTrackQualitySett
     }
     // "Surround" means as many channels as the source has, within what the format takes.
     return QString::number(std::min(maximumNumberOfChannels(), file.selectedAudioTrack->numberOfChannels));
+}
+
+/// The number of channels. ffmpeg cannot mix those of a sphere into another number of channels; they stay as
+/// they are where the encoder takes them, and otherwise two opposite directions become a stereo track.
+QStringList KVAudioFormat::_channelArguments(const KVAudioFile &file, KVTrackQualitySetting quality) const {
+    const QString channels = audioChannels(file, quality);
+    if (!file.selectedAudioTrack || !file.selectedAudioTrack->isAmbisonic)
+        return {_specified("-ac:a"), channels};
+    const bool keepsChannels = channels == QString::number(file.selectedAudioTrack->numberOfChannels);
+    if (keepsChannels && takesAnyChannelLayout()) return {};
+    return {_specified("-filter:a"), channels == "1"
+                                         ? QStringLiteral("pan=mono|c0=c0")
+                                         : QStringLiteral("pan=stereo|c0=0.5*c0+0.5*c1|c1=0.5*c0-0.5*c1")};
 }
 
 QStringList KVAudioFormat::frequencyArguments(const KVAudioFile &file) const {

@@ -26,12 +26,17 @@ class KVAudioFormat : public KVTrackFormat {
     virtual QString audioChannels(const KVAudioFile &file, KVTrackQualitySetting quality) const;
     virtual QStringList frequencyArguments(const KVAudioFile &file) const;
     virtual qint64 maximumNumberOfChannels() const { return 2; }
+    /// Whether the encoder writes channels of any meaning, not those of loudspeakers only.
+    virtual bool takesAnyChannelLayout() const { return false; }
     /// Hertz, in the order in which they are offered; empty means that the encoder takes any rate.
     virtual QList<qint64> supportedFrequencies() const { return {}; }
 
   protected:
     /// `option` for this track: "-b:a" gives "-b:a:0".
     QString _specified(const char *option) const;
+
+  private:
+    QStringList _channelArguments(const KVAudioFile &file, KVTrackQualitySetting quality) const;
 };
 
 using KVAudioFormatClass = KVTrackFormatClass<KVAudioFormat>;

@@ -7,4 +7,5 @@ class KVFLACFormat : public KVAudioFormat {
   public:
     QString codec() const override { return "flac"; }
     qint64 maximumNumberOfChannels() const override { return 8; }
+    bool takesAnyChannelLayout() const override { return true; }
 };

@@ -10,4 +10,5 @@ class KVWAVFormat : public KVFixedFrequencyAudioFormat {
 
     QString codec() const override;
     qint64 maximumNumberOfChannels() const override { return 255; }
+    bool takesAnyChannelLayout() const override { return true; }
 };

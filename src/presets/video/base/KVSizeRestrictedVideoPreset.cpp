@@ -49,7 +49,7 @@ bool KVSizeRestrictedVideoPreset::_exceedsLimits(const KVVideoTrack &track) cons
 
 QStringList KVSizeRestrictedVideoPreset::sizeArguments(const KVVideoFile &file, bool allowCopying) const {
     if (!file.selectedVideoTrack) return {};
-    if (allowCopying && !_exceedsLimits(*file.selectedVideoTrack) &&
+    if (allowCopying && !_losesRotation(file) && !_exceedsLimits(*file.selectedVideoTrack) &&
         videoFormat()->canCopyVideoTrack(file, videoTrackQuality))
         return {};
     const auto [width, height] = KVVideoFormat::Resolution::fromSize(size(file));

@@ -79,6 +79,12 @@ std::optional<QString> KVSubtitlesFile::decodedBeginning(const QByteArray &bytes
     return decodedPart(bytes, encoding, false);
 }
 
+std::optional<QString> KVSubtitlesFile::text(const QUrl &url, const QString &encoding) {
+    QFile source(url.toLocalFile());
+    if (!source.open(QIODevice::ReadOnly)) return std::nullopt;
+    return decoded(source.readAll(), encoding);
+}
+
 bool KVSubtitlesFile::isBlank(QString text) {
     return text.remove(QChar::ByteOrderMark).trimmed().isEmpty();
 }

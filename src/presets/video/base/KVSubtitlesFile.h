@@ -22,6 +22,9 @@ std::optional<QString> decoded(const QByteArray &bytes, const QString &encoding)
 /// The same for the beginning of a longer text: a character that is cut off at the end of `bytes` is dropped.
 std::optional<QString> decodedBeginning(const QByteArray &bytes, const QString &encoding);
 
+/// The file's text; empty if it cannot be read or is not in `encoding`. Writes nothing.
+std::optional<QString> text(const QUrl &url, const QString &encoding);
+
 /// True if there is nothing to read in it.
 bool isBlank(QString text);
 

@@ -5,6 +5,7 @@
 #include "platform/KVFileManager.h"
 #include "presets/settings/KVVideoQualityBasedFormatSettings.h"
 #include "presets/video/base/KVStitchingFilter.h"
+#include "presets/video/base/KVSubtitleFonts.h"
 #include "presets/video/base/KVSubtitlesFile.h"
 #include "util/KVThreadCount.h"
 #include "video_info/media_file/KVVideoFile.h"
@@ -12,6 +13,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <array>
 
 /// Subtitles of a single file.
 struct KVVideoPreset::SubtitleArguments {
@@ -151,11 +153,13 @@ QStringList KVVideoPreset::_videoArguments(const KVVideoFileList &files,
                                            const std::shared_ptr<KVVideoFile> &reference) const {
     const bool isCopy = videoTrackQuality == KVTrackQualitySetting::copy;
     const bool isStitched = files.size() > 1;
-    if (!isStitched && (isCopy || canCopyVideoTrack(*files.first()))) return {"-c:v", "copy"};
+    const KVVideoFile &first = *files.first();
+    if (!isStitched && !_losesRotation(first) && (isCopy || canCopyVideoTrack(first)))
+        return {"-c:v", "copy"};
 
     const auto format = videoFormat();
     if (hasSizeConstrains()) format->targetResolution = KVVideoFormat::Resolution::fromSize(size(*reference));
-    // A stitched track cannot be copied: the next best is a good one.
+    // A track that cannot be copied: the next best is a good one.
     return format->arguments(reference, isCopy ? KVTrackQualitySetting::high : videoTrackQuality);
 }
 
@@ -188,7 +192,7 @@ bool KVVideoPreset::_addsStereoTrack(const KVVideoFile &file) const {
 bool KVVideoPreset::canCopyVideoTrack(const KVVideoFile &file) const {
     if (deinterlaceVideo) return false;
     if (!videoFormat()->canCopyVideoTrack(file, videoTrackQuality)) return false;
-    if (!file.selectedVideoTrack) return false;
+    if (!file.selectedVideoTrack || _losesRotation(file)) return false;
     const KVVideoTrack &track = *file.selectedVideoTrack;
     if (requiresEvenSizeValues() && (track.width % 2 != 0 || track.height % 2 != 0)) return false;
     if (!hasSizeConstrains() || videoTrackQuality != KVTrackQualitySetting::custom) return true;
@@ -198,6 +202,37 @@ bool KVVideoPreset::canCopyVideoTrack(const KVVideoFile &file) const {
     const auto height = static_cast<double>(track.height);
     if (allowsScalingUp()) return width == target.width && height == target.height;
     return width <= target.width && height <= target.height;
+}
+
+bool KVVideoPreset::_losesRotation(const KVVideoFile &file) const {
+    // ffmpeg writes the rotation into these only.
+    constexpr std::array rotatingExtensions{"mp4", "m4v", "mov", "3gp"};
+    const auto extension = pathExtension(); // without one the container stays that of the source
+    return extension && file.selectedVideoTrack && file.selectedVideoTrack->isRotated &&
+           std::ranges::none_of(rotatingExtensions,
+                                [&](const char *known) { return *extension == QLatin1String(known); });
+}
+
+QStringList KVVideoPreset::warningsForFiles(const KVMediaFileList &files) const {
+    const KVVideoFileList videos = videoFiles(files);
+    if (videos.size() != 1 || !supportsStitching())
+        return {}; // presets that write their own list burn nothing in
+    const KVVideoFile &file = *videos.first();
+    QStringList warnings;
+    if (videoTrackQuality == KVTrackQualitySetting::copy && _losesRotation(file))
+        warnings += KVLocalizationCenter::localized(
+            "The video track was encoded instead of copied, because %@ files cannot hold its rotation.",
+            {pathExtension()->toUpper()});
+    const bool burnsSubtitles =
+        file.subtitlesFileURL && (!supportsSubtitleMuxing() || burnSubtitlesIntoVideo);
+    if (!burnsSubtitles) return warnings;
+    const auto text = KVSubtitlesFile::text(*file.subtitlesFileURL, file.subtitlesFileEncoding);
+    const QStringList missing = KVSubtitleFonts::missingWritingSystems(text.value_or(QString()));
+    if (!missing.isEmpty())
+        warnings += KVLocalizationCenter::localized("The subtitles cannot be read in the picture, because no "
+                                                    "font for these letters is installed: %@.",
+                                                    {missing.join(", ")});
+    return warnings;
 }
 
 std::unique_ptr<KVVideoFormat> KVVideoPreset::videoFormat() const {

@@ -55,6 +55,7 @@ class KVVideoPreset : public KVPresetWithFields<KVVideoPreset, KVBitrateAudioPre
     QString refusalOfFiles(const KVMediaFileList &files) const override;
     QStringList taskArgumentsForFiles(const KVMediaFileList &files, const QUrl &outputFile) const override;
     std::optional<QString> threadCountArgument() const override;
+    QStringList warningsForFiles(const KVMediaFileList &files) const override;
 
     /// The end of every list: ample queues, the source's chapters and metadata.
     static QStringList closingArguments(const QUrl &outputFile);
@@ -65,6 +66,9 @@ class KVVideoPreset : public KVPresetWithFields<KVVideoPreset, KVBitrateAudioPre
     /// The options that are always shown, behind the copying of subtitles.
     virtual KVOptionList _additionalOptions();
     virtual int _maximumThreadCount() const { return 16; }
+    /// Whether a copy of the video track would not be shown upright: the source says that it is rotated, and
+    /// the container of the output cannot say so.
+    bool _losesRotation(const KVVideoFile &file) const;
 
   private:
     struct SubtitleArguments;

@@ -39,6 +39,13 @@ QStringList KVRemuxPreset::taskArguments(const std::shared_ptr<KVMediaFile> &fil
     return arguments + _containerArguments(*video, outputFile);
 }
 
+QStringList KVRemuxPreset::warningsForFiles(const KVMediaFileList &files) const {
+    const auto video = files.isEmpty() ? nullptr : std::dynamic_pointer_cast<KVVideoFile>(files.first());
+    if (!video || !_losesRotation(*video)) return {};
+    return {KVLocalizationCenter::localized(
+        "The rotation of the video is lost, because %@ files cannot hold it.", {pathExtension()->toUpper()})};
+}
+
 QStringList KVRemuxPreset::_containerArguments(const KVVideoFile &file, const QUrl &outputFile) const {
     QStringList arguments{"-sn", "-f", format};
     if (file.audioTracks.size() > 1 && file.selectedVideoTrack && file.selectedAudioTrack)

@@ -19,6 +19,7 @@ class KVRemuxPreset : public KVPresetWithFields<KVRemuxPreset, KVVideoPreset> {
     bool supportsSubtitleMuxing() const override;
     QStringList taskArguments(const std::shared_ptr<KVMediaFile> &file,
                               const QUrl &outputFile) const override;
+    QStringList warningsForFiles(const KVMediaFileList &files) const override;
 
   protected:
     /// "File Format:".
