@@ -1760,56 +1760,10 @@ Ausgabe in Teilen.</translation>
   <message>
     <source>The files will be converted one after the other into one output.</source>
     <translation>Die Dateien werden nacheinander in eine einzige Ausgabe konvertiert.</translation>
+  </message>
+  <message>
     <source>The frame size of "%@" is unknown, so it cannot be merged with other videos.</source>
     <translation>Die Bildgröße von „%@“ ist unbekannt, daher lässt sich die Datei nicht mit anderen Videos zusammenfügen.</translation>
-  </message>
-  <message>
-    <source>Use for all files that follow</source>
-    <translation>Für alle folgenden Dateien verwenden</translation>
-  </message>
-  <message>
-    <source>Use for all %ld files</source>
-    <translation>Für alle %ld Dateien verwenden</translation>
-  </message>
-  <message>
-    <source>1 file was not added</source>
-    <translation>1 Datei wurde nicht hinzugefügt</translation>
-  </message>
-  <message>
-    <source>%ld files were not added</source>
-    <translation>%ld Dateien wurden nicht hinzugefügt</translation>
-  </message>
-  <message>
-    <source>The folder holds a DVD</source>
-    <translation>Der Ordner enthält eine DVD</translation>
-  </message>
-  <message>
-    <source>The folders hold %ld DVDs</source>
-    <translation>Die Ordner enthalten %ld DVDs</translation>
-  </message>
-  <message>
-    <source>1 other file in the folders was skipped</source>
-    <translation>1 weitere Datei in den Ordnern wurde übersprungen</translation>
-  </message>
-  <message>
-    <source>%ld other files in the folders were skipped</source>
-    <translation>%ld weitere Dateien in den Ordnern wurden übersprungen</translation>
-  </message>
-  <message>
-    <source>This folder is a DVD.</source>
-    <translation>Dieser Ordner ist eine DVD.</translation>
-  </message>
-  <message>
-    <source>Add the Disc</source>
-    <translation>DVD hinzufügen</translation>
-  </message>
-  <message>
-    <source>Show...</source>
-    <translation>Anzeigen ...</translation>
-  </message>
-  <message>
-    <source>Copy</source>
-    <translation>Kopieren</translation>
   </message>
   <message>
     <source>Files That Were Not Added</source>
@@ -1936,10 +1890,6 @@ Ausgabe in Teilen.</translation>
     <translation>HQ</translation>
   </message>
   <message>
-    <source>The conversion failed.</source>
-    <translation>Die Konvertierung ist fehlgeschlagen.</translation>
-  </message>
-  <message>
     <source>Video: H.264
 Audio: AAC</source>
     <translation>Video: H.264
@@ -1966,8 +1916,12 @@ Audio: AAC</translation>
   <message>
     <source>The subtitles in '%@' were left out.</source>
     <translation>Die Untertitel in „%@“ wurden weggelassen.</translation>
+  </message>
+  <message>
     <source>The subtitles %@ were left out, since several files were joined.</source>
     <translation>Die Untertitel %@ wurden weggelassen, da mehrere Dateien verbunden wurden.</translation>
+  </message>
+  <message>
     <source>The file describes its tracks but contains no media data.</source>
     <translation>Die Datei beschreibt ihre Spuren, enthält aber keine Mediendaten.</translation>
   </message>
@@ -1994,6 +1948,144 @@ Audio: AAC</translation>
   <message>
     <source>Chinese characters</source>
     <translation>Chinesische Zeichen</translation>
+  </message>
+  <message>
+    <source>%@ KB</source>
+    <translation>%@ KB</translation>
+  </message>
+  <message>
+    <source>%@ MB</source>
+    <translation>%@ MB</translation>
+  </message>
+  <message>
+    <source>%@ GB</source>
+    <translation>%@ GB</translation>
+  </message>
+  <message>
+    <source>%@ TB</source>
+    <translation>%@ TB</translation>
+  </message>
+  <message>
+    <source>%@ PB</source>
+    <translation>%@ PB</translation>
+  </message>
+  <message>
+    <source>AVI</source>
+    <translation>AVI</translation>
+  </message>
+  <message>
+    <source>FLV</source>
+    <translation>FLV</translation>
+  </message>
+  <message>
+    <source>M4V</source>
+    <translation>M4V</translation>
+  </message>
+  <message>
+    <source>MKV</source>
+    <translation>MKV</translation>
+  </message>
+  <message>
+    <source>MOV</source>
+    <translation>MOV</translation>
+  </message>
+  <message>
+    <source>MP4</source>
+    <translation>MP4</translation>
+  </message>
+  <message>
+    <source>Video: MPEG 1
+Audio: MP2</source>
+    <translation>Video: MPEG 1
+Audio: MP2</translation>
+  </message>
+  <message>
+    <source>Video: MPEG 2 (DVD compatible)
+Audio: AC3</source>
+    <translation>Video: MPEG 2 (DVD-kompatibel)
+Audio: AC3</translation>
+  </message>
+  <message>
+    <source>Video: MPEG4
+Audio: AAC</source>
+    <translation>Video: MPEG4
+Audio: AAC</translation>
+  </message>
+  <message>
+    <source>Video: MPEG4 (DivX)
+Audio: MP3</source>
+    <translation>Video: MPEG4 (DivX)
+Audio: MP3</translation>
+  </message>
+  <message>
+    <source>Video: MPEG4 (Xvid)
+Audio: MP3</source>
+    <translation>Video: MPEG4 (Xvid)
+Audio: MP3</translation>
+  </message>
+  <message>
+    <source>Video: FLV
+Audio: MP3</source>
+    <translation>Video: FLV
+Audio: MP3</translation>
+  </message>
+  <message>
+    <source>Video: HEVC
+Audio: AAC</source>
+    <translation>Video: HEVC
+Audio: AAC</translation>
+  </message>
+  <message>
+    <source>Video: ProRes
+Audio: AAC</source>
+    <translation>Video: ProRes
+Audio: AAC</translation>
+  </message>
+  <message>
+    <source>Video: Theora
+Audio: Vorbis</source>
+    <translation>Video: Theora
+Audio: Vorbis</translation>
+  </message>
+  <message>
+    <source>Video: VP8
+Audio: Vorbis</source>
+    <translation>Video: VP8
+Audio: Vorbis</translation>
+  </message>
+  <message>
+    <source>Video: WMV (v2)
+Audio: WMA (v2)</source>
+    <translation>Video: WMV (v2)
+Audio: WMA (v2)</translation>
+  </message>
+  <message>
+    <source>MP4 (iPod, iPhone &amp; AppleTV)</source>
+    <translation>MP4 (iPod, iPhone &amp; AppleTV)</translation>
+  </message>
+  <message>
+    <source>Horizontal Flip</source>
+    <translation>Horizontal spiegeln</translation>
+  </message>
+  <message>
+    <source>Vertical Flip</source>
+    <translation>Vertikal spiegeln</translation>
+  </message>
+  <message>
+    <source>Rotate 90º</source>
+    <translation>Um 90º drehen</translation>
+  </message>
+  <message>
+    <source>Rotate 90º CCW</source>
+    <translation>Um 90º gegen den Uhrzeigersinn drehen</translation>
+  </message>
+  <message>
+    <source>Couldn't create task, aborting.</source>
+    <translation>Der Vorgang konnte nicht angelegt werden.</translation>
+  </message>
+  <message>
+    <source>No such file or directory</source>
+    <translation>Datei oder Verzeichnis nicht gefunden</translation>
   </message>
 </context>
 </TS>

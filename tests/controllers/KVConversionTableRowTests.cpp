@@ -263,7 +263,8 @@ TEST_F(KVConversionTableRowTest, ASelectionOffersWhatItsRowsCanDo) {
                                     "Only conversions of one media type can be merged."},
                                 Row{{b, a, c},
                                     finished,
-                                    "Start, Remove and Add Again to Queue, -, Remove, -, Preset, -, Merge",
+                                    "Start, Try Again, Remove and Add Again to Queue, -, Remove, -, Preset, -, "
+                                    "Merge",
                                     "",
                                     "Only waiting conversions can be merged."}}) {
         b->state = expected.stateOfB;

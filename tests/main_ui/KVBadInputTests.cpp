@@ -42,7 +42,8 @@ TEST_F(KVBadInputTest, AFileThatVanishesBeforeTheStartFailsAloneAndIsTold) {
     QFile::remove(path("a.wav"));
     application->start();
     ASSERT_TRUE(runUntil([&] { return !questions->alerts.empty(); }));
-    EXPECT_EQ(statusOf("a.wav"), "Error converting.");
+    EXPECT_EQ(statusOf("a.wav"),
+              "The file to be converted cannot be found: it has been moved, renamed or removed.");
     EXPECT_TRUE(statusOf("b.wav").startsWith("Done"));
     EXPECT_TRUE(
         questions->alerts.front().messageText.startsWith("The file to be converted cannot be found."));

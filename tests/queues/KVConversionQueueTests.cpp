@@ -2,6 +2,7 @@
 #include "platform/KVScriptedQuestions.h"
 #include "support/KVEngineTestCase.h"
 #include "util/KVPreferenceKeys.h"
+#include "util/KVTempDirectory.h"
 
 #include <QDateTime>
 
@@ -228,6 +229,7 @@ TEST_F(KVConversionQueueTest, LeavesNoThreadAndNoDescriptorBehindARun) {
     const auto count = [](const char *folder) {
         return QDir(folder).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size();
     };
+    KVTempDirectoryPath();
     add("good.wav");
     runToEnd(); // whatever is made once is there now
     ASSERT_TRUE(waitFor([&] { return !queue()->isWorking(); }));

@@ -48,6 +48,7 @@ VImage KVTestPictures::fields(int width, int height) {
 }
 
 QString KVTestPictures::save(const VImage &picture, const QString &path, vips::VOption *options) {
+    prepareWithAllLoaders();
     encode(picture, path, options);
     return path;
 }
