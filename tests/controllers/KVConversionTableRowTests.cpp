@@ -250,23 +250,23 @@ TEST_F(KVConversionTableRowTest, ASelectionOffersWhatItsRowsCanDo) {
         const char *reasonAgainstPreset;
         const char *reasonAgainstMerge;
     };
-    for (const Row &expected : {Row{{a, b}, waitingToStart, "Start, -, Remove, -, Preset, -, Merge", "", ""},
-                                Row{{a, b},
-                                    executing,
-                                    "Start, Pause, -, Stop and Remove, -, Preset, -, Merge",
-                                    "",
-                                    "Only waiting conversions can be merged."},
-                                Row{{a, sound},
-                                    waitingToStart,
-                                    "Start, -, Remove, -, Preset, -, Merge",
-                                    "The selected conversions are of different media types.",
-                                    "Only conversions of one media type can be merged."},
-                                Row{{b, a, c},
-                                    finished,
-                                    "Start, Try Again, Remove and Add Again to Queue, -, Remove, -, Preset, -, "
-                                    "Merge",
-                                    "",
-                                    "Only waiting conversions can be merged."}}) {
+    for (const Row &expected :
+         {Row{{a, b}, waitingToStart, "Start, -, Remove, -, Preset, -, Merge", "", ""},
+          Row{{a, b},
+              executing,
+              "Start, Pause, -, Stop and Remove, -, Preset, -, Merge",
+              "",
+              "Only waiting conversions can be merged."},
+          Row{{a, sound},
+              waitingToStart,
+              "Start, -, Remove, -, Preset, -, Merge",
+              "The selected conversions are of different media types.",
+              "Only conversions of one media type can be merged."},
+          Row{{b, a, c},
+              finished,
+              "Start, Try Again, Remove and Add Again to Queue, -, Remove, -, Preset, -, Merge",
+              "",
+              "Only waiting conversions can be merged."}}) {
         b->state = expected.stateOfB;
         const KVMenu menu = KVRowSelection(expected.rows, services).menu();
         EXPECT_EQ(line(menu), expected.menu);
