@@ -164,8 +164,10 @@ TEST_F(KVVideoTrackConversionTest, SubtitlesAreCarriedOrBurntIn) {
         {"file of another encoding", external("c.mp4", cyrillic, "UTF-8"), "KVMP4Preset", ""},
         {"file burnt in", external("d.mp4", cyrillic, "windows-1251"), "KVMP4Preset", "", true, burn},
         {"in UTF-8", external("h.mp4", burntText.toUtf8(), "UTF-8"), "KVMP4Preset", "", true, burn},
-        {"file to a container without", external("e.mp4", burntText.toUtf8(), "UTF-8"), "KVWMVPreset", "", true},
-        {"file, deinterlaced", external("f.mp4", burntText.toUtf8(), "UTF-8"), "KVXvidPreset", "", true, still},
+        {"file to a container without", external("e.mp4", burntText.toUtf8(), "UTF-8"), "KVWMVPreset", "",
+         true},
+        {"file, deinterlaced", external("f.mp4", burntText.toUtf8(), "UTF-8"), "KVXvidPreset", "", true,
+         still},
         {"file, limited", external("g.mp4", burntText.toUtf8(), "UTF-8"), "KViPhonePreset", "", true, burn},
     };
     std::map<QString, QImage> frames;
