@@ -31,7 +31,7 @@ std::shared_ptr<KVConversion> KVRetryConversion(const std::shared_ptr<KVConversi
     if (place < 0) return nullptr;
 
     if (changes.isWithoutSubtitles) removeSubtitles(files);
-    const auto again = queue->createConversion(files.first(), presetForRetry(*failed, *queue), false);
+    auto again = queue->createConversion(files.first(), presetForRetry(*failed, *queue), false);
     again->setMediaFiles(files);
     again->setOutputFileName(failed->outputFileName());
     again->setDestinationFolder(changes.destinationFolder ? changes.destinationFolder

@@ -52,9 +52,9 @@ QString KVConversionTableRow::title() const {
 
 QString KVConversionTableRow::statusText() const {
     if (_conversion->state == KVConversionState::paused) return KVLocalizationCenter::localized("Paused");
-    if (const QString summary = outcome().summary; !summary.isEmpty()) return summary;
+    if (QString summary = outcome().summary; !summary.isEmpty()) return summary;
     const QString status = _conversion->statusString();
-    const QString text = status.isEmpty() ? _conversion->estimatedTimeString() : status;
+    QString text = status.isEmpty() ? _conversion->estimatedTimeString() : status;
     if (_conversion->state != KVConversionState::waitingToStart) return text;
     return (QStringList{text} + _notes()).join(QStringLiteral(" \u00b7 "));
 }

@@ -107,7 +107,7 @@ QString KVTimeLeft::text(const std::vector<Queue> &queues) {
         isKnown = isKnown && seconds && (waitingHere == 0 || queue.isWorking);
         longestOfAll = std::max(longestOfAll, seconds.value_or(0));
     }
-    const QString current = KVTime::localizedTimeString(longest);
+    QString current = KVTime::localizedTimeString(longest);
     if (waiting == 0) return current;
     if (isKnown)
         return KVLocalizationCenter::localized(

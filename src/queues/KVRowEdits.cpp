@@ -136,7 +136,7 @@ bool KVRowEdits::mergeAll() {
 /// With a preset gives the result that one, and does not ask the one in force.
 std::optional<KVRowEdits::Before> KVRowEdits::_merge(const Rows &rows, const Preset &preset) {
     if (!preset && !reasonAgainstMerge(rows).isEmpty()) return std::nullopt;
-    const Row keeper = rows.first();
+    const Row &keeper = rows.first();
     const Rows others = rows.mid(1);
     Before before = _before(keeper, true);
     KVMediaFileList files = keeper->mediaFiles();
@@ -159,8 +159,10 @@ std::optional<KVRowEdits::Before> KVRowEdits::_merge(const Rows &rows, const Pre
 
 bool KVRowEdits::makeDVD(const Rows &rows) {
     const auto preset = KVPreset::presetNamed("DVD");
-    const bool areVideos = std::ranges::all_of(
-        rows, [](const Row &row) { return queueOfRow(row)->mediaFileType() == KVMediaFileType::video; });
+    const bool areVideos = std::ranges::all_of(rows, [](const Row &row) {
+        const auto queue = queueOfRow(row);
+        return queue && queue->mediaFileType() == KVMediaFileType::video;
+    });
     if (!preset || rows.isEmpty() || !areVideos) return false;
     auto before = _merge(rows, preset);
     if (!before) return false;

@@ -152,8 +152,9 @@ TEST_F(KVVideoConversionTest, PutsTheTitlesIntoTheOrderOfTheRow) {
     const QStringList names{"good.Part 2.mov", "good.Part 10.mov", "b/good.same.mov", "a/good.same.mov"};
     KVMediaFileList films;
     for (const QString &name : names) {
-        films += video(name);
-        std::dynamic_pointer_cast<KVVideoFile>(films.last())->seconds = double(films.size());
+        const auto film = video(name);
+        films += film;
+        film->seconds = double(films.size());
     }
     const auto row = addDisc(films);
     row->setDVDName("AC/DC");

@@ -92,7 +92,7 @@ KVResultPlan KVResultPlan::forFiles(const AudioFiles &files, const QStringList &
     std::shared_ptr<KVAudioFile> first;
     for (qsizetype i = 0; i + 1 < arguments.size(); ++i) {
         if (arguments[i] != "-i") continue;
-        const QString path = arguments[i + 1];
+        const QString &path = arguments[i + 1];
         const auto file = std::ranges::find_if(
             files, [&](const auto &candidate) { return candidate->url().toLocalFile() == path; });
         if (file == files.end()) continue; // the file with subtitles

@@ -64,5 +64,5 @@ void KVFilesAndFoldersDialog::accept() {
     }
     for (const QString &path : _selectedPaths())
         _chosenURLs.append(QUrl::fromLocalFile(path));
-    QDialog::accept();
+    done(QDialog::Accepted);
 }

@@ -226,7 +226,7 @@ VImage KVBitmapFile::image(const QString &path) {
     layout.height = header->height;
     layout.bands = header->bands();
     layout.horizontalResolution = layout.verticalResolution = header->pixelsPerMeter / 1000;
-    const VImage image = KVRowReader::picture(layout, std::make_unique<BitmapRows>(path, *header));
+    VImage image = KVRowReader::picture(layout, std::make_unique<BitmapRows>(path, *header));
     if (!header->profile.isEmpty())
         vips_image_set_blob_copy(image.get_image(), VIPS_META_ICC_NAME, header->profile.constData(),
                                  static_cast<std::size_t>(header->profile.size()));

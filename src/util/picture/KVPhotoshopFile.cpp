@@ -4,6 +4,8 @@
 #include "util/picture/KVPhotoshopHeader.h"
 #include "util/picture/KVRowReader.h"
 
+#include <QtEndian>
+
 #include <algorithm>
 #include <limits>
 #include <memory>
@@ -23,7 +25,8 @@ constexpr double millimetresPerInch = 25.4;
 bool unpackRow(const QByteArray &packed, QByteArray &row, qint64 size) {
     row.clear();
     for (qsizetype at = 0; row.size() < size && at + 1 < packed.size();) {
-        const int count = static_cast<signed char>(packed[at++]);
+        const auto byte = static_cast<uchar>(packed[at++]);
+        const int count = byte < 128 ? byte : byte - 256;
         if (count >= 0) {
             row.append(packed.mid(at, std::min<qint64>(count + 1, size - row.size())));
             at += count + 1;
@@ -104,7 +107,7 @@ class DocumentRows : public KVRowReader {
     template <class Number>
     Number _value(const QByteArray &row, int x) const {
         const auto *bytes = reinterpret_cast<const uchar *>(row.constData());
-        if constexpr (sizeof(Number) == 2) return static_cast<Number>(bytes[2 * x] << 8 | bytes[2 * x + 1]);
+        if constexpr (sizeof(Number) == 2) return qFromBigEndian<quint16>(bytes + qsizetype{2} * x);
         if (_header.depth == 8) return bytes[x];
         return (bytes[x / 8] >> (7 - x % 8) & 1) != 0 ? 0 : 255; // 1 is black
     }
@@ -172,7 +175,7 @@ bool KVPhotoshopFile::canRead(const KVPhotoshopHeader &header) {
 VImage KVPhotoshopFile::image(const QString &path, const KVPhotoshopHeader &header) {
     auto rows = std::make_unique<DocumentRows>(path, header);
     const auto layout = rows->layout();
-    const VImage image = KVRowReader::picture(layout, std::move(rows));
+    VImage image = KVRowReader::picture(layout, std::move(rows));
     if (!header.exif.isEmpty())
         setBlock(image, VIPS_META_EXIF_NAME, "Exif" + QByteArray(2, '\0') + header.exif);
     setBlock(image, VIPS_META_ICC_NAME, header.profile);

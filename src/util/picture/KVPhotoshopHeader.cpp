@@ -29,7 +29,7 @@ class DocumentReader {
     }
 
     QByteArray bytes(qint64 size) {
-        const QByteArray read = size <= maximumBlock ? _file.read(size) : QByteArray();
+        QByteArray read = size <= maximumBlock ? _file.read(size) : QByteArray();
         if (read.size() != size) fail();
         return read;
     }
@@ -169,7 +169,7 @@ KVPhotoshopHeader KVPhotoshopHeader::read(QFile &file) {
     header.packing = int(reader.number(2));
     header.pixelOffset = reader.position();
     if (header.packing == raw)
-        reader.goTo(header.pixelOffset + header.channels * header.height * header.bytesPerRow());
+        reader.goTo(header.pixelOffset + qint64{header.channels} * header.height * header.bytesPerRow());
     else if (header.packing == runLength)
         readPackedOffsets(reader, header, isLargeForm ? 4 : 2);
     else if (reader.remaining() == 0)

@@ -46,7 +46,7 @@ class Attempt {
         Attempts &all = Attempts::shared();
         const std::scoped_lock lock(all.mutex);
         if (!_beganAlone || all.begun != _number) return {};
-        const QString text = KVVipsLibrary::takeErrorText();
+        QString text = KVVipsLibrary::takeErrorText();
         if (!text.isEmpty()) return text;
         return warning.isEmpty() ? QStringLiteral("The file is damaged.") : warning;
     }

@@ -72,7 +72,7 @@ VImage imageOfDocument(const QString &path) {
     if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error(file.errorString().toStdString());
     const auto header = KVPhotoshopHeader::read(file);
     if (KVPhotoshopFile::canRead(header)) return KVPhotoshopFile::image(path, header);
-    const VImage image = imageOfOtherKind(path);
+    VImage image = imageOfOtherKind(path);
     // A single channel would be its own transparency.
     if (!image.has_alpha() || header.holdsTransparency) return image;
     return image.extract_band(0, VImage::option()->set("n", image.bands() - 1));
