@@ -132,14 +132,14 @@ QSet<QString> filesThatLocalizeVariables() {
 
 /// The texts of code that localises what a constant or another function names.
 QSet<QString> textsInNamedPlaces() {
-    static const QRegularExpression place(
-        R"re((?:const char \*\w+ =|return)\s*((?:"(?:[^"\\]|\\.)*"\s*)+);)re");
+    static const QRegularExpression place(R"re((?:const char \*(?:const )?\w+ =|return)\s*([^;]*);)re");
+    static const QRegularExpression sentence("\\.$|%@");
     QSet<QString> texts;
     forEachSource([&](const QString &path, const QString &code) {
-        if (path != "core/KVFailureCause.cpp") return;
+        if (path != "core/KVFailureCause.cpp" && path != "queues/KVRowEdits.cpp") return;
         for (auto places = place.globalMatch(code); places.hasNext();)
             for (const QString &text : literals(places.next().captured(1)))
-                texts.insert(text);
+                if (text.contains(sentence) && !text.contains("%1")) texts.insert(text); // "%1": for scripts
     });
     return texts;
 }
