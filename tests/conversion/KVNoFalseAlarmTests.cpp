@@ -159,7 +159,11 @@ TEST_F(KVNoFalseAlarmTest, WarnsOfNoUndamagedSource) {
     }
     int succeeded = 0;
     for (const Job &job : jobs) {
-        EXPECT_EQ(warningsOf(job.label).join('|'), "") << job.label.toStdString();
+        // This warning is right: a copied picture cannot be turned upright.
+        const bool losesRotation = job.label == "Remux of phone.mov";
+        EXPECT_EQ(warningsOf(job.label).join('|'),
+                  losesRotation ? "The rotation of the video is lost, because AVI files cannot hold it." : "")
+            << job.label.toStdString();
         if (!outputs.at(job.label).isEmpty())
             ++succeeded;
         else if (failureOf(job.label).contains("The result is empty"))
