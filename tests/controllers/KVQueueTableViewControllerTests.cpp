@@ -195,7 +195,7 @@ TEST_F(KVQueueTableViewControllerTest, MergingGathersTheFilesInOrder) {
     EXPECT_EQ(table.rows, controller.numberOfRows());
 }
 
-TEST_F(KVQueueTableViewControllerTest, AFinishedRowGoesAtOnceWhereTheUserWantsThat) {
+TEST_F(KVQueueTableViewControllerTest, RemovesAFinishedRowAtOnceIfTheUserWantsIt) {
     const auto conversion = add(KVMediaFileType::audio, "a.wav");
     auto &center = KVNotificationCenter::defaultCenter();
     center.post(ConversionDidFinish, conversion);
@@ -203,8 +203,11 @@ TEST_F(KVQueueTableViewControllerTest, AFinishedRowGoesAtOnceWhereTheUserWantsTh
     EXPECT_EQ(controller.numberOfRows(), 2);
 
     KVPreferences::shared().setBoolean(true, KVPreferenceKeys::ClearFinishedItemsRightAway);
+    const auto withWarning = add(KVMediaFileType::audio, "b.wav");
+    withWarning->addWarning("The source is incomplete.");
+    center.post(ConversionDidFinish, withWarning);
     center.post(ConversionDidFinish, conversion);
-    EXPECT_EQ(controller.numberOfRows(), 0);
+    EXPECT_EQ(namesInQueue(KVMediaFileType::audio), QStringList("b.wav"));
 }
 
 TEST_F(KVQueueTableViewControllerTest, ARowGoesBehindTheLastOneOfItsGroup) {
