@@ -33,6 +33,7 @@ struct Launch {
     int streams[3]; // what standard input, output and error become; -1 leaves one as it is
     pid_t parent;
     KVChildLimits limits;
+    bool endsWithThread;
     int problem;
 };
 
@@ -55,7 +56,7 @@ __attribute__((no_sanitize("address", "thread", "undefined"))) int runInChild(vo
         const KernelSignalAction byDefault = {SIG_DFL, 0, nullptr, 0};
         ::syscall(SYS_rt_sigaction, number, &byDefault, nullptr, kernelSignalMaskSize);
     }
-    ::syscall(SYS_prctl, PR_SET_PDEATHSIG, SIGKILL, 0, 0, 0);
+    if (launch->endsWithThread) ::syscall(SYS_prctl, PR_SET_PDEATHSIG, SIGKILL, 0, 0, 0);
     if (::syscall(SYS_getppid) != launch->parent) ::syscall(SYS_exit_group, 127);
 
     // Whatever a library left open without the mark goes too.
@@ -146,10 +147,12 @@ KVResult<std::shared_ptr<KVChild>> KVChild::start(const KVChildPlan &plan) {
     Launch launch = {plan.path.constData(),
                      arguments.data(),
                      plan.environment ? environment.data() : ::environ,
-                     {null.get(), plan.silencesOutput ? null.get() : plan.standardOutput,
+                     {plan.standardInput >= 0 ? plan.standardInput : null.get(),
+                      plan.silencesOutput ? null.get() : plan.standardOutput,
                       plan.silencesError ? null.get() : plan.standardError},
                      ::getpid(),
                      plan.limits,
+                     plan.endsWithThread,
                      0};
 
     constexpr size_t stackSize = size_t{64} * 1024;

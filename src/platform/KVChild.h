@@ -22,9 +22,13 @@ struct KVChildPlan {
     QByteArray path;
     QList<QByteArray> arguments;                        ///< Without the name in front.
     std::optional<QList<QByteArray>> environment;       ///< "NAME=value"; without it the program's own.
+    int standardInput = -1;                             ///< What it becomes; -1 is the null device.
     int standardOutput = -1, standardError = -1;        ///< What they become; -1 leaves them as they are.
     bool silencesOutput = false, silencesError = false; ///< To the null device.
     KVChildLimits limits;
+    /// The child is killed when the thread that starts it ends, and so with the program. Without this the
+    /// child has to notice by itself that the program has ended.
+    bool endsWithThread = true;
 };
 
 /// One started child, known by its pidfd: waiting, one reaping, signals. Any thread may use it.

@@ -1,5 +1,7 @@
+#include "platform/KVResources.h"
 #include "support/KVTestMedia.h"
 #include "support/KVVideoConversionTestCase.h"
+#include "tasks/KVProbeHelper.h"
 
 namespace {
 
@@ -103,6 +105,20 @@ TEST_F(KVDamagedSourcesTest, CountsWhatCouldNotBeDecoded) {
         EXPECT_TRUE(warnings.contains(QRegularExpression("damaged in (\\d+|one) places?")))
             << damaged.label.toStdString() << ": " << warnings.toStdString();
     }
+}
+
+TEST_F(KVDamagedSourcesTest, FindsDamageWithoutTheProbeHelper) {
+    KVProbeHelper::endIdleHelpers();
+    KVResources::setHelperDirectory(path("nowhere"));
+    const QString cutSound = source("cut.mp3");
+    cut(cutSound);
+    const QString wholeSound = source("whole.mp3");
+    const auto outputs =
+        convert({job("cut", "KVM4APreset", cutSound), job("whole", "KVM4APreset", wholeSound)});
+    KVResources::setHelperDirectory({});
+    EXPECT_EQ(warningsOf("cut"), QStringList("Only 0:03 of 0:12 was converted: the source is incomplete."));
+    EXPECT_EQ(warningsOf("whole"), QStringList());
+    EXPECT_FALSE(outputs.at("whole").isEmpty());
 }
 
 TEST_F(KVDamagedSourcesTest, AcceptsATrackThatEndsBeforeTheOthers) {

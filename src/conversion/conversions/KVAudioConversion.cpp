@@ -8,6 +8,7 @@
 #include "kvcore/KVMainThread.h"
 #include "kvcore/KVText.h"
 #include "platform/KVFileManager.h"
+#include "tasks/KVProbeHelper.h"
 #include "util/KVLiveCount.h"
 #include "util/KVOutputClaim.h"
 #include "util/KVPreferenceKeys.h"
@@ -173,7 +174,8 @@ void KVAudioConversion::_checkResult(const KVAudioFileList &files, const KVPrese
         _setTask(made.task);
         return isCancelled() ? QByteArray() : output;
     };
-    const auto verdict = KVResultCheck::check(plan, made.outputURL.toLocalFile(), _report, run);
+    const auto verdict =
+        KVResultCheck::check(plan, made.outputURL.toLocalFile(), _report, KVProbeHelper::probe, run);
     if (isCancelled()) { // the output is removed already
         _terminationStatus = interruptedStatus;
         return;

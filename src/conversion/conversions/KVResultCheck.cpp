@@ -131,11 +131,16 @@ QStringList KVResultCheck::shortcomings(const KVResultPlan &plan, const KVProbed
 }
 
 KVResultCheck::Verdict KVResultCheck::check(const KVResultPlan &plan, const QString &path,
-                                            const KVFFmpegReport &report, const Run &run) {
+                                            const KVFFmpegReport &report, const QuickProbe &quickProbe,
+                                            const Run &run) {
     if (report.isResultEmpty() || QFileInfo(path).size() == 0)
         return {
             KVLocalizationCenter::localized("The result is empty: nothing in the source could be converted."),
             {}};
+    if (const auto text = quickProbe(path)) {
+        const auto result = KVProbedResult::read(*text);
+        if (result.isReadable() && shortcomings(plan, result, report).isEmpty()) return {};
+    }
     const QByteArray output = run({"-i", path});
     if (output.isEmpty()) return {};
     const auto result = KVProbedResult::read(output);

@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <optional>
 
 /// Compares the result of a conversion that was reported as successful with what it has to be. All texts are
 /// whole sentences in the user's language. Any thread.
@@ -22,9 +23,15 @@ struct Verdict {
 /// Runs `ffmpeg` with these arguments and returns its messages; empty if it did not run or was stopped.
 using Run = std::function<QByteArray(const QStringList &arguments)>;
 
-/// Looks at the file at `path`. Runs `ffmpeg` once, and a second time, to read the sources to their ends
-/// without decoding, only if a track that ends early leaves open whether its source is whole.
-Verdict check(const KVResultPlan &plan, const QString &path, const KVFFmpegReport &report, const Run &run);
+/// Describes the file at a path as `ffmpeg -i` does, but faster; empty if it cannot. Only a result without
+/// shortcomings is believed, as the description may come from another version than `ffmpeg`.
+using QuickProbe = std::function<std::optional<QByteArray>(const QString &path)>;
+
+/// Looks at the file at `path`. Runs `ffmpeg` only if the quick probe finds something wrong: once, and a
+/// second time, to read the sources to their ends without decoding, only if a track that ends early leaves
+/// open whether its source is whole.
+Verdict check(const KVResultPlan &plan, const QString &path, const KVFFmpegReport &report,
+              const QuickProbe &quickProbe, const Run &run);
 
 /// What the result lacks, as far as these three say.
 QStringList shortcomings(const KVResultPlan &plan, const KVProbedResult &result,
