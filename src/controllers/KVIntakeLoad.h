@@ -26,8 +26,8 @@ class KVIntakeLoad {
     /// The file is looked at from now on, as soon as a processor has time for it.
     void lookAhead(const QUrl &url);
 
-    /// The file's turn has come. Returns its ticket, for the caller to take and forget; empty if nobody
-    /// looked at the file.
+    /// Starts with the file. Returns the ticket of its probe, which the caller takes over; empty if the file
+    /// was not probed ahead.
     Ticket beginFile(const QUrl &url);
     void beginFolder();
 

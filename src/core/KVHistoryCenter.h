@@ -56,8 +56,8 @@ class KVHistoryCenter {
     /// of a conversion, so that a crash after that loses nothing. Entries that come meanwhile are saved
     /// together. Called on the main thread it is `addFile`.
     void addFileAndSave(const QUrl &url, KVMediaFileType type);
-    /// Also saves, on a separate thread, since a busy disk is no reason for the window to stand still: at
-    /// once, or a moment later where many files come quickly.
+    /// Also saves, on a separate thread, so that a busy disk does not block the window: at once, or a moment
+    /// later if many files come quickly.
     void addFile(const QUrl &url, KVMediaFileType type);
     /// Empties the list without saving; the next `save` then empties what is stored.
     void clear();

@@ -149,7 +149,7 @@ TEST_F(KVVideoConversionTest, CallsTheDiscToolsAsTheyWantIt) {
 }
 
 TEST_F(KVVideoConversionTest, PutsTheTitlesIntoTheOrderOfTheRow) {
-    const QStringList names{"good.Part 2.mov", "good.Part 10.mov", "b/good.same.mov", "a/good.same.mov"};
+    const QStringList names{"good.Take 2.mov", "good.Take 10.mov", "b/good.same.mov", "a/good.same.mov"};
     KVMediaFileList films;
     for (const QString &name : names) {
         const auto film = video(name);
@@ -165,7 +165,7 @@ TEST_F(KVVideoConversionTest, PutsTheTitlesIntoTheOrderOfTheRow) {
     for (qsizetype at = 0; (at = document.indexOf("file=\"", at)) >= 0; ++at)
         titles += document.mid(at).section('"', 1, 1).sliced(folder.size() + 1);
     EXPECT_EQ(titles,
-              (QStringList{"good.Part 2.vob", "good.Part 10.vob", "good.same.vob", "good.same.DVD.00.vob"}));
+              (QStringList{"good.Take 2.vob", "good.Take 10.vob", "good.same.vob", "good.same.DVD.00.vob"}));
     EXPECT_EQ(row->outputURL(), url("AC-DC.iso"));
 }
 

@@ -70,7 +70,7 @@ QString inBrackets(const QString &code, qsizetype start) {
     return code.mid(start, at - start - 1);
 }
 
-/// The arguments without what stands in brackets inside of them: the list that fills the placeholders.
+/// The arguments without the contents of nested brackets: the list that fills the placeholders.
 QString withoutInnerBrackets(const QString &arguments) {
     QString outer;
     bool isInLiteral = false;

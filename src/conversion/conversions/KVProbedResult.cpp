@@ -6,7 +6,7 @@
 #include <QRegularExpression>
 
 KVProbedResult KVProbedResult::read(const QByteArray &output) {
-    // Bytes that are no text stand in metadata, which does not matter here.
+    // Only metadata can hold bytes that are not text, and it does not matter here.
     const QString text = KVFFmpegDialect::probeTextFromTool(QString::fromUtf8(output));
     const auto probe = KVProbeText::read(text, 0);
     KVProbedResult result;

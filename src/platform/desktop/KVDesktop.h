@@ -50,7 +50,7 @@ class KVDesktop {
     void _askPortalToKeepAwake();
 
     QHash<QString, Shown> _shown; ///< By topic.
-    QObject _context;             ///< Answers that come after our end find nobody.
+    QObject _context;             ///< Replies that come after our end are ignored.
     KVCompletionSound _sound;
     KVFileDescriptor _inhibitor; ///< Holds logind's inhibitor.
     QString _inhibitionRequest;  ///< Object path of the portal's inhibitor.

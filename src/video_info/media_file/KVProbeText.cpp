@@ -26,7 +26,7 @@ KVProbeText KVProbeText::read(const QString &text, qint64 fileSize) {
     KVProbeText result;
     bool isInStreams = false;     // streams count only behind the first line with a duration
     bool isInVideoStream = false; // among the lines that belong to the last video track
-    bool isRotated = false;       // told in the container's or in any stream's metadata
+    bool isRotated = false;       // in the container's or in any stream's metadata
     for (const QString &untrimmed : text.split('\n')) {
         const QString line = KVText::trimmingWhitespace(untrimmed);
         if (KVText::matches(line, rotationRegex)) isRotated = true;

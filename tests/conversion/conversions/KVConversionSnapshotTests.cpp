@@ -95,7 +95,7 @@ TEST_F(KVConversionSnapshotTest, RunningRowsRefuseChangesAndShowWhatRuns) {
     EXPECT_NE(row->snapshot()->files.first(), row->mediaFiles().first());
     EXPECT_EQ(row->customPreset()->name, "Before");
     EXPECT_EQ(row->presetInForce()->name, "Before");
-    EXPECT_NE(row->presetInForce(), row->snapshot()->preset); // the worker's is nobody else's
+    EXPECT_NE(row->presetInForce(), row->snapshot()->preset); // the worker has a copy
     queue()->pause();
     EXPECT_FALSE(row->setMediaFiles({}));
     row->resume();
