@@ -100,7 +100,7 @@ double resolution(TIFF *file, uint32_t name) {
 bool holdsLumaAndChroma(TIFF *file) {
     if (KVTIFFHandles::tag<uint16_t>(file, TIFFTAG_PHOTOMETRIC) != PHOTOMETRIC_YCBCR) return false;
     const auto compression = KVTIFFHandles::tag<uint16_t>(file, TIFFTAG_COMPRESSION);
-    return compression != COMPRESSION_JPEG && compression != COMPRESSION_OJPEG;
+    return compression != COMPRESSION_JPEG; // which the image library reads
 }
 
 /// False for a smaller copy of a page and for a mask.
@@ -114,6 +114,11 @@ bool isPage(TIFF *file) {
 bool KVTIFFFile::canOnlyBeReadHere(const QString &path) {
     const KVTIFFHandle file = KVTIFFHandles::toRead(path);
     return file && (holdsLumaAndChroma(file.get()) || KVTIFFPlanes::needsReader(file.get()));
+}
+
+bool KVTIFFFile::isOldStyleJPEG(const QString &path) {
+    const KVTIFFHandle file = KVTIFFHandles::toRead(path);
+    return file && KVTIFFHandles::tag<uint16_t>(file.get(), TIFFTAG_COMPRESSION) == COMPRESSION_OJPEG;
 }
 
 VImage KVTIFFFile::image(const QString &path) {

@@ -100,6 +100,17 @@ TEST_F(KVPhotoshopFileTest, KnowsTransparencyFromSavedSelections) {
     EXPECT_LE((read.extract_band(0, VImage::option()->set("n", 3)) - picture).abs().max(), 3);
 }
 
+TEST_F(KVPhotoshopFileTest, ReadsDocumentsWithABlockBehindTheirLayers) {
+    const VImage picture = samples(3, 16), both = picture.bandjoin(picture.extract_band(0));
+    const KVTestDocument masked{KVTestDocument::rgb, 16, false, 0, {}, {}, "FMsk", QByteArray(12, '\1')};
+    EXPECT_EQ((pictureIn(write("masked.psd", masked.content(picture))) - picture).abs().max(), 0);
+
+    // A number of layers below 0, which makes the fourth channel transparency.
+    const KVTestDocument layers{KVTestDocument::rgb, 16, false,  0,
+                                "\7Alpha 1",         {}, "Lr16", QByteArray(2, '\xFF')};
+    EXPECT_EQ(pictureIn(write("layers.psd", layers.content(both))).bands(), 4);
+}
+
 TEST_F(KVPhotoshopFileTest, ConvertsInksWithTransparency) {
     VImage inks = VImage::black(64, 48).bandjoin({255, 255, 0}).cast(VIPS_FORMAT_UCHAR); // red
     inks = inks.bandjoin(halfTransparent(inks));
