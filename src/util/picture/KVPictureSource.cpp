@@ -120,7 +120,8 @@ VImage KVPictureSource::_read() {
     _isJPEG = loader == jpegLoader;
     if (_isTIFF) return KVTIFFMetadata::withMetadataOf(_path, imageOfTIFF(loader, _path));
     const VImage image = load(loader, source, readingOptions());
-    return start == "\x89PNG" ? KVPNGFile::withMetadataOf(_path, image) : image;
+    if (start != "\x89PNG") return image;
+    return KVPNGFile::withMetadataOf(_path, KVPNGFile::withOrdinaryGamma(_path, image));
 }
 
 KVResult<KVPictureSource> KVPictureSource::open(const QString &path, const std::stop_token &stop) {

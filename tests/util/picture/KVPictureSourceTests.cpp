@@ -303,6 +303,31 @@ TEST_F(KVPictureSourceTest, ReadsHalfFloatsInATIFF) {
     EXPECT_EQ(source->uprightSize(), (KVSize{48, 64}));
 }
 
+TEST_F(KVPictureSourceTest, BrightensLinearPNGs) {
+    const auto value = [&](const VImage &picture, const std::vector<QByteArray> &chunks) {
+        QByteArray content = read(save(picture, path("plain.png")));
+        for (const QByteArray &chunk : chunks)
+            content = withChunk(content, chunk);
+        const auto source = KVPictureSource::open(write("picture.png", content));
+        EXPECT_TRUE(source);
+        return source ? source->image().getpoint(3, 3) : Colour();
+    };
+    KVPictureLibrary::prepare();
+    const VImage grey = VImage::black(20, 10).cast(VIPS_FORMAT_UCHAR) + 128;
+    const VImage shallow = grey.cast(VIPS_FORMAT_UCHAR), deep = (grey * 257).cast(VIPS_FORMAT_USHORT);
+    const VImage clear = VImage::bandjoin({shallow, shallow, shallow, shallow})
+                             .copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
+    const QByteArray linear = "gAMA" + QByteArray::fromHex("000186a0"); // 1
+    EXPECT_EQ(value(shallow, {linear}), Colour{186});
+    EXPECT_NEAR(
+        value(deep.copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_GREY16)), {linear})[0],
+        186.4 * 257, 50);
+    EXPECT_EQ(value(clear, {linear}), (Colour{186, 186, 186, 128}));
+    EXPECT_EQ(value(shallow, {linear, QByteArray("sRGB\0", 5)}), Colour{128}) << "which counts more";
+    EXPECT_EQ(value(shallow, {"gAMA" + QByteArray::fromHex("0000b18f")}), Colour{128}) << "an ordinary one";
+    EXPECT_EQ(value(shallow, {"gAMA" + QByteArray(4, '\0')}), Colour{128}) << "one that cannot be";
+}
+
 TEST_F(KVPictureSourceTest, ReadsTilesAndStripsWithTheirChannelsTogetherOrApart) {
     for (const auto &[photometric, bands] : {std::pair{PHOTOMETRIC_RGB, 3},
                                              {PHOTOMETRIC_RGB, 4},
