@@ -103,6 +103,14 @@ bool holdsLumaAndChroma(TIFF *file) {
     return compression != COMPRESSION_JPEG; // which the image library reads
 }
 
+/// True if colours are stored multiplied by what the channel of transparency says.
+bool isPremultiplied(TIFF *file) {
+    uint16_t count = 0;
+    const uint16_t *kinds = nullptr;
+    return TIFFGetField(file, TIFFTAG_EXTRASAMPLES, &count, &kinds) != 0 && count > 0 &&
+           kinds[0] == EXTRASAMPLE_ASSOCALPHA;
+}
+
 /// False for a smaller copy of a page and for a mask.
 bool isPage(TIFF *file) {
     return (KVTIFFHandles::tag<uint32_t>(file, TIFFTAG_SUBFILETYPE) &
@@ -139,7 +147,11 @@ VImage KVTIFFFile::image(const QString &path) {
         throw std::runtime_error("The header of the picture is damaged.");
     layout.horizontalResolution = resolution(file.get(), TIFFTAG_XRESOLUTION);
     layout.verticalResolution = resolution(file.get(), TIFFTAG_YRESOLUTION);
-    const VImage image = KVRowReader::picture(layout, std::move(reader));
+    VImage image = KVRowReader::picture(layout, std::move(reader));
+    if (image.has_alpha() && isPremultiplied(file.get()))
+        image = image.unpremultiply(VImage::option()->set("max_alpha", layout.has16Bits ? 65535 : 255))
+                    .rint()
+                    .cast(image.format());
     copyFacts(file.get(), image.get_image());
     return image.sequential();
 }

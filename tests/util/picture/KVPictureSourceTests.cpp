@@ -303,6 +303,26 @@ TEST_F(KVPictureSourceTest, ReadsHalfFloatsInATIFF) {
     EXPECT_EQ(source->uprightSize(), (KVSize{48, 64}));
 }
 
+TEST_F(KVPictureSourceTest, ReadsColoursMultipliedByTransparencyInPlanes) {
+    constexpr quint16 shorts = TIFF_SHORT;
+    const QString file =
+        write("planes.tif", tiffFile({{TIFFTAG_IMAGEWIDTH, shorts, 1, 8},
+                                      {TIFFTAG_IMAGELENGTH, shorts, 1, 8},
+                                      {TIFFTAG_BITSPERSAMPLE, shorts, 2, 8 | 8 << 16},
+                                      {TIFFTAG_COMPRESSION, shorts, 1, COMPRESSION_NONE},
+                                      {TIFFTAG_PHOTOMETRIC, shorts, 1, PHOTOMETRIC_MINISBLACK},
+                                      {TIFFTAG_STRIPOFFSETS, shorts, 2, 8 | 72 << 16},
+                                      {TIFFTAG_SAMPLESPERPIXEL, shorts, 1, 2},
+                                      {TIFFTAG_ROWSPERSTRIP, shorts, 1, 8},
+                                      {TIFFTAG_STRIPBYTECOUNTS, shorts, 2, 64 | 64 << 16},
+                                      {TIFFTAG_PLANARCONFIG, shorts, 1, PLANARCONFIG_SEPARATE},
+                                      {TIFFTAG_EXTRASAMPLES, shorts, 1, EXTRASAMPLE_ASSOCALPHA}},
+                                     QByteArray(64, char(74)) + QByteArray(64, char(143))));
+    const auto source = KVPictureSource::open(file);
+    ASSERT_TRUE(source) << source.error().reason.toStdString();
+    EXPECT_EQ(source->image().getpoint(3, 3), (Colour{132, 143}));
+}
+
 TEST_F(KVPictureSourceTest, BrightensLinearPNGs) {
     const auto value = [&](const VImage &picture, const std::vector<QByteArray> &chunks) {
         QByteArray content = read(save(picture, path("plain.png")));
