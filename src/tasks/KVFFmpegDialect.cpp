@@ -84,6 +84,14 @@ QString videoEncoder(const QStringList &arguments) {
     return option < 0 ? QString() : arguments.value(option + 1);
 }
 
+/// The cover of a sound file keeps its mark as an attached picture when it is encoded, and containers then
+/// refuse it or hide it from players.
+QStringList mainPictureOptions(const QString &option, const QString &encoder,
+                               const KVFFmpegCapabilities &capabilities) {
+    if (option != "-c:v" || encoder == "copy" || !capabilities.isKnown("-disposition")) return {};
+    return {"-disposition:v:0", "default"};
+}
+
 /// What stands before the input. A picture that is copied needs its timestamps, of which some containers
 /// leave out those that can be worked out.
 QStringList inputOptions(const QString &encoder, const KVFFmpegCapabilities &capabilities) {
@@ -170,6 +178,18 @@ QStringList channelArguments(const QString &option, const QString &value, const 
                 layoutsFromThreeChannels.at(static_cast<std::size_t>(channels) - 3)};
 }
 
+/// "-b:a:0", "128k". Vorbis has no mode below 32 kbit/s for each of three to five channels and would stop.
+QString bitrateForTool(const QString &option, const QString &bitrate, const QStringList &arguments) {
+    const QString track = option.mid(2);
+    const auto valueOf = [&](const QString &name) {
+        return arguments.value(arguments.indexOf(name + track) + 1);
+    };
+    const int channels = valueOf("-ac").toInt(), least = 32 * channels;
+    const bool isTooLow = bitrate.endsWith('k') && bitrate.chopped(1).toInt() < least;
+    if (valueOf("-c") != "libvorbis" || channels < 3 || channels > 5 || !isTooLow) return bitrate;
+    return QStringLiteral("%1k").arg(least);
+}
+
 /// What stands behind `option` and is not part of our list.
 QStringList additionsTo(const QString &option, const QString &encoder,
                         const KVFFmpegCapabilities &capabilities) {
@@ -207,13 +227,15 @@ QStringList KVFFmpegDialect::argumentsForTool(const QStringList &arguments,
         QString value = given;
         if (option == "-f") value = containerForTool(given, arguments);
         if (option == "-vf") value = filterForTool(given);
+        if (option.startsWith("-b:a")) value = bitrateForTool(option, given, arguments);
         if (isUnset(option, value, encoder)) continue;
         if (i - 1 == firstInput) said += inputOptions(encoder, capabilities);
         if (isKnown && option.startsWith("-ac:a"))
             said << channelArguments(option, value, arguments);
         else if (isKnown)
             said << nameForTool(option) << valueForTool(option, value, encoder)
-                 << additionsTo(option, encoder, capabilities);
+                 << additionsTo(option, encoder, capabilities)
+                 << mainPictureOptions(option, encoder, capabilities);
     }
     return said;
 }

@@ -29,7 +29,7 @@ apt_private() {
         -o Dir::State::lists="$target/apt/lists" -o Dir::Cache="$target/apt/cache" -o APT::Sandbox::User= "$@"
 }
 
-is_media='\.(aac|ac3|aif|aifc|aiff|amr|ape|asf|au|avi|bmp|caf|dv|flac|flv|gif|heic|heif|icns|jpe?g|m2ts|m2v|m4a|m4b|m4v|mka|mkv|mov|mp2|mp3|mp4|mpc|mpe?g|mts|oga|ogg|ogv|opus|png|psd|ra|rm|spx|tiff?|ts|tta|vob|voc|w64|wav|webm|wma|wmv|wv|3gp)$'
+is_media='\.(264|265|3g2|3gp|aac|ac3|aif|aifc|aiff|amr|ape|asf|au|av1|avi|avif|bmp|caf|divx|dsf|dts|dv|eac3|f4v|flac|flc|fli|flv|gif|gsm|h264|heic|heif|hevc|icns|ivf|jpe?g|m1v|m2p|m2ts|m2v|m4a|m4b|m4v|mka|mkv|mng|mov|mp1|mp2|mp3|mp4|mpa|mpc|mpe?g|mts|mxf|nut|oga|ogg|ogm|ogv|opus|png|psd|qt|ra|ram|rm|rmvb|shn|snd|spx|swf|tiff?|ts|tta|vob|voc|w64|wav|webm|webp|wma|wmv|wv|y4m)$'
 
 keep_media() { # PACKAGE FOLDER
     local files=() index number=0 step

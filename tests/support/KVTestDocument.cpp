@@ -66,6 +66,7 @@ QByteArray KVTestDocument::content(const VImage &picture) const {
     if (!channelNames.isEmpty()) resources = "8BIM" + number(1006, 2) + number(0, 2) + section(channelNames);
     resources = padded(resources);
     if (numberOfLayers != 0) layers = section(number(numberOfLayers, 2)) + number(0, 4);
+    if (!blockKey.isEmpty()) layers = number(0, 4) + number(0, 4) + "8BIM" + blockKey + section(block);
 
     QByteArray counts, rows;
     for (int band = 0; band < picture.bands(); band++) {

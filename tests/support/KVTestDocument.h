@@ -14,6 +14,8 @@ struct KVTestDocument {
     int numberOfLayers = 0; ///< Without their content.
     QByteArray channelNames;
     QByteArray palette;
+    QByteArray blockKey{}; ///< Of four letters; empty: without the block behind the layers.
+    QByteArray block{};
 
     /// The bands of `picture` are the channels, inks as the library has them.
     QByteArray content(const vips::VImage &picture) const;

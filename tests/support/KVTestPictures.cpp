@@ -3,6 +3,7 @@
 #include "util/KVPictureLibrary.h"
 
 #include <QFile>
+#include <QtEndian>
 
 #include <cmath>
 
@@ -86,4 +87,14 @@ quint32 KVTestPictures::checksum(const QByteArray &chunk) {
             sum = sum & 1 ? sum >> 1 ^ 0xEDB88320 : sum >> 1;
     }
     return ~sum;
+}
+
+QByteArray KVTestPictures::withChunk(const QByteArray &png, const QByteArray &chunk, bool isBehindPixels) {
+    const auto bigEndian = [](quint32 number) {
+        const quint32 stored = qToBigEndian(number);
+        return QByteArray(reinterpret_cast<const char *>(&stored), sizeof stored);
+    };
+    QByteArray content = png;
+    const qsizetype at = isBehindPixels ? content.size() - 12 : 33; // of the last chunk; behind the first
+    return content.insert(at, bigEndian(quint32(chunk.size() - 4)) + chunk + bigEndian(checksum(chunk)));
 }

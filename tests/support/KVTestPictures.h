@@ -33,4 +33,7 @@ bool areClose(const std::vector<Colour> &one, const std::vector<Colour> &other, 
 /// Of a PNG chunk: its type and its content.
 quint32 checksum(const QByteArray &chunk);
 
+/// The PNG file with one more chunk, a type and its content, behind the pixels or before them.
+QByteArray withChunk(const QByteArray &png, const QByteArray &chunk, bool isBehindPixels = false);
+
 } // namespace KVTestPictures

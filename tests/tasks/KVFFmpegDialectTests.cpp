@@ -49,7 +49,7 @@ TEST_F(KVFFmpegDialectTest, LeavesOutWhatTheToolDoesNotKnow) {
 }
 
 TEST_F(KVFFmpegDialectTest, SaysInTheToolsWordsWhatItKnowsByAnotherName) {
-    const auto tool = knowing("y i c f map bsf", "flags me_method level bf");
+    const auto tool = knowing("y i c f map bsf ac filter b", "flags me_method level bf");
     struct Row {
         const char *what, *ours, *expected;
     };
@@ -70,6 +70,10 @@ TEST_F(KVFFmpegDialectTest, SaysInTheToolsWordsWhatItKnowsByAnotherName) {
         {"a level that is none", "-c:v libx264 -level 0 -bf 0", "-c:v libx264 -bf 0"},
         {"a level", "-c:v libx264 -level 10", "-c:v libx264 -level 10"},
         {"a filter of the picture", "-bsf h264_mp4toannexb -bsf:a x", "-bsf:v h264_mp4toannexb -bsf:a x"},
+        {"a bit rate too low for so many channels", "-c:a:0 libvorbis -ac:a:0 5 -b:a:0 128k",
+         "-c:a:0 libvorbis -filter:a:0 aformat=channel_layouts=5.0|5.0(side)|4.1 -b:a:0 160k"},
+        {"one that does", "-c:a:0 libvorbis -ac:a:0 2 -b:a:0 64k", "-c:a:0 libvorbis -ac:a:0 2 -b:a:0 64k"},
+        {"another encoder's", "-c:a:0 ac3 -ac:a:0 4 -b:a:0 96k", "-c:a:0 ac3 -ac:a:0 4 -b:a:0 96k"},
         {"not an option's value", "-i epzs -y 4mv", "-i epzs -y 4mv"},
     };
     for (const Row &row : rows)
@@ -91,6 +95,10 @@ TEST_F(KVFFmpegDialectTest, AddsWhatTheToolNeedsToDoWhatOursMeans) {
     const auto tool = knowing("y i c copyts start_at_zero profile", "bf fflags pix_fmt");
     for (const Row &row : rows)
         EXPECT_EQ(said(row.ours, tool), row.expected) << row.what;
+    const auto later = knowing("i c map disposition", "bf");
+    EXPECT_EQ(said("-i /a -c:v mpeg4 -map 0:1 /b", later),
+              "-i /a -c:v mpeg4 -disposition:v:0 default -map 0:1 /b");
+    EXPECT_EQ(said("-i /a -c:v copy /b", later), "-i /a -c:v copy /b") << "a cover that stays one";
     EXPECT_EQ(said("-copyts -bf 0", knowing("c copyts", "bf")), "-copyts -bf 0") << "a tool that cannot";
 }
 

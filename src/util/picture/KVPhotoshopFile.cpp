@@ -80,9 +80,11 @@ class DocumentRows : public KVRowReader {
   private:
     bool _isIndexed() const { return _header.mode == KVPhotoshopHeader::indexed; }
     int _colours() const {
-        return _header.mode == KVPhotoshopHeader::cmyk                  ? 4
-               : _header.mode == KVPhotoshopHeader::rgb || _isIndexed() ? 3
-                                                                        : 1;
+        return _header.mode == KVPhotoshopHeader::cmyk ? 4
+               : _header.mode == KVPhotoshopHeader::rgb || _header.mode == KVPhotoshopHeader::lab ||
+                       _isIndexed()
+                   ? 3
+                   : 1;
     }
     bool _hasAlpha() const {
         return _isIndexed() ? _header.transparentIndex >= 0 : _header.holdsTransparency;
@@ -147,6 +149,20 @@ class DocumentRows : public KVRowReader {
     const KVFileDescriptor _file;
 };
 
+/// Colours that are stored as lightness and two differences, of which the middle is 0.
+VImage coloursOfLab(const VImage &stored) {
+    const bool has16Bits = stored.format() == VIPS_FORMAT_USHORT;
+    const double full = has16Bits ? 65535 : 255, step = has16Bits ? 256 : 1;
+    const auto interpretation = has16Bits ? VIPS_INTERPRETATION_RGB16 : VIPS_INTERPRETATION_sRGB;
+    const VImage colours = stored.extract_band(0, VImage::option()->set("n", 3))
+                               .linear({100 / full, 1 / step, 1 / step}, {0, -128, -128})
+                               .copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_LAB))
+                               .colourspace(interpretation);
+    if (stored.bands() == 3) return colours;
+    return colours.bandjoin(stored.extract_band(3))
+        .copy(VImage::option()->set("interpretation", interpretation));
+}
+
 void setBlock(const VImage &image, const char *field, const QByteArray &block) {
     if (block.isEmpty()) return;
     vips_image_set_blob_copy(image.get_image(), field, block.constData(),
@@ -166,6 +182,7 @@ bool KVPhotoshopFile::canRead(const KVPhotoshopHeader &header) {
     case KVPhotoshopHeader::rgb:
     case KVPhotoshopHeader::cmyk:
     case KVPhotoshopHeader::duotone:
+    case KVPhotoshopHeader::lab:
         return header.depth == 8 || header.depth == 16;
     default:
         return false;
@@ -176,9 +193,11 @@ VImage KVPhotoshopFile::image(const QString &path, const KVPhotoshopHeader &head
     auto rows = std::make_unique<DocumentRows>(path, header);
     const auto layout = rows->layout();
     VImage image = KVRowReader::picture(layout, std::move(rows));
+    const bool isLab = header.mode == KVPhotoshopHeader::lab;
+    if (isLab) image = coloursOfLab(image);
     if (!header.exif.isEmpty())
         setBlock(image, VIPS_META_EXIF_NAME, "Exif" + QByteArray(2, '\0') + header.exif);
-    setBlock(image, VIPS_META_ICC_NAME, header.profile);
+    if (!isLab) setBlock(image, VIPS_META_ICC_NAME, header.profile);
     setBlock(image, VIPS_META_XMP_NAME, header.xmp);
     return image;
 }

@@ -86,7 +86,8 @@ int readNumberOfLayers(DocumentReader &reader, qint64 end, int lengthSize) {
     if (end - reader.position() < lengthSize + 2) return 0;
     if (reader.length(lengthSize) > 0) return static_cast<qint16>(reader.number(2));
     if (end - reader.position() < 4) return 0;
-    reader.goTo(reader.position() + reader.length(4)); // the global mask
+    const qint64 maskSize = reader.length(4);
+    reader.goTo(reader.position() + maskSize);
 
     // Documents with 16 bits have the layers in a block behind it.
     while (end - reader.position() >= 12) {

@@ -78,6 +78,16 @@ VImage imageOfDocument(const QString &path) {
     return image.extract_band(0, VImage::option()->set("n", image.bands() - 1));
 }
 
+/// Forms of pixels that the image library does not know (half floats, ...) are read as another kind.
+VImage imageOfTIFF(const char *loader, const QString &path) {
+    try {
+        return load(loader, sourceOf(path), readingOptions());
+    } catch (const vips::VError &error) {
+        if (!QByteArrayView(error.what()).contains("unsupported tiff image type")) throw;
+    }
+    return imageOfOtherKind(path);
+}
+
 } // namespace
 
 KVPictureSource::KVPictureSource(const QString &path, const std::stop_token &stop)
@@ -101,15 +111,17 @@ VImage KVPictureSource::_read() {
         return KVBitmapFile::canRead(_path) ? KVBitmapFile::image(_path) : imageOfOtherKind(_path);
     if (start == "8BPS") return imageOfDocument(_path);
     _isTIFF = start.startsWith("II") || start.startsWith("MM");
+    if (_isTIFF && KVTIFFFile::isOldStyleJPEG(_path)) KVVipsLibrary::requireUntrustedLoaders();
     if (_isTIFF && KVTIFFFile::canOnlyBeReadHere(_path))
         return KVTIFFMetadata::withMetadataOf(_path, KVTIFFFile::image(_path));
 
     const VSource source = sourceOf(_path);
     const char *loader = loaderFor(source);
     _isJPEG = loader == jpegLoader;
+    if (_isTIFF) return KVTIFFMetadata::withMetadataOf(_path, imageOfTIFF(loader, _path));
     const VImage image = load(loader, source, readingOptions());
-    if (_isTIFF) return KVTIFFMetadata::withMetadataOf(_path, image);
-    return start == "\x89PNG" ? KVPNGFile::withMetadataOf(_path, image) : image;
+    if (start != "\x89PNG") return image;
+    return KVPNGFile::withMetadataOf(_path, KVPNGFile::withOrdinaryGamma(_path, image));
 }
 
 KVResult<KVPictureSource> KVPictureSource::open(const QString &path, const std::stop_token &stop) {

@@ -100,7 +100,15 @@ double resolution(TIFF *file, uint32_t name) {
 bool holdsLumaAndChroma(TIFF *file) {
     if (KVTIFFHandles::tag<uint16_t>(file, TIFFTAG_PHOTOMETRIC) != PHOTOMETRIC_YCBCR) return false;
     const auto compression = KVTIFFHandles::tag<uint16_t>(file, TIFFTAG_COMPRESSION);
-    return compression != COMPRESSION_JPEG && compression != COMPRESSION_OJPEG;
+    return compression != COMPRESSION_JPEG; // which the image library reads
+}
+
+/// True if colours are stored multiplied by what the channel of transparency says.
+bool isPremultiplied(TIFF *file) {
+    uint16_t count = 0;
+    const uint16_t *kinds = nullptr;
+    return TIFFGetField(file, TIFFTAG_EXTRASAMPLES, &count, &kinds) != 0 && count > 0 &&
+           kinds[0] == EXTRASAMPLE_ASSOCALPHA;
 }
 
 /// False for a smaller copy of a page and for a mask.
@@ -114,6 +122,11 @@ bool isPage(TIFF *file) {
 bool KVTIFFFile::canOnlyBeReadHere(const QString &path) {
     const KVTIFFHandle file = KVTIFFHandles::toRead(path);
     return file && (holdsLumaAndChroma(file.get()) || KVTIFFPlanes::needsReader(file.get()));
+}
+
+bool KVTIFFFile::isOldStyleJPEG(const QString &path) {
+    const KVTIFFHandle file = KVTIFFHandles::toRead(path);
+    return file && KVTIFFHandles::tag<uint16_t>(file.get(), TIFFTAG_COMPRESSION) == COMPRESSION_OJPEG;
 }
 
 VImage KVTIFFFile::image(const QString &path) {
@@ -134,7 +147,11 @@ VImage KVTIFFFile::image(const QString &path) {
         throw std::runtime_error("The header of the picture is damaged.");
     layout.horizontalResolution = resolution(file.get(), TIFFTAG_XRESOLUTION);
     layout.verticalResolution = resolution(file.get(), TIFFTAG_YRESOLUTION);
-    const VImage image = KVRowReader::picture(layout, std::move(reader));
+    VImage image = KVRowReader::picture(layout, std::move(reader));
+    if (image.has_alpha() && isPremultiplied(file.get()))
+        image = image.unpremultiply(VImage::option()->set("max_alpha", layout.has16Bits ? 65535 : 255))
+                    .rint()
+                    .cast(image.format());
     copyFacts(file.get(), image.get_image());
     return image.sequential();
 }

@@ -100,6 +100,33 @@ TEST_F(KVPhotoshopFileTest, KnowsTransparencyFromSavedSelections) {
     EXPECT_LE((read.extract_band(0, VImage::option()->set("n", 3)) - picture).abs().max(), 3);
 }
 
+TEST_F(KVPhotoshopFileTest, ReadsLabWithTransparency) {
+    const VImage lab = fields(62, 48).colourspace(VIPS_INTERPRETATION_LAB);
+    const VImage shallow = lab.linear({2.55, 1, 1}, {0, 128, 128}).rint().cast(VIPS_FORMAT_UCHAR),
+                 deep = lab.linear({655.35, 256, 256}, {0, 32768, 32768}).rint().cast(VIPS_FORMAT_USHORT);
+    for (const VImage &stored : {shallow, deep}) {
+        const bool has16Bits = stored.format() == VIPS_FORMAT_USHORT;
+        const KVTestDocument document{KVTestDocument::lab, has16Bits ? 16 : 8, true, 0, {}, {}};
+        const VImage read =
+            pictureIn(write("lab.psd", document.content(stored.bandjoin(halfTransparent(stored)))));
+        EXPECT_TRUE(areClose(fieldColours(read), {red, green, blue, yellow})) << has16Bits;
+        ASSERT_EQ(read.bands(), 4);
+        EXPECT_EQ(read.getpoint(5, 5)[3], 0);
+        EXPECT_EQ(read.getpoint(55, 5)[3], has16Bits ? 65535 : 255);
+    }
+}
+
+TEST_F(KVPhotoshopFileTest, ReadsDocumentsWithABlockBehindTheirLayers) {
+    const VImage picture = samples(3, 16), both = picture.bandjoin(picture.extract_band(0));
+    const KVTestDocument masked{KVTestDocument::rgb, 16, false, 0, {}, {}, "FMsk", QByteArray(12, '\1')};
+    EXPECT_EQ((pictureIn(write("masked.psd", masked.content(picture))) - picture).abs().max(), 0);
+
+    // A number of layers below 0, which makes the fourth channel transparency.
+    const KVTestDocument layers{KVTestDocument::rgb, 16, false,  0,
+                                "\7Alpha 1",         {}, "Lr16", QByteArray(2, '\xFF')};
+    EXPECT_EQ(pictureIn(write("layers.psd", layers.content(both))).bands(), 4);
+}
+
 TEST_F(KVPhotoshopFileTest, ConvertsInksWithTransparency) {
     VImage inks = VImage::black(64, 48).bandjoin({255, 255, 0}).cast(VIPS_FORMAT_UCHAR); // red
     inks = inks.bandjoin(halfTransparent(inks));

@@ -2,8 +2,6 @@
 
 #include "presets/picture/KVPictureTestCase.h"
 
-#include <QtEndian>
-
 #include <tiffio.h>
 
 using namespace KVTestPictures;
@@ -36,20 +34,12 @@ QString taggedTIFF(int orientation, const QString &path) {
 
 /// With an eXIf chunk before or behind the pixels.
 QString taggedPNG(int orientation, bool isBehind, const QString &path) {
-    save(fields(80, 40), path);
-    QFile file(path);
+    QFile file(save(fields(80, 40), path));
     EXPECT_TRUE(file.open(QIODevice::ReadWrite));
-    QByteArray content = file.readAll();
     QByteArray chunk = "eXIf" + QByteArray::fromHex("4d4d002a00000008000101120003000000010000000000000000");
     chunk[4 + 19] = char(orientation);
-    const auto bigEndian = [](quint32 number) {
-        const quint32 stored = qToBigEndian(number);
-        return QByteArray(reinterpret_cast<const char *>(&stored), sizeof stored);
-    };
-    const quint32 sum = checksum(chunk);
-    const qsizetype at = isBehind ? content.size() - 12 : 33; // of the last chunk; behind the first
-    content.insert(at, bigEndian(quint32(chunk.size() - 4)) + chunk + bigEndian(sum));
-    EXPECT_TRUE(file.seek(0) && file.write(content) == content.size());
+    const QByteArray tagged = withChunk(file.readAll(), chunk, isBehind);
+    EXPECT_TRUE(file.seek(0) && file.write(tagged) == tagged.size());
     return path;
 }
 

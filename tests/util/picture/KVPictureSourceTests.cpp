@@ -124,6 +124,32 @@ void writeTIFF(const VImage &picture, int photometric, bool isTiled, int planar,
     TIFFClose(file);
 }
 
+struct TIFFEntry {
+    quint16 tag, type;
+    quint32 count, value;
+};
+
+/// A TIFF file of one directory. `content` begins at byte 8.
+QByteArray tiffFile(const std::vector<TIFFEntry> &entries, const QByteArray &content) {
+    QByteArray file = "II*";
+    const auto append = [&](quint32 value, qsizetype size) {
+        const quint32 stored = qToLittleEndian(value);
+        file += QByteArray(reinterpret_cast<const char *>(&stored), size);
+    };
+    file += '\0';
+    append(quint32(8 + content.size()), 4);
+    file += content;
+    append(quint32(entries.size()), 2);
+    for (const TIFFEntry &entry : entries) {
+        append(entry.tag, 2);
+        append(entry.type, 2);
+        append(entry.count, 4);
+        append(entry.value, 4);
+    }
+    append(0, 4);
+    return file;
+}
+
 } // namespace
 
 TEST_F(KVPictureSourceTest, ReadsTheLargestIconOfAnIconFile) {
@@ -227,6 +253,99 @@ TEST_F(KVPictureSourceTest, ReadsLumaAndChromaOfATIFF) {
     const auto damaged = KVPictureSource::open(write("damaged.tif", content));
     ASSERT_TRUE(damaged);
     EXPECT_THROW(damaged->image().avg(), vips::VError);
+}
+
+TEST_F(KVPictureSourceTest, ReadsOldStyleJPEGInATIFF) {
+    constexpr quint16 shorts = TIFF_SHORT, longs = TIFF_LONG;
+    const QString jpeg = save(fields(64, 48), path("fields.jpg"));
+    const QByteArray depths = QByteArray::fromHex("0800080008000000"), stream = read(jpeg);
+    const quint32 at = 16, size = quint32(stream.size());
+    const QByteArray content = tiffFile({{TIFFTAG_IMAGEWIDTH, shorts, 1, 64},
+                                         {TIFFTAG_IMAGELENGTH, shorts, 1, 48},
+                                         {TIFFTAG_BITSPERSAMPLE, shorts, 3, 8},
+                                         {TIFFTAG_COMPRESSION, shorts, 1, COMPRESSION_OJPEG},
+                                         {TIFFTAG_PHOTOMETRIC, shorts, 1, PHOTOMETRIC_YCBCR},
+                                         {TIFFTAG_STRIPOFFSETS, longs, 1, at},
+                                         {TIFFTAG_SAMPLESPERPIXEL, shorts, 1, 3},
+                                         {TIFFTAG_ROWSPERSTRIP, shorts, 1, 48},
+                                         {TIFFTAG_STRIPBYTECOUNTS, longs, 1, size},
+                                         {TIFFTAG_JPEGIFOFFSET, longs, 1, at},
+                                         {TIFFTAG_JPEGIFBYTECOUNT, longs, 1, size},
+                                         {TIFFTAG_YCBCRSUBSAMPLING, shorts, 2, 2 | 2 << 16}},
+                                        depths + stream);
+    EXPECT_TRUE(areClose(colours(write("old.tif", content)), {red, green, blue, yellow}));
+    EXPECT_FALSE(KVPictureSource::open(write("damaged.tif", content.left(300) + content.mid(700))));
+}
+
+TEST_F(KVPictureSourceTest, ReadsHalfFloatsInATIFF) {
+    constexpr quint16 shorts = TIFF_SHORT, longs = TIFF_LONG;
+    const VImage picture = fields(64, 48).copy_memory();
+    const auto *values = static_cast<const uchar *>(picture.data());
+    QByteArray content = QByteArray::fromHex("100010001000030003000300");
+    for (int i = 0; i < 64 * 48 * 3; i++)
+        content += QByteArray::fromHex(values[i] != 0 ? "003c" : "0000"); // 1 and 0
+    const QString file = write("half.tif", tiffFile({{TIFFTAG_IMAGEWIDTH, shorts, 1, 64},
+                                                     {TIFFTAG_IMAGELENGTH, shorts, 1, 48},
+                                                     {TIFFTAG_BITSPERSAMPLE, shorts, 3, 8},
+                                                     {TIFFTAG_COMPRESSION, shorts, 1, COMPRESSION_NONE},
+                                                     {TIFFTAG_PHOTOMETRIC, shorts, 1, PHOTOMETRIC_RGB},
+                                                     {TIFFTAG_STRIPOFFSETS, longs, 1, 20},
+                                                     {TIFFTAG_ORIENTATION, shorts, 1, 6},
+                                                     {TIFFTAG_SAMPLESPERPIXEL, shorts, 1, 3},
+                                                     {TIFFTAG_ROWSPERSTRIP, shorts, 1, 48},
+                                                     {TIFFTAG_STRIPBYTECOUNTS, longs, 1, 64 * 48 * 6},
+                                                     {TIFFTAG_SAMPLEFORMAT, shorts, 3, 14}},
+                                                    content));
+    const auto source = KVPictureSource::open(file);
+    ASSERT_TRUE(source) << source.error().reason.toStdString();
+    const VImage shallow = source->image().colourspace(VIPS_INTERPRETATION_sRGB);
+    EXPECT_TRUE(areClose(fieldColours(shallow), {red, green, blue, yellow}));
+    EXPECT_EQ(source->uprightSize(), (KVSize{48, 64}));
+}
+
+TEST_F(KVPictureSourceTest, ReadsColoursMultipliedByTransparencyInPlanes) {
+    constexpr quint16 shorts = TIFF_SHORT;
+    const QString file =
+        write("planes.tif", tiffFile({{TIFFTAG_IMAGEWIDTH, shorts, 1, 8},
+                                      {TIFFTAG_IMAGELENGTH, shorts, 1, 8},
+                                      {TIFFTAG_BITSPERSAMPLE, shorts, 2, 8 | 8 << 16},
+                                      {TIFFTAG_COMPRESSION, shorts, 1, COMPRESSION_NONE},
+                                      {TIFFTAG_PHOTOMETRIC, shorts, 1, PHOTOMETRIC_MINISBLACK},
+                                      {TIFFTAG_STRIPOFFSETS, shorts, 2, 8 | 72 << 16},
+                                      {TIFFTAG_SAMPLESPERPIXEL, shorts, 1, 2},
+                                      {TIFFTAG_ROWSPERSTRIP, shorts, 1, 8},
+                                      {TIFFTAG_STRIPBYTECOUNTS, shorts, 2, 64 | 64 << 16},
+                                      {TIFFTAG_PLANARCONFIG, shorts, 1, PLANARCONFIG_SEPARATE},
+                                      {TIFFTAG_EXTRASAMPLES, shorts, 1, EXTRASAMPLE_ASSOCALPHA}},
+                                     QByteArray(64, char(74)) + QByteArray(64, char(143))));
+    const auto source = KVPictureSource::open(file);
+    ASSERT_TRUE(source) << source.error().reason.toStdString();
+    EXPECT_EQ(source->image().getpoint(3, 3), (Colour{132, 143}));
+}
+
+TEST_F(KVPictureSourceTest, BrightensLinearPNGs) {
+    const auto value = [&](const VImage &picture, const std::vector<QByteArray> &chunks) {
+        QByteArray content = read(save(picture, path("plain.png")));
+        for (const QByteArray &chunk : chunks)
+            content = withChunk(content, chunk);
+        const auto source = KVPictureSource::open(write("picture.png", content));
+        EXPECT_TRUE(source);
+        return source ? source->image().getpoint(3, 3) : Colour();
+    };
+    KVPictureLibrary::prepare();
+    const VImage grey = VImage::black(20, 10).cast(VIPS_FORMAT_UCHAR) + 128;
+    const VImage shallow = grey.cast(VIPS_FORMAT_UCHAR), deep = (grey * 257).cast(VIPS_FORMAT_USHORT);
+    const VImage clear = VImage::bandjoin({shallow, shallow, shallow, shallow})
+                             .copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
+    const QByteArray linear = "gAMA" + QByteArray::fromHex("000186a0"); // 1
+    EXPECT_EQ(value(shallow, {linear}), Colour{186});
+    EXPECT_NEAR(
+        value(deep.copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_GREY16)), {linear})[0],
+        186.4 * 257, 50);
+    EXPECT_EQ(value(clear, {linear}), (Colour{186, 186, 186, 128}));
+    EXPECT_EQ(value(shallow, {linear, QByteArray("sRGB\0", 5)}), Colour{128}) << "which counts more";
+    EXPECT_EQ(value(shallow, {"gAMA" + QByteArray::fromHex("0000b18f")}), Colour{128}) << "an ordinary one";
+    EXPECT_EQ(value(shallow, {"gAMA" + QByteArray(4, '\0')}), Colour{128}) << "one that cannot be";
 }
 
 TEST_F(KVPictureSourceTest, ReadsTilesAndStripsWithTheirChannelsTogetherOrApart) {
