@@ -2087,5 +2087,41 @@ Audio: WMA (v2)</translation>
     <source>No such file or directory</source>
     <translation>Datei oder Verzeichnis nicht gefunden</translation>
   </message>
+  <message>
+    <source>This format allows at most %li pixels on a side, but the picture would have %li x %li.</source>
+    <translation>Dieses Format erlaubt höchstens %li Pixel je Seite, aber das Bild hätte %li x %li.</translation>
+  </message>
+  <message>
+    <source>Set a smaller size in the preset, or choose another preset.</source>
+    <translation>Stellen Sie in der Voreinstellung eine kleinere Größe ein, oder wählen Sie eine andere.</translation>
+  </message>
+  <message>
+    <source>The picture uses a color model that cannot be read, such as Lab.</source>
+    <translation>Das Bild verwendet ein Farbmodell, das nicht gelesen werden kann, zum Beispiel Lab.</translation>
+  </message>
+  <message>
+    <source>Open the picture in another program and save it in RGB colors.</source>
+    <translation>Öffnen Sie das Bild in einem anderen Programm, und sichern Sie es in RGB-Farben.</translation>
+  </message>
+  <message>
+    <source>Install Kalvora again.</source>
+    <translation>Installieren Sie Kalvora neu.</translation>
+  </message>
+  <message>
+    <source>The picture is damaged, or of a kind that cannot be read.</source>
+    <translation>Das Bild ist beschädigt oder von einer Art, die nicht gelesen werden kann.</translation>
+  </message>
+  <message>
+    <source>Remove this file from the conversion, or convert the files one by one.</source>
+    <translation>Entfernen Sie diese Datei aus der Konvertierung, oder konvertieren Sie die Dateien einzeln.</translation>
+  </message>
+  <message>
+    <source>The link leads back to itself.</source>
+    <translation>Die Verknüpfung führt auf sich selbst zurück.</translation>
+  </message>
+  <message>
+    <source>The result was removed or replaced by another program while it was written.</source>
+    <translation>Das Ergebnis wurde von einem anderen Programm entfernt oder ersetzt, während es geschrieben wurde.</translation>
+  </message>
 </context>
 </TS>

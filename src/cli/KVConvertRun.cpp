@@ -28,6 +28,15 @@ QString namesOf(const KVConversion &conversion) {
     return names.join(QLatin1String(" + "));
 }
 
+/// The failure of a disc without a place for its image, since no folder was chosen.
+KVConversionError errorWithoutDestination(const KVConversion &conversion) {
+    return {conversion.mediaFiles(),
+            conversion.presetInForce(),
+            {},
+            QStringLiteral("Couldn't create task, aborting."),
+            -1};
+}
+
 } // namespace
 
 KVConvertRun::KVConvertRun(KVConsole &console, const KVConversionRequest &request, bool isStitching)
@@ -195,7 +204,8 @@ void KVConvertRun::_didEnd(const Conversion &conversion, bool isSuccessful) {
     _display->remove(conversion);
     if (row->start) row->seconds = std::chrono::duration<double>(Clock::now() - *row->start).count();
     row->isSuccessful = isSuccessful;
-    if (!isSuccessful && !_isCancelled && !conversion->isCancelled()) row->failure = conversion->failure();
+    if (!isSuccessful && !_isCancelled && !conversion->isCancelled())
+        row->failure = conversion->failure().value_or(errorWithoutDestination(*conversion));
     ++_numberOfEnded;
     _updateCounts();
     _sayEnd(*row);
@@ -219,7 +229,10 @@ void KVConvertRun::_sayFailure(const Row &row) const {
     QString remedy;
     if (row.failure) {
         const auto cause = KVFailureCause::of(*row.failure);
-        text = cause.text.contains(error) ? cause.text : QStringLiteral("%1 (%2)").arg(cause.text, error);
+        const bool isLineOfOutput =
+            row.failure->taskOutput.contains(error) || row.failure->reason.contains(error);
+        const bool isNews = isLineOfOutput && !cause.text.contains(error);
+        text = isNews ? QStringLiteral("%1 (%2)").arg(cause.text, error) : cause.text;
         remedy = cause.remedy;
     }
     _console.say(QStringLiteral("kalvoractl: %1: %2").arg(namesOf(*row.conversion), text));

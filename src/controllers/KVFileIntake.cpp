@@ -57,7 +57,8 @@ int readingProblem(const QUrl &url) {
 } // namespace
 
 KVFileIntake::KVFileIntake()
-    : _probeAhead(readFile, KVProcessInfo::activeProcessorCount(), KVAudioConversion::numberOfRunningChildren)
+    : _probeAhead([stop = _stop.get_token()](const QUrl &url) { return readFile(url, stop); },
+                  KVProcessInfo::activeProcessorCount(), KVAudioConversion::numberOfRunningChildren)
     , _fileLoadingQueue(QStringLiteral("com.brenholt.Kalvora.loading_queue")) {}
 
 KVFileIntake::~KVFileIntake() {
@@ -128,6 +129,7 @@ bool KVFileIntake::waitUntilLoaded(double seconds) {
 void KVFileIntake::cancelLoading() {
     _isCancelled = true;
     _probeAhead.stop();
+    _stop.request_stop();
 }
 
 bool KVFileIntake::addFile(const Item &item) {
@@ -148,7 +150,8 @@ bool KVFileIntake::_addFile(const Item &item) {
     if (KVConversionQueue::anyQueueContainsMedia(url))
         return refuse(Kind::alreadyQueued, "The file is in the queue already.");
 
-    const auto file = item.ticket ? _probeAhead.take(item.ticket) : readFile(url);
+    const auto file = item.ticket ? _probeAhead.take(item.ticket) : readFile(url, _stop.get_token());
+    if (_isCancelled) return false;
     if (!file) {
         _refuseUnreadable(url, file.error(), item.isFolderMember);
         return false;
@@ -374,8 +377,8 @@ bool KVFileIntake::_queue(const std::shared_ptr<KVMediaFile> &file, bool isFolde
     return true;
 }
 
-KVResult<std::shared_ptr<KVMediaFile>> KVFileIntake::readFile(const QUrl &url) {
-    auto file = KVMediaFile::mediaFile(url);
+KVResult<std::shared_ptr<KVMediaFile>> KVFileIntake::readFile(const QUrl &url, const std::stop_token &stop) {
+    auto file = KVMediaFile::mediaFile(url, stop);
     // A picture is one by its name alone.
     if (const int problem = file ? readingProblem(url) : 0)
         return tl::unexpected(KVPOSIXError(url.toLocalFile(), problem));
@@ -387,8 +390,12 @@ QString KVFileIntake::reasonForUnreadableFile(const QUrl &url, const KVError &er
     if (problem == ENOENT || problem == ENOTDIR)
         return KVLocalizationCenter::localized("No such file or folder.");
     if (problem == EACCES) return KVLocalizationCenter::localized("There is no permission to read it.");
+    if (problem == ELOOP) return KVLocalizationCenter::localized("The link leads back to itself.");
     const QFileInfo info(url.toLocalFile());
     if (info.isFile() && info.size() == 0) return KVLocalizationCenter::localized("The file is empty.");
+    if (error.userInfo.value(NSAffectedObjectsErrorKey).toString().contains("moov atom not found"))
+        return KVLocalizationCenter::localized(
+            "The file is incomplete: the index that belongs to it is missing.");
     return error.reason;
 }
 

@@ -12,6 +12,7 @@
 #include <atomic>
 #include <memory>
 #include <set>
+#include <stop_token>
 #include <utility>
 
 class KVAudioFile;
@@ -57,14 +58,14 @@ class KVFileIntake {
     /// Main thread: runs the event loop until nothing is left to load or the time is up; true if nothing is.
     bool waitUntilLoaded(double seconds);
 
-    /// Refuses everything from now on, without a word; what is being looked at comes to its end.
+    /// Refuses everything from now on, without a word; the programs that look at files are ended.
     void cancelLoading();
 
     /// Held weakly. Set before files are added.
     void setObserver(const std::weak_ptr<KVIntakeObserver> &observer) { _observer = observer; }
 
-    /// The medium in a file that is no folder.
-    static KVResult<std::shared_ptr<KVMediaFile>> readFile(const QUrl &url);
+    /// The medium in a file that is no folder. `stop` ends it early, with an error.
+    static KVResult<std::shared_ptr<KVMediaFile>> readFile(const QUrl &url, const std::stop_token &stop = {});
 
     /// What to tell the user about a file that cannot be read as a medium: the nearest cause, where one
     /// shows.
@@ -110,6 +111,7 @@ class KVFileIntake {
 
     std::weak_ptr<KVIntakeObserver> _observer;
     std::atomic<bool> _isCancelled = false;
+    std::stop_source _stop; ///< Requested with the flag above.
     /// Shared: the last load may be counted off when the intake has gone.
     const std::shared_ptr<std::atomic<int>> _numberOfBackgroundLoads = std::make_shared<std::atomic<int>>(0);
     std::atomic<qsizetype> _numberOfPendingItems = 0;

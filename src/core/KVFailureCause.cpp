@@ -21,6 +21,7 @@ using Tool = KVFailureLog::Tool;
 
 constexpr const char *missingTool = "%@ is not installed. Install the package \"%@\".";
 constexpr const char *noTask = "Couldn't create task, aborting.";
+constexpr QLatin1String unknownPicture{"This is no picture of a known kind"};
 constexpr const char *failedText = "The conversion failed.";
 
 QString localized(const char *key) {
@@ -41,11 +42,12 @@ const KVFailureRow *rowFor(const QString &text) {
     return row == rows.end() ? nullptr : &*row;
 }
 
-/// ffmpeg reports an empty file in the same words as a damaged one.
+/// An empty file is reported in the same words as a damaged one.
 QString noteOnEmptySource(const KVConversionError &error, const QString &text) {
+    const bool isSourceMeant = text.contains(QLatin1String("{source}: ")) || text.contains(unknownPicture);
     for (const auto &file : error.mediaFiles) {
         const QFileInfo source(file->url().toLocalFile());
-        if (text.contains(QLatin1String("{source}: ")) && source.isFile() && source.size() == 0)
+        if (isSourceMeant && source.isFile() && source.size() == 0)
             return QStringLiteral("\n{source} is empty");
     }
     return {};
@@ -72,7 +74,8 @@ std::optional<QString> uselessFolder(const KVConversionError &error) {
 }
 
 bool isWithoutTask(const KVConversionError &error) {
-    return error.taskArguments.isEmpty() && error.terminationStatus == -1 && !error.mediaFiles.isEmpty();
+    return error.taskArguments.isEmpty() && error.terminationStatus == -1 && error.reason.isEmpty() &&
+           !error.mediaFiles.isEmpty();
 }
 
 KVFailureCause causeWithoutTask(const KVConversionError &error) {

@@ -22,7 +22,7 @@ const KVRegex &emptyPhrase() {
         "\\[q\\] command.*|Press \\[q\\].*|Qavg: .*|\\d+ frames left in the queue on closing|"
         "Error reinitializing filters!|Failed to inject frame .*|Failed to configure (in|out)put pad .*|"
         "Error marking filters as finished|Error initializing filter 'subtitles'.*|with args '.*|"
-        "Last message repeated .*|Error initializing output stream [0-9:]+ --|"
+        "Last message repeated .*|Please use -.* is ambiguous|Error initializing output stream [0-9:]+ --|"
         "\\[[^\\]]* @ 0x[0-9a-f]+\\]|"
         // What is no error: the description of files, tracks and encoders.
         "Stream (mapping:|#.*)|(Input|Output) #.*|(Metadata|Side "

@@ -36,6 +36,13 @@ std::vector<KVFailureRow> diskRows() {
          .remedy = "Put it back or choose another one, and try the conversion again.",
          .retry = inAnotherFolder,
          .alertPatterns = {"The destination folder is gone."}},
+        {.patterns = {"The result was removed or replaced by another program while it was written."},
+         .text = nullptr,
+         .remedy = "Try the conversion again."},
+        {.patterns = {"The destination folder %@ is missing or cannot be written to."},
+         .text = nullptr,
+         .remedy = chooseAnotherFolder,
+         .retry = inAnotherFolder},
         {.patterns = {"{source}: No such file or directory", "Invalid node - '{source}'",
                       "Error opening input: No such file or directory"},
          .text = "The file to be converted cannot be found: it has been moved, renamed or removed.",
@@ -123,7 +130,8 @@ std::vector<KVFailureRow> systemRows() {
          .remedy = "Choose faster settings, or ask the administrator of this computer for more time."},
         {.patterns = {"received signal ", "{status 129}", "{status 130}", "{status 143}"},
          .text = "Another program or the system asked the converter to stop.",
-         .remedy = "Try the conversion again."},
+         .remedy = "Try the conversion again.",
+         .errorText = "The tool was asked to stop."},
     };
 }
 
@@ -253,6 +261,10 @@ std::vector<KVFailureRow> trackRows() {
          .text = "The files differ in size, so they cannot be joined.",
          .remedy = "Convert the files one by one first, with the same settings.",
          .retry = none},
+        {.patterns = {"The frame size of \"%@\" is unknown, so it cannot be merged with other videos."},
+         .text = nullptr,
+         .remedy = "Remove this file from the conversion, or convert the files one by one.",
+         .retry = none},
         {.patterns = {"Stream specifier '"},
          .text = "One of the files lacks a track that the others have, so they cannot be joined.",
          .remedy = "Convert the files one by one, or remove the file without this track.",
@@ -316,10 +328,23 @@ std::vector<KVFailureRow> discRows() {
 
 std::vector<KVFailureRow> pictureRows() {
     return {
+        {.patterns = {"{source} is empty"}, .text = "The file is empty.", .remedy = fetchAgain},
         {.patterns = {"The picture is too large: %li x %li pixels, where %li million pixels are the limit."},
          .text = nullptr,
          .remedy = "Make the picture smaller with another program first.",
          .retry = none},
+        {.patterns =
+             {"This format allows at most %li pixels on a side, but the picture would have %li x %li."},
+         .text = nullptr,
+         .remedy = "Set a smaller size in the preset, or choose another preset.",
+         .retry = none},
+        {.patterns = {"Lab colors are not supported", "unsupported colorspace"},
+         .text = "The picture uses a color model that cannot be read, such as Lab.",
+         .remedy = "Open the picture in another program and save it in RGB colors.",
+         .retry = none},
+        {.patterns = {"The helper program \"%@\" does not start: %@"},
+         .text = nullptr,
+         .remedy = "Install Kalvora again."},
         {.patterns = {"This is no picture of a known kind"},
          .text = "The file holds no picture of a kind that can be read, whatever its name says.",
          .remedy = openInEditor},
@@ -331,12 +356,14 @@ std::vector<KVFailureRow> pictureRows() {
                       "Unsupported marker type", "bad seek to", "The file is damaged."},
          .text = "The picture is damaged.",
          .remedy = fetchAgain},
+        {.patterns = {"libMagick error: "},
+         .text = "The picture is damaged, or of a kind that cannot be read.",
+         .remedy = openInEditor},
     };
 }
 
 std::vector<KVFailureRow> damageRows() {
     return {
-        {.patterns = {"{source} is empty"}, .text = "The file is empty.", .remedy = fetchAgain},
         {.patterns = {"moov atom not found"},
          .text = "The file is incomplete: the index that belongs to it is missing.",
          .remedy = fetchAgain},

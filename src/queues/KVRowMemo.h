@@ -27,6 +27,7 @@ class KVRowMemo {
     struct Subtitles {
         std::optional<QUrl> url;
         QString encoding;
+        std::optional<QUrl> unreadable; ///< What was found but is not used.
     };
 
     void _fill(const Row &row) const;

@@ -182,11 +182,12 @@ void KVFFmpegTask::_handlePipeChange() {
     }
 }
 
-QByteArray KVFFmpegTask::launchAndGetAllOutputData() {
-    return launch() ? _allOutputData() : QByteArray();
+QByteArray KVFFmpegTask::launchAndGetAllOutputData(const std::stop_token &stop) {
+    return launch() ? _allOutputData(stop) : QByteArray();
 }
 
-QByteArray KVFFmpegTask::_allOutputData() {
+QByteArray KVFFmpegTask::_allOutputData(const std::stop_token &stop) {
+    const std::stop_callback ending(stop, [this] { _concreteTask.kill(); });
     QByteArray output;
     if (_fileHandle)
         for (QByteArray part = _fileHandle->availableData(); !part.isEmpty();
@@ -215,9 +216,6 @@ KVResult<QUrl> KVFFmpegTask::generateRandomImage(const KVStillFrameSource &sourc
     const auto task = create({"-ss", QString::number(offset), "-i", source.stillFramePath(), "-frames:v", "1",
                               image.toLocalFile()});
     if (!task) return tl::unexpected(task.error());
-    if ((*task)->launch()) {
-        const std::stop_callback ending(stop, [&] { (*task)->process().kill(); });
-        KVLog(logText((*task)->_allOutputData()));
-    }
+    if ((*task)->launch()) KVLog(logText((*task)->_allOutputData(stop)));
     return image;
 }

@@ -55,8 +55,8 @@ class KVFFmpegTask {
     void setUsesStandardOutput(bool usesStandardOutput);
 
     /// Launches the child, blocks until it has exited and answers all that it wrote to the wired stream. A
-    /// launch that failed gives an empty buffer and `launchError`.
-    QByteArray launchAndGetAllOutputData();
+    /// launch that failed gives an empty buffer and `launchError`. `stop` kills the child.
+    QByteArray launchAndGetAllOutputData(const std::stop_token &stop = {});
     const std::optional<KVError> &launchError() const;
 
     /// `output` for a log line: "nil" where the bytes are no text.
@@ -70,7 +70,7 @@ class KVFFmpegTask {
   private:
     explicit KVFFmpegTask(const QStringList &arguments);
     void _handlePipeChange();
-    QByteArray _allOutputData();
+    QByteArray _allOutputData(const std::stop_token &stop);
 
     QStringList _arguments;
     KVProcess _concreteTask;

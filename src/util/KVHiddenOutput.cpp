@@ -1,6 +1,7 @@
 #include "util/KVHiddenOutput.h"
 
 #include "util/KVOutputClaim.h"
+#include "util/KVSourceNames.h"
 
 #include <QFile>
 #include <QUuid>
@@ -99,6 +100,7 @@ KVResult<QString> KVHiddenOutput::publish(const std::function<QString(int)> &pat
     }
     for (int attempt = 0;; attempt++) {
         const QString path = pathAt(attempt);
+        if (KVSourceNames::contain(QUrl::fromLocalFile(path))) continue;
         const auto isPublished = _hiddenPath.isEmpty() ? _publishNameless(path) : _publishRenamed(path);
         if (!isPublished) return tl::unexpected(isPublished.error());
         if (!*isPublished) continue;

@@ -34,8 +34,8 @@ class KVHiddenOutput {
     /// `errno` of the first write that failed, 0 as long as none has.
     int writeError() const { return _writeError; }
 
-    /// Makes the file durable and gives it the first name of `pathAt(0)`, `pathAt(1)`, ... that nothing has.
-    /// Never replaces a file. Answers the path; called once.
+    /// Makes the file durable and gives it the first name of `pathAt(0)`, `pathAt(1)`, ... that nothing has,
+    /// not even a missing source. Never replaces a file. Answers the path; called once.
     KVResult<QString> publish(const std::function<QString(int)> &pathAt);
 
   private:

@@ -1,5 +1,7 @@
 #include "util/KVOutputClaim.h"
 
+#include "util/KVSourceNames.h"
+
 #include <QDir>
 #include <QFile>
 #include <QSet>
@@ -43,7 +45,8 @@ KVOutputClaim::KVOutputClaim(const QUrl &url, KVFileDescriptor file)
 KVOutputClaim::Attempt KVOutputClaim::attempt(const QUrl &url) {
     const QString path = pathOf(url);
     const std::scoped_lock lock(claimedNames().mutex);
-    if (claimedNames().paths.contains(path)) return {Outcome::nameTaken, nullptr};
+    if (claimedNames().paths.contains(path) || KVSourceNames::contain(url))
+        return {Outcome::nameTaken, nullptr};
     KVFileDescriptor file(
         ::open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
     if (!file.isValid() && errno == EEXIST) return {Outcome::nameTaken, nullptr};
@@ -54,7 +57,7 @@ KVOutputClaim::Attempt KVOutputClaim::attempt(const QUrl &url) {
 std::shared_ptr<KVOutputClaim> KVOutputClaim::replacing(const QUrl &url) {
     const QString path = pathOf(url);
     const std::scoped_lock lock(claimedNames().mutex);
-    if (claimedNames().paths.contains(path)) return nullptr;
+    if (claimedNames().paths.contains(path) || KVSourceNames::contain(url)) return nullptr;
     KVFileDescriptor file(::open(QFile::encodeName(path).constData(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
     struct stat status = {};
     if (!file.isValid() || ::fstat(file.get(), &status) != 0) return nullptr;
@@ -69,6 +72,17 @@ KVOutputClaim::~KVOutputClaim() {
     _discard(true);
     const std::scoped_lock lock(claimedNames().mutex);
     claimedNames().paths.remove(pathOf(_url));
+}
+
+bool KVOutputClaim::isInPlace() {
+    const std::scoped_lock lock(_mutex);
+    struct stat own = {};
+    struct stat present = {};
+    if (::lstat(QFile::encodeName(pathOf(_url)).constData(), &present) != 0) return false;
+    if (!_file.isValid() || ::fstat(_file.get(), &own) != 0) return true;
+    if (own.st_dev == present.st_dev && own.st_ino == present.st_ino) return true;
+    // Some network file systems number a file anew.
+    return own.st_nlink > 0 && own.st_size == present.st_size && changeTime(own) == changeTime(present);
 }
 
 void KVOutputClaim::keep() {

@@ -18,7 +18,7 @@ class KVOutputClaim {
     /// What came of the attempt.
     enum class Outcome {
         claimed,   ///< The name is ours.
-        nameTaken, ///< A file has the name, or another conversion has claimed it.
+        nameTaken, ///< A file or a source (see KVSourceNames) has the name, or another conversion claimed it.
     };
     struct Attempt {
         Outcome outcome;
@@ -31,7 +31,8 @@ class KVOutputClaim {
     static Attempt attempt(const QUrl &url);
 
     /// Claims an existing file that the user has chosen to replace. It is removed only if it was written to
-    /// meanwhile. Null if it cannot be opened or if another conversion of this process has claimed it.
+    /// meanwhile. Null if it cannot be opened, if it is a source of a conversion, or if another conversion of
+    /// this process has claimed it.
     static std::shared_ptr<KVOutputClaim> replacing(const QUrl &url);
 
     ~KVOutputClaim();
@@ -39,6 +40,10 @@ class KVOutputClaim {
     KVOutputClaim &operator=(const KVOutputClaim &) = delete;
 
     QUrl url() const { return _url; }
+
+    /// True if the name still belongs to the file that was claimed. False if that has been removed, or
+    /// replaced by another program: what was written is lost then.
+    bool isInPlace();
 
     /// The output is complete: it stays.
     void keep();

@@ -44,8 +44,9 @@ KVResult<std::unique_ptr<KVOpenedPicture>> KVPictureLibrary::open(const QString 
     return module().open(path, stop);
 }
 
-KVResult<KVPictureLibrary::Header> KVPictureLibrary::header(const QString &path) {
-    const auto picture = logged(path, open(path));
+KVResult<KVPictureLibrary::Header> KVPictureLibrary::header(const QString &path,
+                                                            const std::stop_token &stop) {
+    const auto picture = logged(path, open(path, stop));
     if (!picture) return tl::unexpected(picture.error());
     const KVSize size = (*picture)->uprightSize();
     return Header{static_cast<int>(size.width), static_cast<int>(size.height), (*picture)->numberOfPages()};

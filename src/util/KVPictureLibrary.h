@@ -20,7 +20,7 @@ struct Header {
 };
 
 /// Reads the header without decoding the picture. Failures also go to the log.
-KVResult<Header> header(const QString &path);
+KVResult<Header> header(const QString &path, const std::stop_token &stop = {});
 
 /// The picture, made smaller until no side is longer than `longestSide` pixels. Failures also go to the log.
 KVResult<QImage> reducedImage(const QString &path, int longestSide, const std::stop_token &stop = {});

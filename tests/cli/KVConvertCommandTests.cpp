@@ -207,6 +207,11 @@ TEST_F(KVConvertCommandTest, TellsOfADestinationThatCannotTakeAnything) {
     ASSERT_EQ(result.array().size(), 2);
     EXPECT_TRUE(result.array()[1]["error"].toString().contains("nowhere is missing or cannot be written to"));
     EXPECT_EQ(result.array()[1]["terminationStatus"], -1);
+    KVTestMedia::clip(path("film.mkv"), 0.2);
+    result = run({"convert", "--json", "--preset", "DVD", "--to", "nowhere", "film.mkv"});
+    EXPECT_TRUE(result.array()[0]["cause"].toString().startsWith("The destination folder"));
+    EXPECT_TRUE(result.errors.contains("  Choose another destination folder")) << result.errors.toStdString();
+    ASSERT_TRUE(QFile::remove(path("film.mkv")));
 
     EXPECT_EQ(run({"preferences", "set", "KVSaveToSourceFolder", "false"}).status, 0);
     result = convert({"a.wav"});

@@ -145,13 +145,17 @@ TEST_F(KVFileIntakeTest, PassesOverStrangersAndGoesOn) {
     write("empty.wav", "");
     write("notes.TXT", "text");
     ASSERT_EQ(::mkfifo(QFile::encodeName(path("pipe.wav")).constData(), 0600), 0);
+    ASSERT_TRUE(QFile::link(path("loop.mp4"), path("loop.mp4")));
+    const QString whole = clip("whole.mp4");
+    write("cut.mp4", read(whole).first(read(whole).size() / 2));
     intake.addURLs({QUrl("https://example.org/a.wav"), url("missing.wav"), url("fake.mp3"), url("empty.wav"),
-                    url("notes.TXT"), url("song.m4p"), url("pipe.wav"), url("good.wav"), url("missing.png")});
+                    url("notes.TXT"), url("song.m4p"), url("pipe.wav"), url("good.wav"), url("missing.png"),
+                    url("loop.mp4"), url("cut.mp4")});
     EXPECT_EQ(queued(audio), QStringList("good.wav"));
     EXPECT_TRUE(questions->alerts.empty());
 
     const auto refusals = observer->refusals();
-    ASSERT_EQ(refusals.size(), 8U);
+    ASSERT_EQ(refusals.size(), 10U);
     EXPECT_EQ(refusals[0].kind, Kind::notAFile);
     EXPECT_EQ(refusals[1].reason, "No such file or folder.");
     EXPECT_EQ(refusals[2].reason, "Unrecognized file format.");
@@ -160,6 +164,8 @@ TEST_F(KVFileIntakeTest, PassesOverStrangersAndGoesOn) {
     EXPECT_EQ(refusals[5].kind, Kind::isProtected);
     EXPECT_EQ(refusals[6].reason, "This is no regular file.");
     EXPECT_EQ(refusals[7].reason, "No such file or folder.");
+    EXPECT_EQ(refusals[8].reason, "The link leads back to itself.");
+    EXPECT_EQ(refusals[9].reason, "The file is incomplete: the index that belongs to it is missing.");
 }
 
 TEST_F(KVFileIntakeTest, HasLoadedOnlyWhenTheMainThreadKnowsOfTheLastRefusal) {
@@ -470,6 +476,18 @@ TEST_F(KVFileIntakeTest, CanBeCancelledWhileAQuestionWaitsInTheBackground) {
     const qsizetype count = queued(audio).size();
     EXPECT_LE(count, 2) << "what was being looked at may still enter";
     EXPECT_FALSE(add("c.wav"));
+}
+
+TEST_F(KVFileIntakeTest, EndsTheProgramThatLooksAtAFileWhenItIsCancelled) {
+    const KVStandInTool tool(path("tool"), "case \"$*\" in *-h*) exit 0;; esac\n"
+                                           "echo >\"$here/started\"; exec sleep 300\n");
+    intake.addFilesInBackground({QUrl::fromLocalFile(write("a.wav", "sound"))});
+    for (int look = 0; look < 500 && !QFile::exists(tool.path("started")); ++look)
+        runUntil([] { return false; }, 0.02);
+    ASSERT_TRUE(QFile::exists(tool.path("started")));
+    intake.cancelLoading();
+    EXPECT_TRUE(intake.waitUntilLoaded(10));
+    EXPECT_TRUE(observer->refusals().empty()) << "nothing is wrong with the file";
 }
 
 TEST_F(KVFileIntakeTest, MergesWhatWaitsInEachQueueIntoOne) {

@@ -124,6 +124,55 @@ TEST_F(KVAudioConversionTest, LeavesAFileThatAnotherProgramPutInThePlaceOfTheOut
     }
 }
 
+TEST_F(KVAudioConversionTest, CallsNoFileOfAnotherProgramItsResult) {
+    const auto removed = add("silent.removed.wav");
+    const auto replaced = add("silent.replaced.wav");
+    writeScript("resources/ffmpeg", R"(
+case "$*" in *"-h full"*) exit 0;; esac
+for output; do :; done
+printf whole >"$output"
+rm "$output"
+case "$output" in *replaced*) printf "another program's" >"$output";; esac
+exit 0
+)");
+    const auto before = KVHistoryCenter::shared().historyItems().size();
+    runToEnd();
+    for (const auto &conversion : {removed, replaced}) {
+        EXPECT_FALSE(conversion->hasSucceeded());
+        ASSERT_TRUE(conversion->failureCause());
+        EXPECT_TRUE(conversion->failureCause()->text.startsWith("The result was removed or replaced"));
+    }
+    EXPECT_EQ(KVHistoryCenter::shared().historyItems().size(), before);
+    EXPECT_EQ(read(path("silent.replaced.mp3")), "another program's");
+}
+
+TEST_F(KVAudioConversionTest, GivesNoResultTheNameOfAMissingSource) {
+    runOneByOne();
+    const auto missing = add("endless.mp3");
+    const auto sameName = add("good.later.wav");
+    const auto later = add("good.later.mp3"); // waits meanwhile
+    for (const char *name : {"endless.mp3", "good.later.mp3"})
+        QFile::remove(path(name));
+    queue()->start();
+    const int child = pidOf("endless");
+    EXPECT_NE(missing->outputURL(), missing->mediaFiles().first()->url());
+    write("endless.mp3", "put back");
+    ::kill(child, SIGKILL);
+    ASSERT_TRUE(waitFor([&] { return sameName->isFinished(); }));
+    runToEnd();
+    EXPECT_TRUE(missing->hasFailed());
+    EXPECT_EQ(read(path("endless.mp3")), "put back");
+    EXPECT_TRUE(sameName->hasSucceeded());
+    EXPECT_NE(sameName->outputURL(), later->mediaFiles().first()->url());
+
+    const auto removed = add("good.removed.mp3");
+    QFile::remove(path("good.removed.mp3"));
+    queue()->cancelConversion(removed);
+    const auto free = add("good.removed.wav");
+    runToEnd();
+    EXPECT_EQ(free->outputURL(), url("good.removed.mp3")) << "a row that is gone holds no name";
+}
+
 TEST_F(KVAudioConversionTest, SavesTheHistoryBeforeItReportsTheEnd) {
     const auto conversion = add("good.wav");
     QVariantList stored;
@@ -184,6 +233,17 @@ TEST_F(KVAudioConversionTest, WritesWhereAndUnderTheNameThatWasChosen) {
     queue()->startConversion(moved);
     ASSERT_TRUE(runUntil([&] { return moved->isFinished(); }));
     EXPECT_EQ(moved->outputURL(), url("elsewhere/good.two.mp3"));
+}
+
+TEST_F(KVAudioConversionTest, NamesTheFolderThatCannotTakeTheResult) {
+    const auto conversion = add("good.wav");
+    conversion->setDestinationFolder(url("gone"));
+    runToEnd();
+    const auto cause = conversion->failureCause();
+    ASSERT_TRUE(cause);
+    EXPECT_TRUE(cause->text.contains(path("gone"))) << cause->text.toStdString();
+    EXPECT_EQ(cause->retry, KVFailureRetry::inAnotherFolder);
+    EXPECT_FALSE(QFile::exists(path("runs")));
 }
 
 TEST_F(KVAudioConversionTest, FailsWithoutADestination) {

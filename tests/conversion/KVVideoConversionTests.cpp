@@ -309,6 +309,8 @@ TEST_F(KVVideoConversionTest, RefusesToMergeAVideoWithoutAFrameSize) {
     EXPECT_TRUE(row->hasFailed());
     ASSERT_TRUE(row->failure());
     EXPECT_TRUE(row->failure()->reason.contains("good.sizeless.mov"));
+    EXPECT_EQ(row->failureCause()->text, row->failure()->reason);
+    EXPECT_FALSE(row->failureCause()->remedy.isEmpty());
     EXPECT_EQ(QDir(path()).entryList({"*.mp4"}), QStringList());
     EXPECT_FALSE(QFile::exists(path("runs")));
 }

@@ -243,6 +243,13 @@ TEST_F(KVTranslationsTest, TranslationsKeepPlaceholdersShortcutsAndDots) {
     }
 }
 
+TEST_F(KVTranslationsTest, EnglishTranslatesOnlyTextsThatExist) {
+    const QString path = KV_TEST_DIRECTORY "/../resources/translations/kalvora_%1.ts";
+    const auto german = translations(path.arg("de"));
+    for (const QString &source : translations(path.arg("en")).keys())
+        EXPECT_TRUE(german.contains(source)) << source.toStdString();
+}
+
 TEST_F(KVTranslationsTest, EveryPlaceThatLocalizesATableIsKnown) {
     // A new one needs a line here, and its texts a way into one of the sets above.
     const QSet<QString> known{

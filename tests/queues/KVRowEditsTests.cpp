@@ -110,6 +110,21 @@ TEST_F(KVRowEditsTest, EveryEditIsUndone) {
     }
 }
 
+TEST_F(KVRowEditsTest, UndoBringsBackTheWarningOfSubtitlesThatAreNotUsed) {
+    const auto video = std::static_pointer_cast<KVVideoFile>(rows[0]->mediaFiles().first());
+    video->setUnreadableSubtitles(url("a.srt"));
+    const QStringList warnings = video->warnings;
+    ASSERT_EQ(warnings.size(), 1);
+    edits().setSubtitles(rows[0], url("a.srt"), "windows-1251");
+    EXPECT_EQ(video->warnings, QStringList());
+    EXPECT_TRUE(undoStack().undo());
+    EXPECT_EQ(video->warnings, warnings);
+    EXPECT_EQ(video->unreadableSubtitlesURL(), url("a.srt"));
+    edits().remove({rows[0]});
+    EXPECT_TRUE(undoStack().undo());
+    EXPECT_EQ(video->warnings, warnings) << "once";
+}
+
 TEST_F(KVRowEditsTest, StepsAreUndoneOneAfterTheOtherThroughRowsThatWereMadeAnew) {
     edits().merge({rows[0], rows[1]});
     edits().splitAgain(rows[0]);

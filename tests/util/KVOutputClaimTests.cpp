@@ -1,6 +1,7 @@
 #include "util/KVOutputClaim.h"
 
 #include "support/KVTestCase.h"
+#include "util/KVSourceNames.h"
 
 #include <QProcess>
 
@@ -77,10 +78,35 @@ TEST_F(KVOutputClaimTest, RemovesNoFileThatAnotherProgramPutThere) {
     write("new.mp4", "another program's"); // may get the number of the inode that is gone
     for (auto *claim : {&replaced, &newlyMade}) {
         const QString output = (*claim)->url().toLocalFile();
+        EXPECT_FALSE((*claim)->isInPlace());
         (*claim)->discard();
         claim->reset();
         EXPECT_EQ(read(output), "another program's");
     }
+}
+
+TEST_F(KVOutputClaimTest, NamesOfSourcesAreTakenAlsoIfTheFilesAreMissing) {
+    write("real/Clip.mp4", "a source");
+    ASSERT_TRUE(QFile::link(path("real"), path("linked")));
+    ASSERT_TRUE(QFile::link(path("real/Clip.mp4"), path("link.mp4")));
+    auto folder = std::make_unique<KVSourceNames>(QList<QUrl>{url("linked/Clip.mp4")});
+    auto link = std::make_unique<KVSourceNames>(QList<QUrl>{url("link.mp4")});
+    EXPECT_EQ(KVOutputClaim::attempt(url("real/clip.mp4")).outcome, Outcome::claimed) << "another file";
+    QFile::remove(path("real/Clip.mp4"));
+    const auto outcomeFor = [&](const QString &name) { return KVOutputClaim::attempt(url(name)).outcome; };
+    for (const char *name : {"real/Clip.mp4", "linked/../linked/Clip.mp4", "real/clip.MP4"})
+        EXPECT_EQ(outcomeFor(name), Outcome::nameTaken) << name;
+    EXPECT_EQ(outcomeFor("Clip.mp4"), Outcome::claimed) << "another folder";
+    EXPECT_EQ(outcomeFor("real/Clip.mp4.mp4"), Outcome::claimed);
+    folder.reset();
+    EXPECT_EQ(outcomeFor("real/Clip.mp4"), Outcome::nameTaken) << "the link leads to it";
+    link.reset();
+    EXPECT_EQ(outcomeFor("real/Clip.mp4"), Outcome::claimed);
+
+    write("disc.iso", "a source");
+    const KVSourceNames disc({url("disc.iso")});
+    EXPECT_EQ(KVOutputClaim::replacing(url("disc.iso")), nullptr);
+    EXPECT_EQ(read(path("disc.iso")), "a source");
 }
 
 TEST_F(KVOutputClaimTest, DiscardingAtOnceWaitsForTheFirstByte) {
@@ -120,6 +146,7 @@ TEST_F(KVOutputClaimTest, RemovesWhatTheRealToolsWrite) {
         auto claim = KVOutputClaim::attempt(url("out.mp4")).claim;
         ASSERT_EQ(QProcess::execute(KV_BUILD_DIRECTORY "/share/kalvora/resources/" + tool, arguments), 0);
         EXPECT_GT(QFileInfo(claimed).size(), 0) << tool.toStdString();
+        EXPECT_TRUE(claim->isInPlace()) << tool.toStdString();
         claim.reset();
         EXPECT_FALSE(QFile::exists(claimed)) << tool.toStdString();
     }

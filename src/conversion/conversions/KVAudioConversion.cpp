@@ -30,6 +30,7 @@ constexpr int interruptedStatus = 128 + SIGINT;
 /// The tool's own for an output that could not be written.
 constexpr int writeFailedStatus = 1;
 constexpr int emptyResultStatus = 1;
+constexpr int lostResultStatus = 1;
 
 class RunningChild : public KVLiveCount<RunningChild> {};
 
@@ -62,6 +63,16 @@ bool hasLostOutput(const QByteArray &taskOutput, const QString &path) {
     const QByteArray subject = path.toUtf8() + ": ";
     return end.contains("Error writing trailer of " + subject) ||
            end.contains("Error closing file " + subject);
+}
+
+/// Why nothing can be written there, in the user's language; empty if something can.
+QString objectionToDestination(const QUrl &destination) {
+    const QUrl folder = KVFileManager::isDirectory(destination)
+                            ? destination
+                            : KVFileManager::deletingLastPathComponent(destination);
+    if (KVFileManager::isWritable(folder)) return {};
+    return KVLocalizationCenter::localized("The destination folder %@ is missing or cannot be written to.",
+                                           {folder.toLocalFile()});
 }
 
 /// Asks the child to stop. Its output is thrown away in any case, so one that does not listen is asked again
@@ -112,7 +123,8 @@ bool KVAudioConversion::convertFiles(const KVMediaFileList &files, const QUrl &d
     if (!made) {
         KVLog("(nil) task, aborting (preset: " + preset->description() + ", files: " + describe(files) +
               ").");
-        _recordError({}, "Couldn't create task, aborting.", -1, refusal);
+        _recordError({}, "Couldn't create task, aborting.", -1,
+                     refusal.isEmpty() ? objectionToDestination(destination) : refusal);
         conversionWasSuccessful = false;
         progressOfCurrentTask = 1;
         setStatusString(KVLocalizationCenter::localized("Couldn't start conversion."));
@@ -165,6 +177,11 @@ bool KVAudioConversion::_convert(const KVAudioFileList &files, const KVPresetTas
 
 /// A result without content is a failure; what else it lacks is a warning.
 void KVAudioConversion::_checkResult(const KVAudioFileList &files, const KVPresetTask &made) {
+    if (made.claim && !isCancelled() && !made.claim->isInPlace()) {
+        _failureReason = KVResultCheck::lostResultText();
+        _terminationStatus = lostResultStatus;
+        return;
+    }
     const auto plan = KVResultPlan::forFiles(files, made.task->arguments());
     const auto run = [&](const QStringList &arguments) {
         const auto probe = KVFFmpegTask::create(arguments);

@@ -11,6 +11,18 @@
 #include "platform/KVFileManager.h"
 #include "util/KVOutputClaim.h"
 #include "util/KVPreferenceKeys.h"
+#include "util/KVSourceNames.h"
+
+namespace {
+
+std::shared_ptr<KVSourceNames> sourceNamesOf(const KVMediaFileList &files) {
+    QList<QUrl> urls;
+    for (const auto &file : files)
+        urls += file->url();
+    return std::make_shared<KVSourceNames>(urls);
+}
+
+} // namespace
 
 std::shared_ptr<KVConversion>
 KVConversion::conversionWithMediaFile(const std::shared_ptr<KVMediaFile> &file) {
@@ -31,7 +43,8 @@ KVConversion::conversionWithMediaFile(const std::shared_ptr<KVMediaFile> &file) 
 }
 
 KVConversion::KVConversion(const KVMediaFileList &mediaFiles)
-    : _mediaFiles(mediaFiles) {}
+    : _mediaFiles(mediaFiles)
+    , _sourceNames(sourceNamesOf(mediaFiles)) {}
 
 KVConversion::~KVConversion() = default;
 
@@ -47,6 +60,7 @@ void KVConversion::start() {
     {
         const std::scoped_lock lock(_mutex);
         _hasFinished = true;
+        _sourceNames.reset();
     }
     _finished.notify_all();
 }
@@ -121,7 +135,10 @@ bool KVConversion::performTaskNumber(int) {
 }
 
 void KVConversion::cancel() {
-    if (!isFinished()) _isCancelled = true; // a row that is removed after its end keeps its outcome
+    if (isFinished()) return; // a row that is removed after its end keeps its outcome
+    _isCancelled = true;
+    const std::scoped_lock lock(_mutex);
+    if (state == KVConversionState::waitingToStart) _sourceNames.reset(); // no task of it will ever run
 }
 
 void KVConversion::resume() {
@@ -266,9 +283,11 @@ KVMediaFileList KVConversion::mediaFiles() const {
 }
 
 bool KVConversion::setMediaFiles(const KVMediaFileList &files) {
+    auto names = sourceNamesOf(files); // looks at the files
     const std::scoped_lock lock(_mutex);
     if (!canBeChanged()) return false;
     _mediaFiles = files;
+    _sourceNames = std::move(names);
     return true;
 }
 

@@ -21,6 +21,7 @@
 #include <optional>
 
 class KVOutputClaim;
+class KVSourceNames;
 
 enum class KVConversionState { waitingToStart, executing, paused, finished };
 
@@ -183,6 +184,7 @@ class KVConversion : public std::enable_shared_from_this<KVConversion> {
     std::shared_ptr<KVPreset> _shownPreset; ///< From the start on; a copy apart from the snapshot's.
     std::optional<QUrl> _destinationFolder;
     std::shared_ptr<KVOutputClaim> _claim;
+    std::shared_ptr<KVSourceNames> _sourceNames; ///< Of the row's files until the end.
     std::optional<KVConversionError> _failure;
     std::optional<KVFailureCause> _failureCause;
     QStringList _warnings;

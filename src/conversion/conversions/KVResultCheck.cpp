@@ -130,6 +130,11 @@ QStringList KVResultCheck::shortcomings(const KVResultPlan &plan, const KVProbed
     return warnings;
 }
 
+QString KVResultCheck::lostResultText() {
+    return KVLocalizationCenter::localized(
+        "The result was removed or replaced by another program while it was written.");
+}
+
 KVResultCheck::Verdict KVResultCheck::check(const KVResultPlan &plan, const QString &path,
                                             const KVFFmpegReport &report, const QuickProbe &quickProbe,
                                             const Run &run) {

@@ -15,6 +15,9 @@
 /// whole sentences in the user's language. Any thread.
 namespace KVResultCheck {
 
+/// The failure of a result that is no longer where it was written.
+QString lostResultText();
+
 struct Verdict {
     QString failure;      ///< Why there is no result; empty if there is one.
     QStringList warnings; ///< What the result lacks.

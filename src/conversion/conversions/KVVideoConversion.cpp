@@ -69,7 +69,10 @@ bool KVVideoConversion::performTaskNumber(int number) {
     if (number == 0) {
         _stitchingTemporaryURL =
             KVFileManager::appendingPathComponent(KVTempDirectoryURL(), KVFileManager::uniqueName());
-        KVFileManager::createDirectory(*_stitchingTemporaryURL);
+        if (const auto made = KVFileManager::createDirectory(*_stitchingTemporaryURL); !made) {
+            _recordError({}, made.error().reason, 1);
+            return false;
+        }
     }
 
     const auto &files = _inWork().files;
@@ -208,9 +211,11 @@ int KVVideoConversion::_runImageTool(KVDiscTool &tool) {
 }
 
 bool KVVideoConversion::_endImage(const Image &image, KVDiscTool &tool, int status) {
-    const auto verdict =
-        status == 0 ? KVResultCheck::checkDiscImage(image->url().toLocalFile(), _dvdFolderURL().toLocalFile())
-                    : KVResultCheck::Verdict();
+    KVResultCheck::Verdict verdict;
+    if (status == 0 && !image->isInPlace())
+        verdict.failure = KVResultCheck::lostResultText();
+    else if (status == 0)
+        verdict = KVResultCheck::checkDiscImage(image->url().toLocalFile(), _dvdFolderURL().toLocalFile());
     for (const QString &warning : verdict.warnings)
         addWarning(warning);
     if (status == 0 && verdict.failure.isEmpty()) {

@@ -31,6 +31,14 @@ constexpr const char *loaders[] = {"jpegload_source", "pngload_source", "heifloa
                                    "tiffload_source", "gifload_source", "webpload_source"};
 constexpr const char *jpegLoader = loaders[0];
 
+void openForReading(QFile &file) {
+    errno = 0;
+    if (file.open(QIODevice::ReadOnly)) return;
+    const int problem = errno;
+    const QString reason = problem != 0 ? KVPOSIXError(file.fileName(), problem).reason : file.errorString();
+    throw std::runtime_error(reason.toStdString());
+}
+
 VSource sourceOf(const QString &path) {
     return VSource::new_from_file(QFile::encodeName(path).constData());
 }
@@ -54,7 +62,7 @@ VImage load(const char *loader, const VSource &source, vips::VOption *options) {
 
 QByteArray contentOf(const QString &path) {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error(file.errorString().toStdString());
+    openForReading(file);
     return file.readAll();
 }
 
@@ -69,9 +77,10 @@ VImage imageOfOtherKind(const QString &path) {
 
 VImage imageOfDocument(const QString &path) {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error(file.errorString().toStdString());
+    openForReading(file);
     const auto header = KVPhotoshopHeader::read(file);
     if (KVPhotoshopFile::canRead(header)) return KVPhotoshopFile::image(path, header);
+    if (header.mode == KVPhotoshopHeader::lab) throw std::runtime_error("Lab colors are not supported.");
     VImage image = imageOfOtherKind(path);
     // A single channel would be its own transparency.
     if (!image.has_alpha() || header.holdsTransparency) return image;
@@ -104,7 +113,7 @@ KVPictureSource::KVPictureSource(const QString &path, const std::stop_token &sto
 
 VImage KVPictureSource::_read() {
     QFile file(_path);
-    if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error(file.errorString().toStdString());
+    openForReading(file);
     const QByteArray start = file.peek(4);
     if (start == "icns") return KVIconFile::largestImage(contentOf(_path));
     if (start.startsWith("BM"))
@@ -162,6 +171,16 @@ KVError KVPictureSource::tooLarge(const KVSize &size) {
             "The picture is too large: %li x %li pixels, where %li million pixels are the limit.",
             {static_cast<qint64>(size.width), static_cast<qint64>(size.height), maximumPixels / 1'000'000}),
         {}};
+}
+
+KVError KVPictureSource::tooLong(const KVSize &size, double maximumSide) {
+    return {KVPictureErrorDomain,
+            0,
+            KVLocalizationCenter::localized(
+                "This format allows at most %li pixels on a side, but the picture would have %li x %li.",
+                {static_cast<qint64>(maximumSide), static_cast<qint64>(size.width),
+                 static_cast<qint64>(size.height)}),
+            {}};
 }
 
 KVSize KVPictureSource::uprightSize() const {

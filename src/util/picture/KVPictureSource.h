@@ -32,6 +32,8 @@ class KVPictureSource {
     static KVError unreadable(const QString &detail);
     /// "... is too large" for the size, in the user's language.
     static KVError tooLarge(const KVSize &size);
+    /// The format of a result allows no side longer than `maximumSide` pixels; in the user's language.
+    static KVError tooLong(const KVSize &size, double maximumSide);
 
     const QString &path() const { return _path; }
 

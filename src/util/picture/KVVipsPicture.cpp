@@ -72,9 +72,9 @@ KVResult<QImage> KVVipsPicture::reducedImage(int longestSide, const std::stop_to
 
 std::optional<KVError> KVVipsPicture::objectionTo(const KVSize &size, KVImageFileType type) const {
     const double maximumSide = KVPictureWriter::format(type).maximumSide;
-    if (KVPictureSource::isWithinLimit(size) && std::max(size.width, size.height) <= maximumSide)
-        return std::nullopt;
-    return KVPictureSource::tooLarge(size);
+    if (!KVPictureSource::isWithinLimit(size)) return KVPictureSource::tooLarge(size);
+    if (std::max(size.width, size.height) > maximumSide) return KVPictureSource::tooLong(size, maximumSide);
+    return std::nullopt;
 }
 
 std::optional<QString> KVVipsPicture::write(const KVSize &size, KVImageFileType type,

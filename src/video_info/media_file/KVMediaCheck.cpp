@@ -58,23 +58,23 @@ bool hasEncryptedEntry(QFile &file, qint64 position, qint64 end) {
 }
 
 /// Whether ffmpeg decodes a second at `offset` without an error.
-bool isDecodable(const QUrl &url, double offset) {
+bool isDecodable(const QUrl &url, double offset, const std::stop_token &stop) {
     const auto task = KVFFmpegTask::create({"-loglevel", "error", "-ss", QString::number(offset, 'f', 2),
                                             "-i", url.toLocalFile(), "-t", "1", "-f", "null", "-"});
     if (!task) return true;
-    const QByteArray errors = (*task)->launchAndGetAllOutputData();
+    const QByteArray errors = (*task)->launchAndGetAllOutputData(stop);
     if (!errors.isEmpty()) KVLog("Not decodable: " + KVFFmpegDialect::textFromTool(errors.left(500)));
     return errors.isEmpty();
 }
 
 } // namespace
 
-bool KVMediaCheck::hasMediaData(const QUrl &url) {
+bool KVMediaCheck::hasMediaData(const QUrl &url, const std::stop_token &stop) {
     const auto task = KVFFmpegTask::create({"-loglevel", "quiet", "-i", url.toLocalFile(), "-c", "copy",
                                             "-frames:v", "1", "-frames:a", "1", "-f", "framecrc", "-"});
     if (!task) return true;
     (*task)->setUsesStandardOutput(true);
-    const QByteArray output = (*task)->launchAndGetAllOutputData();
+    const QByteArray output = (*task)->launchAndGetAllOutputData(stop);
     if ((*task)->launchError()) return true;
     // One line for each packet; lines that begin with "#" are the header. Without it the track cannot be
     // copied this way, which says nothing about its data.
@@ -89,7 +89,7 @@ bool KVMediaCheck::declaresEncryption(const QUrl &url) {
     return file.open(QIODevice::ReadOnly) && hasEncryptedEntry(file, 0, file.size());
 }
 
-bool KVMediaCheck::isEncrypted(const QUrl &url, double seconds) {
+bool KVMediaCheck::isEncrypted(const QUrl &url, double seconds, const std::stop_token &stop) {
     constexpr double shortest = 2;
-    return !isDecodable(url, 0) || (seconds > shortest && !isDecodable(url, seconds / 2));
+    return !isDecodable(url, 0, stop) || (seconds > shortest && !isDecodable(url, seconds / 2, stop));
 }

@@ -51,13 +51,13 @@ tl::unexpected<KVError> refusal(const char *reason, const QVariantMap &userInfo 
 }
 
 /// A GIF that moves is probed like a movie; a still one is a picture, and so is what cannot be read.
-bool isAnimated(const QUrl &url) {
-    const auto header = KVPictureLibrary::header(url.toLocalFile());
+bool isAnimated(const QUrl &url, const std::stop_token &stop) {
+    const auto header = KVPictureLibrary::header(url.toLocalFile(), stop);
     return header && header->numberOfPages > 1;
 }
 
-bool isPicture(const QUrl &url, const QString &extension) {
-    return contains(pictureExtensions, extension) && (extension != "gif" || !isAnimated(url));
+bool isPicture(const QUrl &url, const QString &extension, const std::stop_token &stop) {
+    return contains(pictureExtensions, extension) && (extension != "gif" || !isAnimated(url, stop));
 }
 
 Result dvdFile(const QUrl &url) {
@@ -65,11 +65,11 @@ Result dvdFile(const QUrl &url) {
 }
 
 /// All that ffmpeg prints about the file.
-KVResult<QString> toolText(const QUrl &url) {
+KVResult<QString> toolText(const QUrl &url, const std::stop_token &stop) {
     const auto task = KVFFmpegTask::create({"-i", url.toLocalFile()});
     if (!task) return tl::unexpected(task.error());
     // The exit status says nothing: without an output the tool always fails.
-    const QByteArray output = (*task)->launchAndGetAllOutputData();
+    const QByteArray output = (*task)->launchAndGetAllOutputData(stop);
     if ((*task)->launchError()) return tl::unexpected(*(*task)->launchError());
     return KVFFmpegDialect::textFromTool(output);
 }
@@ -96,8 +96,8 @@ bool hasMovingPictures(const KVProbeText &probe) {
     });
 }
 
-Result probedFile(const QUrl &url, const QString &extension) {
-    const auto text = toolText(url);
+Result probedFile(const QUrl &url, const QString &extension, const std::stop_token &stop) {
+    const auto text = toolText(url, stop);
     if (!text) return tl::unexpected(text.error());
     const auto probe =
         KVProbeText::read(KVFFmpegDialect::probeTextFromTool(*text), KVFileManager::fileSize(url));
@@ -107,7 +107,7 @@ Result probedFile(const QUrl &url, const QString &extension) {
     const bool hasVideo = !probe.videoTracks.isEmpty();
     if (!hasAudio && !hasVideo)
         return refusal("Unrecognized file format.", {{NSAffectedObjectsErrorKey, *text}});
-    if ((!probe.isDurationKnown || probe.seconds == 0) && !KVMediaCheck::hasMediaData(url))
+    if ((!probe.isDurationKnown || probe.seconds == 0) && !KVMediaCheck::hasMediaData(url, stop))
         return refusal("The file describes its tracks but contains no media data.");
     const bool isAudio = hasAudio && (!hasVideo || contains(audioExtensions, extension));
 
@@ -120,14 +120,15 @@ Result probedFile(const QUrl &url, const QString &extension) {
             "The pictures of \"%@\" are lost, because files with its extension count as sound.",
             {KVFileManager::lastPathComponent(url)});
     file->isEncrypted =
-        KVMediaCheck::declaresEncryption(url) && KVMediaCheck::isEncrypted(url, probe.seconds);
+        KVMediaCheck::declaresEncryption(url) && KVMediaCheck::isEncrypted(url, probe.seconds, stop);
+    if (stop.stop_requested()) return refusal("User cancelled."); // nothing above is certain then
     file->loadThumbnail();
     return file;
 }
 
 } // namespace
 
-Result KVMediaFile::mediaFile(const QUrl &url) {
+Result KVMediaFile::mediaFile(const QUrl &url, const std::stop_token &stop) {
     const QString name = KVFileManager::lastPathComponent(url);
     const QString extension = lowerCasedExtension(url);
     KVLog("Will be processing file " + name);
@@ -138,14 +139,15 @@ Result KVMediaFile::mediaFile(const QUrl &url) {
     }
     // The tool would wait for ever for somebody to write into a pipe.
     if (KVFileManager::isSpecialFile(url)) return refusal("This is no regular file.");
-    if (isPicture(url, extension)) {
+    if (isPicture(url, extension, stop)) {
         KVLog("returning a picture file for " + name);
-        const auto picture = std::make_shared<KVPictureFile>(url);
+        const auto picture = std::make_shared<KVPictureFile>(url, stop);
+        if (stop.stop_requested()) return refusal("User cancelled.");
         picture->loadThumbnail();
         return picture;
     }
     if (KVFileManager::isDirectory(url)) return dvdFile(url);
-    return probedFile(url, extension);
+    return probedFile(url, extension, stop);
 }
 
 void KVMediaFile::setMakesThumbnails(bool value) {

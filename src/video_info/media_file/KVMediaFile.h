@@ -12,6 +12,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <stop_token>
 
 class KVMediaFile;
 
@@ -33,8 +34,9 @@ class KVMediaFile : public KVStillFrameSource, public std::enable_shared_from_th
 
     /// The one place where a file becomes a typed object, or the reason why it does not: an error of
     /// KVMediaFileErrorDomain, code 0. A tool that cannot be started is an error of its own. Blocks while the
-    /// tool runs. Any thread.
-    static KVResult<std::shared_ptr<KVMediaFile>> mediaFile(const QUrl &url);
+    /// tool runs; `stop` ends it early, with an error. Any thread.
+    static KVResult<std::shared_ptr<KVMediaFile>> mediaFile(const QUrl &url,
+                                                            const std::stop_token &stop = {});
 
     /// Whether `loadThumbnail` does anything; false until a front end that shows thumbnails asks for them,
     /// for each costs a run of the tool. Any thread.

@@ -5,9 +5,9 @@
 #include "util/KVPictureLibrary.h"
 #include "video_info/media_file/KVThumbnailSize.h"
 
-KVPictureFile::KVPictureFile(const QUrl &url)
+KVPictureFile::KVPictureFile(const QUrl &url, const std::stop_token &stop)
     : KVMediaFile(url) {
-    const auto header = KVPictureLibrary::header(url.toLocalFile());
+    const auto header = KVPictureLibrary::header(url.toLocalFile(), stop);
     if (!header) {
         readingError = header.error();
         return;

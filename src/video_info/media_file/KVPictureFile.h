@@ -4,11 +4,13 @@
 #include "video_info/media_file/KVMediaFile.h"
 
 #include <optional>
+#include <stop_token>
 
 /// A still picture. The size is read without decoding the image.
 class KVPictureFile : public KVMediaFile {
   public:
-    explicit KVPictureFile(const QUrl &url);
+    /// Takes seconds for the rare kinds that a helper program reads; `stop` ends it.
+    explicit KVPictureFile(const QUrl &url, const std::stop_token &stop = {});
 
     double height = 0; ///< Pixels; 0 where the image cannot be read.
     double width = 0;

@@ -102,7 +102,19 @@ TEST_F(KVPictureConversionTest, RecordsWhyThereIsNoFile) {
     homeless->start();
     EXPECT_FALSE(homeless->conversionWasSuccessful);
 
-    ASSERT_EQ(errors.size(), 2U);
+    KVTestPictures::fields(path("good.png"));
+    const auto missing = conversionOf("good.png");
+    QFile::remove(path("good.png"));
+    write("empty.png", {});
+    const auto empty = conversionOf("empty.png");
+    saveToSourceFolder(true);
+    for (const auto &conversion : {missing, empty})
+        conversion->start();
+    EXPECT_TRUE(missing->failureCause()->text.startsWith("The file to be converted cannot be found"));
+    EXPECT_EQ(empty->failureCause()->text, "The file is empty.");
+    EXPECT_EQ(errors.size(), 4U);
+    errors.resize(2);
+
     EXPECT_EQ(errors[0].taskOutput, "");
     EXPECT_EQ(errors[0].reason, "The picture cannot be read: This is no picture of a known kind.");
     EXPECT_EQ(errors[1].taskOutput, "No output URL is set.");

@@ -184,6 +184,8 @@ TEST_F(KVNSImageBasedPresetTest, RefusesDamagedPicturesAndLeavesNothing) {
     }
     EXPECT_EQ(failure(*jpeg, path("claims.png")),
               "The picture is too large: 100000 x 100000 pixels, where 500 million pixels are the limit.");
+    EXPECT_EQ(failure(*jpeg, write("wide.png", pngHeader(66000, 20))),
+              "This format allows at most 65500 pixels on a side, but the picture would have 66000 x 20.");
 }
 
 TEST_F(KVNSImageBasedPresetTest, TellsEachFailureItsOwnReason) {
