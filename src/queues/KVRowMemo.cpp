@@ -21,7 +21,8 @@ KVRowMemo::KVRowMemo(const Row &row)
     , _destinationFolder(row->destinationFolder()) {
     for (const auto &file : std::as_const(_files)) {
         const auto video = asVideo(file);
-        _subtitles.push_back(video ? Subtitles{video->subtitlesFileURL, video->subtitlesFileEncoding}
+        _subtitles.push_back(video ? Subtitles{video->subtitlesFileURL, video->subtitlesFileEncoding,
+                                               video->unreadableSubtitlesURL()}
                                    : Subtitles{});
     }
     if (const auto video = std::dynamic_pointer_cast<KVVideoConversion>(row)) _dvdName = video->dvdName();
@@ -31,8 +32,9 @@ void KVRowMemo::_fill(const Row &row) const {
     for (qsizetype number = 0; number < _files.size(); ++number) {
         const auto video = asVideo(_files.at(number));
         if (!video) continue;
-        video->subtitlesFileURL = _subtitles[size_t(number)].url;
-        video->subtitlesFileEncoding = _subtitles[size_t(number)].encoding;
+        const auto &[url, encoding, unreadableURL] = _subtitles[size_t(number)];
+        video->setSubtitles(url, encoding);
+        if (unreadableURL) video->setUnreadableSubtitles(*unreadableURL);
     }
     row->setMediaFiles(_files);
     row->setCustomPreset(_customPreset);

@@ -27,6 +27,7 @@ class KVRowMemo {
     struct Subtitles {
         std::optional<QUrl> url;
         QString encoding;
+        std::optional<QUrl> unreadableURL; ///< Of subtitles that are not used.
     };
 
     void _fill(const Row &row) const;
