@@ -203,8 +203,8 @@ void KVQueueTableViewController::_queueDidFinishConversion(const std::shared_ptr
     const int finishedRow = row(conversion);
     if (finishedRow < 0) return;
     _tableView.animateFinishedConversion(finishedRow);
-    // A failed row stays, so that its failure can be read.
-    if (!conversion->hasFailed() &&
+    // A row that failed or has warnings stays, so that they can be read.
+    if (!conversion->hasFailed() && conversion->warnings().isEmpty() &&
         KVPreferences::shared().boolean(KVPreferenceKeys::ClearFinishedItemsRightAway, false))
         queueOf(typeOf(conversion))->cancelConversion(conversion);
 }

@@ -203,6 +203,11 @@ TEST_F(KVQueueTableViewControllerTest, AFinishedRowGoesAtOnceWhereTheUserWantsTh
     EXPECT_EQ(controller.numberOfRows(), 2);
 
     KVPreferences::shared().setBoolean(true, KVPreferenceKeys::ClearFinishedItemsRightAway);
+    const auto warned = add(KVMediaFileType::audio, "b.wav");
+    warned->addWarning("Half of it is missing.");
+    center.post(ConversionDidFinish, warned);
+    EXPECT_EQ(controller.numberOfRows(), 3) << "its warning would go unread";
+    KVConversionQueue::queue(KVMediaFileType::audio)->cancelConversion(warned);
     center.post(ConversionDidFinish, conversion);
     EXPECT_EQ(controller.numberOfRows(), 0);
 }
