@@ -14,12 +14,16 @@
 #include <QContextMenuEvent>
 #include <QDir>
 #include <QFile>
+#include <QHelpEvent>
+#include <QMenu>
 #include <QPushButton>
 #include <QScreen>
 #include <QTimer>
+#include <QToolTip>
 
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 namespace {
 
@@ -78,17 +82,31 @@ class Photographer {
         table.clearSelection();
     }
 
-    void _takeMenu(const QString &title, const QString &name) {
+    /// With a command that is disabled also why.
+    void _takeMenu(const QString &title, const QString &name, const char *disabledCommand = nullptr) {
         const QPoint thumbnail =
             KVConversionRowDelegate::thumbnailRect(_window().tableWidget().visualRect(_row(title))).center();
         QWidget *viewport = _window().tableWidget().viewport();
         QContextMenuEvent event(QContextMenuEvent::Mouse, thumbnail, viewport->mapToGlobal(thumbnail));
         QCoreApplication::sendEvent(viewport, &event);
         _settle();
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        if (menu && disabledCommand) _showToolTip(*menu, KVLocalizationCenter::localized(disabledCommand));
         _take(name);
-        if (QWidget *menu = QApplication::activePopupWidget()) menu->close();
+        QToolTip::hideText();
+        if (menu) menu->close();
         _window().tableWidget().clearSelection();
         _window().tableWidget().setCurrentIndex({});
+    }
+
+    static void _showToolTip(QMenu &menu, const QString &command) {
+        for (QAction *action : menu.actions()) {
+            if (action->text() != command) continue;
+            const QPoint point = menu.actionGeometry(action).center();
+            menu.setActiveAction(action);
+            QHelpEvent event(QEvent::ToolTip, point, menu.mapToGlobal(point));
+            QCoreApplication::sendEvent(&menu, &event);
+        }
     }
 
     void _running() {
@@ -99,7 +117,7 @@ class Photographer {
                    row.data(KVQueueTableModel::stateRole).toInt() == int(KVConversionState::finished);
         });
         _take("running");
-        _takeMenu("Harbour at dawn.mov", "running-menu");
+        _takeMenu("Harbour at dawn.mov", "running-menu", "Preset");
         KVAppearance::setIsDark(true);
         _settle(0.2);
         _take("dark");
@@ -149,7 +167,8 @@ class Photographer {
 
     void _refusals() {
         _application->clearInactiveConversionsInQueue(-1);
-        _application->addFiles({_url("Mixed"), _url("Mountain lake.png"), _url("Mountain lake.png")});
+        _application->addFiles(
+            {_url("Voyage.mkv"), _url("Mixed"), _url("Mountain lake.png"), _url("Mountain lake.png")});
         _application->controller().waitUntilLoaded(60);
         _settle();
         _take("refusals-count");
@@ -164,12 +183,18 @@ class Photographer {
     }
 
     void _trackQuestion() {
-        QTimer::singleShot(500, [this] {
+        QTimer timer; // for the second question as well, which is closed at once
+        bool isTaken = false;
+        QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
             QWidget *question = QApplication::activeModalWidget();
+            if (!question) return;
+            timer.stop(); // taking the picture runs the event loop
             question->move(_window().pos() + QPoint(60, 80));
-            _take("track-question");
+            if (!std::exchange(isTaken, true)) _take("track-question");
             question->close();
+            timer.start();
         });
+        timer.start(500);
         KVUserQuestion::setResponder(std::make_shared<KVWindowQuestions>(&_window()));
         _application->addFiles({_url("Two languages.mkv"), _url("Two more.mkv")});
         KVUserQuestion::setResponder(_questions);

@@ -57,17 +57,21 @@ make_media() {
 Впереди — тысяча фьордов
 и ни одного облака.
 TEXT
+    cp "$media/Through the fjords.srt.txt" "$media/Voyage.srt" # found beside its video, and of its encoding
+    ln "$media/Through the fjords.mkv" "$media/Voyage.mkv"
     # The end is missing: four minutes by its header, and 17 seconds of sound.
     ffmpeg -y -nostdin -loglevel error -f lavfi -i sine=frequency=294:sample_rate=44100:duration=240 "$work/whole.wav"
     head -c 1500000 "$work/whole.wav" > "$media/Concert.wav"
 }
 [ -e "$media/Concert.wav" ] || make_media
 
-rm -rf "${work:?}/home"
-export HOME=$work/home XDG_CONFIG_HOME=$work/home/config XDG_CACHE_HOME=$work/home/cache XDG_DATA_HOME=$work/home/data
-export XDG_RUNTIME_DIR=$work/home/run DBUS_SESSION_BUS_ADDRESS=disabled: QT_QPA_PLATFORM=xcb
+# A home folder whose name is short enough for the pictures, where the results go beside copies of the sources.
+HOME=$(mktemp -d /tmp/kalvora-XXXX)
+trap 'rm -rf "$HOME"' EXIT
+export HOME XDG_CONFIG_HOME=$HOME/config XDG_CACHE_HOME=$HOME/cache XDG_DATA_HOME=$HOME/data
+export XDG_RUNTIME_DIR=$HOME/run DBUS_SESSION_BUS_ADDRESS=disabled: QT_QPA_PLATFORM=xcb
 mkdir -p "$XDG_RUNTIME_DIR"
 chmod 700 "$XDG_RUNTIME_DIR"
-cp -al "$media" "$HOME/Media" # results go beside their sources, which stay clean
+cp -al "$media" "$HOME/Media" 2>/dev/null || cp -a "$media" "$HOME/Media"
 xvfb-run -a -s "-screen 0 1280x1000x24" "$root/build/release/bin/kvscreenshots" "$HOME/Media" "$out" 2>"$work/log"
 say "pictures in $out"

@@ -208,8 +208,8 @@
     <translation>Der Ordner wurde schon gelesen.</translation>
   </message>
   <message>
-    <source>%@. What comes behind it is left out.</source>
-    <translation>%@. Was dahinter kommt, wird ausgelassen.</translation>
+    <source>%@. The rest of the folder was skipped.</source>
+    <translation>%@. Der Rest des Ordners wurde übersprungen.</translation>
   </message>
   <message>
     <source>The name is not UTF-8.</source>
@@ -1487,7 +1487,7 @@ Ausgabe in Teilen.</translation>
   </message>
   <message>
     <source>Try Again in Another Folder...</source>
-    <translation>In anderem Ordner erneut versuchen...</translation>
+    <translation>In anderem Ordner erneut versuchen ...</translation>
   </message>
   <message>
     <source>Choose another folder for '%@'.</source>
@@ -1495,7 +1495,7 @@ Ausgabe in Teilen.</translation>
   </message>
   <message>
     <source>Details...</source>
-    <translation>Details...</translation>
+    <translation>Details ...</translation>
   </message>
   <message>
     <source>Details of %@</source>
@@ -1571,7 +1571,7 @@ Ausgabe in Teilen.</translation>
   </message>
   <message>
     <source>Save...</source>
-    <translation>Sichern...</translation>
+    <translation>Sichern ...</translation>
   </message>
   <message>
     <source>The details could not be saved.</source>
@@ -2122,6 +2122,8 @@ Audio: WMA (v2)</translation>
   <message>
     <source>The result was removed or replaced by another program while it was written.</source>
     <translation>Das Ergebnis wurde von einem anderen Programm entfernt oder ersetzt, während es geschrieben wurde.</translation>
+    <source>Remove and Add Again</source>
+    <translation>Entfernen und erneut hinzufügen</translation>
   </message>
 </context>
 </TS>

@@ -1,7 +1,10 @@
 #include "controllers/KVConversionRetry.h"
 
+#include "controllers/KVConversionTableRow.h"
 #include "conversion/conversions/KVVideoConversion.h"
+#include "kvcore/KVMainThread.h"
 #include "queues/KVConversionQueue.h"
+#include "queues/KVRowEdits.h"
 #include "video_info/media_file/KVVideoFile.h"
 
 namespace {
@@ -43,4 +46,14 @@ std::shared_ptr<KVConversion> KVRetryConversion(const std::shared_ptr<KVConversi
     queue->cancelConversion(failed);
     queue->startConversion(again);
     return again;
+}
+
+void KVAddConversionsAgain(const QList<std::shared_ptr<KVConversion>> &rows,
+                           const std::shared_ptr<KVConversionRowServices> &services) {
+    QList<QUrl> urls;
+    for (const auto &row : rows)
+        for (const auto &file : row->mediaFiles())
+            urls.append(file->url());
+    KVRowEdits::shared().removeToAddAgain(rows);
+    KVMainThread::after(0.5, [services, urls] { services->addFiles(urls); });
 }

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <QList>
 #include <QUrl>
 
 #include <memory>
 #include <optional>
 
 class KVConversion;
+class KVConversionRowServices;
 
 /// How a further try differs from the one that failed.
 struct KVRetryChanges {
@@ -18,3 +20,7 @@ struct KVRetryChanges {
 /// queue or has no files. Main thread.
 std::shared_ptr<KVConversion> KVRetryConversion(const std::shared_ptr<KVConversion> &failed,
                                                 const KVRetryChanges &changes = {});
+
+/// Removes ended rows and, half a second later, adds their files as new ones. One step to undo. Main thread.
+void KVAddConversionsAgain(const QList<std::shared_ptr<KVConversion>> &rows,
+                           const std::shared_ptr<KVConversionRowServices> &services);

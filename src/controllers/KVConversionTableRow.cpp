@@ -6,7 +6,6 @@
 #include "conversion/conversions/KVVideoConversion.h"
 #include "kvcore/KVFatalError.h"
 #include "kvcore/KVLocalizationCenter.h"
-#include "kvcore/KVMainThread.h"
 #include "kvcore/KVText.h"
 #include "platform/KVFileManager.h"
 #include "platform/KVUserQuestions.h"
@@ -123,7 +122,7 @@ KVMenu KVConversionTableRow::menu() const {
 /// The commands that change files, subtitles or preset. They keep their places, disabled, in a row that can
 /// no longer be changed.
 KVMenu KVConversionTableRow::_changingItems() const {
-    KVMenu menu{_presetItem(), KVMenuItem::separator()};
+    KVMenu menu{KVPresetMenu::itemForRows({_conversion}), KVMenuItem::separator()};
     append(menu, _videoItems());
     for (KVMenu items : {_mergeItems(), _removeFileItems()}) {
         if (items.empty()) continue;
@@ -141,7 +140,7 @@ KVMenu KVConversionTableRow::_stateItems() const {
     switch (_conversion->state.load()) {
     case KVConversionState::waitingToStart:
         return {_item<&Row::startConversion>("Start"), _item<&Row::renameConversion>("Rename..."),
-                KVMenuItem::separator(), _item<&Row::removeConversion>("Remove")};
+                KVMenuItem::separator(), _item<&Row::cancelConversion>("Remove")};
     case KVConversionState::executing:
         return {_item<&Row::pauseConversion>("Pause"), _item<&Row::cancelConversion>("Stop")};
     case KVConversionState::paused:
@@ -151,7 +150,7 @@ KVMenu KVConversionTableRow::_stateItems() const {
     }
     KVMenu menu = _retryItems();
     append(menu, {_item<&Row::removeConversionAndReadd>("Remove and Add Again to Queue"),
-                  _item<&Row::removeConversion>("Remove")});
+                  _item<&Row::cancelConversion>("Remove")});
     return menu;
 }
 
@@ -176,10 +175,6 @@ KVMenu KVConversionTableRow::_finishedItems() const {
         menu.push_back(_item<&KVConversionTableRow::showInFinder>("Show in Finder"));
     if (outcome().hasDetails()) menu.push_back(_item<&KVConversionTableRow::showDetails>("Details..."));
     return menu;
-}
-
-KVMenuItem KVConversionTableRow::_presetItem() const {
-    return KVPresetMenu::itemForRows({_conversion});
 }
 
 KVMenu KVConversionTableRow::_videoItems() const {
@@ -270,11 +265,7 @@ void KVConversionTableRow::removeConversion() const {
 }
 
 void KVConversionTableRow::removeConversionAndReadd() const {
-    QList<QUrl> urls;
-    for (const auto &file : _conversion->mediaFiles())
-        urls.append(file->url());
-    _queue()->cancelConversion(_conversion);
-    KVMainThread::after(0.5, [services = _services, urls] { services->addFiles(urls); });
+    KVAddConversionsAgain({_conversion}, _services);
 }
 
 void KVConversionTableRow::tryAgain() const {
@@ -305,7 +296,8 @@ void KVConversionTableRow::renameConversion() const {
     if (!name) return;
     // A name is no path; without one the file is named after its source again.
     name->replace('/', '-');
-    KVRowEdits::shared().setOutputFileName(_conversion, name->isEmpty() ? std::nullopt : name);
+    _explainUnless(
+        KVRowEdits::shared().setOutputFileName(_conversion, name->isEmpty() ? std::nullopt : name));
 }
 
 void KVConversionTableRow::changeDVDName() const {
@@ -323,7 +315,7 @@ void KVConversionTableRow::changeDVDName() const {
                     .buttons = {KVLocalizationCenter::localized("OK")}});
         return;
     }
-    KVRowEdits::shared().setDVDName(_conversion, name);
+    _explainUnless(KVRowEdits::shared().setDVDName(_conversion, name));
 }
 
 void KVConversionTableRow::selectPreset(const std::shared_ptr<KVPreset> &preset) const {
@@ -343,28 +335,28 @@ void KVConversionTableRow::setSubtitles(const QUrl &url) const {
     const auto video = _videoFile();
     if (!video) return;
     const auto encoding = _services->chooseSubtitleEncoding(*video, url);
-    if (encoding) KVRowEdits::shared().setSubtitles(_conversion, url, *encoding);
+    if (encoding) _explainUnless(KVRowEdits::shared().setSubtitles(_conversion, url, *encoding));
 }
 
 void KVConversionTableRow::removeSubtitles() const {
-    KVRowEdits::shared().setSubtitles(_conversion, std::nullopt);
+    _explainUnless(KVRowEdits::shared().setSubtitles(_conversion, std::nullopt));
 }
 
 void KVConversionTableRow::mergeWithConversion(const std::shared_ptr<KVConversion> &other) const {
-    if (other != _conversion) KVRowEdits::shared().merge({_conversion, other});
+    if (other != _conversion) _merge({_conversion, other});
 }
 
 void KVConversionTableRow::mergeWithAllConversions() const {
     const auto rows = KVRowEdits::Rows{_conversion} + _otherWaitingConversions();
-    if (KVRowQuestions::mayMerge(KVRowQuestions::numberOfFiles(rows))) KVRowEdits::shared().merge(rows);
+    if (KVRowQuestions::mayMerge(KVRowQuestions::numberOfFiles(rows))) _merge(rows);
 }
 
 void KVConversionTableRow::splitAgain() const {
-    KVRowEdits::shared().splitAgain(_conversion);
+    _explainUnless(KVRowEdits::shared().splitAgain(_conversion));
 }
 
 void KVConversionTableRow::removeFile(const std::shared_ptr<KVMediaFile> &file) const {
-    KVRowEdits::shared().removeFile(_conversion, file);
+    _explainUnless(KVRowEdits::shared().removeFile(_conversion, file));
 }
 
 void KVConversionTableRow::showInFinder() const {
@@ -372,7 +364,8 @@ void KVConversionTableRow::showInFinder() const {
 }
 
 void KVConversionTableRow::makeDVD() const {
-    KVRowEdits::shared().makeDVD({_conversion});
+    if (KVRowQuestions::mayMakeDVD(_conversion->mediaFiles().size()))
+        _explainUnless(KVRowEdits::shared().makeDVD({_conversion}));
 }
 
 std::shared_ptr<KVConversionQueue> KVConversionTableRow::_queue() const {
@@ -390,4 +383,14 @@ QList<std::shared_ptr<KVConversion>> KVConversionTableRow::_otherWaitingConversi
     auto conversions = KVRowEdits::waitingRows(*_queue());
     conversions.removeOne(_conversion);
     return conversions;
+}
+
+void KVConversionTableRow::_merge(const QList<std::shared_ptr<KVConversion>> &rows) const {
+    if (!KVRowEdits::shared().merge(rows)) KVRowQuestions::explain(KVRowEdits::reasonAgainstMerge(rows));
+}
+
+/// The row may have started while its menu was open or the user was asked.
+void KVConversionTableRow::_explainUnless(bool isDone) const {
+    if (!isDone && !_conversion->isCancelled())
+        KVRowQuestions::explain(KVRowEdits::reasonAgainstChange(*_conversion));
 }

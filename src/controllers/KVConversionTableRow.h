@@ -85,7 +85,7 @@ class KVConversionTableRow {
     void splitAgain() const;
     void removeFile(const std::shared_ptr<KVMediaFile> &file) const;
     void showInFinder() const;
-    /// Gives the row the preset that authors a disc.
+    /// Gives the row the preset that authors a disc. Asks first if it has more than five files.
     void makeDVD() const;
 
   private:
@@ -94,13 +94,14 @@ class KVConversionTableRow {
     KVMenu _finishedItems() const;
     KVMenu _retryItems() const;
     KVMenu _changingItems() const;
-    KVMenuItem _presetItem() const;
     KVMenu _videoItems() const;
     KVMenu _mergeItems() const;
     KVMenu _removeFileItems() const;
     std::shared_ptr<KVConversionQueue> _queue() const;
     std::shared_ptr<KVVideoFile> _videoFile() const;
     QList<std::shared_ptr<KVConversion>> _otherWaitingConversions() const;
+    void _merge(const QList<std::shared_ptr<KVConversion>> &rows) const;
+    void _explainUnless(bool isDone) const;
     template <void (KVConversionTableRow::*action)() const>
     KVMenuItem _item(const char *title) const;
 

@@ -172,7 +172,7 @@ bool KVFileIntake::_addFolder(const Item &item) {
     // A subfolder that cannot be read ends the walk.
     if (readingProblem(url) == 0)
         error.reason =
-            KVLocalizationCenter::localized("%@. What comes behind it is left out.", {error.reason});
+            KVLocalizationCenter::localized("%@. The rest of the folder was skipped.", {error.reason});
     _refuseUnreadable(url, error, isFolderMember);
     return false;
 }

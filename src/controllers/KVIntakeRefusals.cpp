@@ -19,8 +19,10 @@ QString lineFor(const QString &path, const QString &reason) {
 } // namespace
 
 QString KVIntakeRefusals::summary() const {
-    if (!_refusals.isEmpty())
-        return counted("1 file was not added", "%ld files were not added", _refusals.size());
+    if (!_refusals.isEmpty()) {
+        const QString count = counted("1 file was not added", "%ld files were not added", _refusals.size());
+        return _skippedMembers.isEmpty() ? count : count + QStringLiteral(" \u00b7 ") + skippedText();
+    }
     if (!_discs.isEmpty())
         return counted("The folder holds a DVD", "The folders hold %ld DVDs", _discs.size());
     return skippedText();

@@ -1,5 +1,6 @@
 #include "controllers/KVPresetMenu.h"
 
+#include "controllers/KVRowQuestions.h"
 #include "kvcore/KVFatalError.h"
 #include "kvcore/KVLocalizationCenter.h"
 #include "presets/KVPresetRegistry.h"
@@ -33,7 +34,11 @@ KVMenuItem KVPresetMenu::itemForRows(const KVConversionQueue::List &rows) {
         [hasFiles](const KVPreset &preset) { return !hasFiles || preset.supportsStitching(); });
 
     const auto select = [rows](const std::shared_ptr<KVPreset> &preset) {
-        return [rows, preset] { KVRowEdits::shared().setPreset(rows, preset); };
+        return [rows, preset] {
+            // They may have started while the menu was open.
+            if (!KVRowEdits::shared().setPreset(rows, preset))
+                KVRowQuestions::explain(reasonAgainst(rows, preset));
+        };
     };
     KVMenuItem item{.title = KVLocalizationCenter::localized("Preset")};
     KVMenuItem standard{.title = KVLocalizationCenter::localized("Default"),

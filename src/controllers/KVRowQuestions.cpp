@@ -57,6 +57,12 @@ bool KVRowQuestions::mayMakeDVD(qsizetype numberOfFiles) {
     return mayMakeOne("Do you want to put %@ files on one disc?", "Make DVD", numberOfFiles);
 }
 
+void KVRowQuestions::explain(const QString &reason) {
+    if (reason.isEmpty()) return;
+    KVUserQuestion::runModalOnMainThread(
+        KVAlert{.messageText = reason, .buttons = {KVLocalizationCenter::localized("OK")}});
+}
+
 qsizetype KVRowQuestions::numberOfFiles(const KVConversionQueue::List &rows) {
     qsizetype number = 0;
     for (const auto &row : rows)

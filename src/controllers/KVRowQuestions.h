@@ -11,6 +11,8 @@ bool mayStop(const KVConversionQueue::List &rows);
 /// Asks before more than five files become one output. True to go on.
 bool mayMerge(qsizetype numberOfFiles);
 bool mayMakeDVD(qsizetype numberOfFiles);
+/// Shows why a command changed nothing; does nothing for an empty reason.
+void explain(const QString &reason);
 
 qsizetype numberOfFiles(const KVConversionQueue::List &rows);
 

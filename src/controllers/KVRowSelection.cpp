@@ -1,5 +1,6 @@
 #include "controllers/KVRowSelection.h"
 
+#include "controllers/KVConversionRetry.h"
 #include "controllers/KVPresetMenu.h"
 #include "controllers/KVRowQuestions.h"
 #include "kvcore/KVLocalizationCenter.h"
@@ -43,13 +44,18 @@ KVMenu KVRowSelection::_stateItems() const {
     return menu;
 }
 
-/// A preset is for the waiting rows among them, as far as they are of one type.
+/// A preset is for the waiting rows among them, as far as they are of one type. Where none waits, the
+/// commands keep their places, disabled, beside rows that run.
 KVMenu KVRowSelection::_presetItems() const {
     const List waiting = _inState(KVConversionState::waitingToStart);
-    if (waiting.isEmpty()) return {};
-    const auto isElsewhere = [&](const auto &row) { return row->queue() != waiting.first()->queue(); };
-    KVMenuItem preset = KVPresetMenu::itemForRows(waiting);
-    if (std::ranges::any_of(waiting, isElsewhere))
+    List rows = waiting;
+    if (rows.isEmpty()) rows = _inState(KVConversionState::executing) + _inState(KVConversionState::paused);
+    if (rows.isEmpty()) return {};
+    const auto isElsewhere = [&](const auto &row) { return row->queue() != rows.first()->queue(); };
+    KVMenuItem preset = KVPresetMenu::itemForRows(rows);
+    if (waiting.isEmpty())
+        preset.disableBecause(KVRowEdits::reasonAgainstChange(*rows.first()));
+    else if (std::ranges::any_of(rows, isElsewhere))
         preset.disableBecause(
             KVLocalizationCenter::localized("The selected conversions are of different media types."));
     return {std::move(preset), KVMenuItem::separator(), _mergeItem()};
@@ -82,8 +88,7 @@ void KVRowSelection::tryAgain() const {
 }
 
 void KVRowSelection::addAgain() const {
-    for (const auto &conversion : _inState(KVConversionState::finished))
-        KVConversionTableRow(conversion, _services).removeConversionAndReadd();
+    KVAddConversionsAgain(_inState(KVConversionState::finished), _services);
 }
 
 void KVRowSelection::remove() const {
@@ -103,8 +108,9 @@ void KVRowSelection::move(int direction) const {
 }
 
 void KVRowSelection::merge() const {
-    if (KVRowQuestions::mayMerge(KVRowQuestions::numberOfFiles(_conversions)))
-        KVRowEdits::shared().merge(_conversions);
+    if (KVRowQuestions::mayMerge(KVRowQuestions::numberOfFiles(_conversions)) &&
+        !KVRowEdits::shared().merge(_conversions))
+        KVRowQuestions::explain(KVRowEdits::reasonAgainstMerge(_conversions));
 }
 
 KVRowSelection::List KVRowSelection::_failed() const {

@@ -51,12 +51,15 @@ std::shared_ptr<KVKalvoraApplication> KVKalvoraApplication::create() {
     loadIcons();
     // The first reads come while the application is being made.
     const auto current = std::make_shared<std::weak_ptr<KVKalvoraApplication>>(); // main thread
-    KVPreferences::setDamageReporter([current](const QString &path, const QString &keptPath) {
+    const auto wasStoreDamaged = std::make_shared<std::atomic<bool>>(false);
+    KVPreferences::setDamageReporter([=](const QString &path, const QString &keptPath) {
+        *wasStoreDamaged = true;
         KVMainThread::async([current, path, keptPath] {
             if (const auto application = current->lock()) application->_reportDamagedStore(path, keptPath);
         });
     });
     auto application = std::shared_ptr<KVKalvoraApplication>(new KVKalvoraApplication);
+    application->_wasStoreDamaged = wasStoreDamaged;
     *current = application;
     return application;
 }
@@ -66,7 +69,11 @@ KVKalvoraApplication::KVKalvoraApplication()
     , _controller(std::make_shared<KVApplicationController>(KVApplicationController::Surroundings{
           .services = *this,
           .progressBar = *this,
-          .showReleaseNotes = [this] { showReleaseNotes(); },
+          // With a damaged store it is no first start, and the window reports the damage.
+          .showReleaseNotes =
+              [this] {
+                  if (!*_wasStoreDamaged) showReleaseNotes();
+              },
           .terminate = [this] { terminate(); },
       })) {
     KVUserQuestion::setResponder(std::make_shared<KVWindowQuestions>(_window.get()));

@@ -5,6 +5,7 @@
 #include "main_ui/main_window/KVMainWindow.h"
 #include "platform/desktop/KVDesktop.h"
 
+#include <atomic>
 #include <memory>
 
 class KVDebugPane;
@@ -77,4 +78,5 @@ class KVKalvoraApplication : public KVMainWindowDelegate,
     QList<QUrl> _urlsAtLaunch;
     bool _hasLaunched = false;
     bool _isTerminating = false;
+    std::shared_ptr<const std::atomic<bool>> _wasStoreDamaged; ///< Set from any thread.
 };

@@ -194,6 +194,8 @@ bool KVRowEdits::removeFile(const Row &row, const std::shared_ptr<KVMediaFile> &
     KVMediaFileList files = row->mediaFiles();
     if (files.size() < 2 || !files.removeOne(file)) return false;
     Before before = _before(row, true);
+    before.removedFile = file;
+    before.presetOfRemovedFile = row->customPreset();
     if (!before.queue->edit({row}, [&] { setFiles(row, files); })) return false;
     _push(KVLocalizationCenter::localized("Remove File"),
           KVLocalizationCenter::localized("1 file removed from its conversion"), {std::move(before)});
@@ -203,14 +205,24 @@ bool KVRowEdits::removeFile(const Row &row, const std::shared_ptr<KVMediaFile> &
 // Removing
 
 void KVRowEdits::remove(const Rows &rows) {
-    _remove(rows, "Remove");
+    auto [steps, removed] = _remove(rows);
+    _pushRemoval("Remove", std::move(steps), removed);
 }
 
 void KVRowEdits::clear(const Rows &rows) {
-    _remove(rows, "Clear");
+    auto [steps, removed] = _remove(rows);
+    _pushRemoval("Clear", std::move(steps), removed);
 }
 
-void KVRowEdits::_remove(const Rows &rows, const char *title) {
+void KVRowEdits::removeToAddAgain(const Rows &rows) {
+    auto steps = _remove(rows).first;
+    if (steps.empty()) return;
+    for (Before &before : steps)
+        before.isAddedAgain = true;
+    _push(KVLocalizationCenter::localized("Remove and Add Again"), {}, std::move(steps));
+}
+
+std::pair<KVRowEdits::Steps, qsizetype> KVRowEdits::_remove(const Rows &rows) {
     Steps steps;
     qsizetype removed = 0;
     for (const auto &queue : KVConversionQueue::allQueues()) {
@@ -224,6 +236,10 @@ void KVRowEdits::_remove(const Rows &rows, const char *title) {
             queue->cancelConversion(memo.row());
         steps.push_back(std::move(before));
     }
+    return {std::move(steps), removed};
+}
+
+void KVRowEdits::_pushRemoval(const char *title, Steps steps, qsizetype removed) {
     if (steps.empty()) return;
     _push(KVLocalizationCenter::localized(title),
           counted("1 conversion removed", "%@ conversions removed", removed), std::move(steps));
@@ -309,71 +325,4 @@ void KVRowEdits::_push(const QString &title, const QString &message, Steps steps
         return isAnyUndone;
     };
     KVUndoStack::shared().push({.title = title, .message = message, .undo = undo});
-}
-
-/// Undoes a part as a whole: not at all if a row that it changed has started or gone since.
-bool KVRowEdits::_undo(const Before &before) {
-    Rows involved;
-    for (const KVRowMemo &memo : before.changed)
-        involved += _present(memo.row());
-    for (const Row &added : before.added)
-        involved += _present(added);
-    return before.queue->edit(involved, [&] {
-        for (const Row &added : before.added)
-            before.queue->cancelConversion(_present(added));
-        for (const KVRowMemo &memo : before.changed)
-            memo.restore(_present(memo.row()));
-        _insertRemoved(before);
-        if (before.isReordered) _restoreOrder(before);
-    });
-}
-
-/// Puts each row behind the one that it followed.
-void KVRowEdits::_insertRemoved(const Before &before) {
-    QHash<const KVConversion *, const KVRowMemo *> removed;
-    for (const KVRowMemo &memo : before.removed)
-        removed.insert(memo.row().get(), &memo);
-    const Rows atFirst = before.queue->conversions();
-    const QSet<Row> present(atFirst.begin(), atFirst.end());
-    Row last;            // the nearest row above that is in the queue
-    qsizetype place = 0; // behind it
-    bool isPlaceKnown = true;
-    for (const Row &row : before.order) {
-        const Row now = _present(row);
-        const KVRowMemo *const memo = removed.value(row.get());
-        if (memo && !present.contains(now)) {
-            if (!isPlaceKnown) place = before.queue->conversions().indexOf(last) + 1;
-            const Row again = memo->rowToInsert();
-            if (again != row) _successors.insert(row, again);
-            before.queue->insertConversion(again, place);
-            last = again;
-            ++place;
-            isPlaceKnown = true;
-        } else if (present.contains(now)) {
-            last = now;
-            isPlaceKnown = false;
-        }
-    }
-}
-
-/// Rows that came later keep their places.
-void KVRowEdits::_restoreOrder(const Before &before) {
-    Rows present = before.queue->conversions();
-    const QSet<Row> rows(present.begin(), present.end());
-    Rows wanted;
-    for (const Row &row : before.order)
-        if (const Row now = _present(row); rows.contains(now)) wanted += now;
-    const QSet<Row> known(wanted.begin(), wanted.end());
-    auto next = wanted.cbegin();
-    for (Row &row : present)
-        if (known.contains(row)) row = *next++;
-    before.queue->setConversions(present);
-    KVNotificationCenter::defaultCenter().post(ConversionQueueDidReorder, before.queue);
-}
-
-KVRowEdits::Row KVRowEdits::_present(const Row &row) const {
-    Row present = row;
-    while (const Row next = _successors.value(present))
-        present = next;
-    return present;
 }

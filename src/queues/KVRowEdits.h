@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 /// Posted on the main thread, with the queue, after its rows have changed places.
@@ -51,6 +52,8 @@ class KVRowEdits {
     void remove(const Rows &rows);
     /// The same under the title "Clear".
     void clear(const Rows &rows);
+    /// Removes rows whose files are about to be added as new rows; undoing it removes the new rows that wait.
+    void removeToAddAgain(const Rows &rows);
     /// Sets the rows' own preset; null for the queue's. Skips rows that cannot have it.
     bool setPreset(const Rows &rows, const Preset &preset);
     /// Merges the rows and gives the result the preset that authors a disc.
@@ -74,17 +77,23 @@ class KVRowEdits {
         std::vector<KVRowMemo> removed = {};
         Rows added = {};
         bool isReordered = false;
+        bool isAddedAgain = false;                     ///< The files of `removed`, as new rows.
+        std::shared_ptr<KVMediaFile> removedFile = {}; ///< Taken out of the row in `changed`.
+        Preset presetOfRemovedFile = {};
     };
     using Steps = std::vector<Before>;
 
     static Before _before(const Row &row, bool isChanged);
     std::optional<Before> _merge(const Rows &rows, const Preset &preset = nullptr);
     bool _change(const Row &row, const char *title, const std::function<void()> &change);
-    void _remove(const Rows &rows, const char *title);
+    static std::pair<Steps, qsizetype> _remove(const Rows &rows);
+    void _pushRemoval(const char *title, Steps steps, qsizetype removed);
     void _push(const QString &title, const QString &message, Steps steps);
     bool _undo(const Before &before);
     void _insertRemoved(const Before &before);
     void _restoreOrder(const Before &before);
+    Rows _waitingRowsOfRemovedFiles(const Before &before) const;
+    bool _insertRemovedFile(const Before &before);
     Row _present(const Row &row) const;
 
     /// Rows that were made anew, by the row that they replace. Emptied with the steps that know them.

@@ -202,6 +202,31 @@ TEST_F(KVConversionTableRowTest, ARunningRowKeepsItsCommandsButRefusesToChange) 
     }
 }
 
+TEST_F(KVConversionTableRowTest, AMenuThatWasOpenWhenItsRowStartedAsksAndExplains) {
+    const auto conversion = video("a.mkv");
+    video("b.mkv");
+    const KVMenu menu = row(conversion).menu();
+    KVPreferences::shared().setBoolean(true, KVPreferenceKeys::RequiresConfirmationOfConversionCancelation);
+    conversion->state = KVConversionState::executing;
+    itemNamed(menu, "Remove").action(); // no answer is prepared: it goes on
+    ASSERT_EQ(questions->alerts.size(), 1U);
+    EXPECT_TRUE(questions->alerts.back().messageText.contains("is still in progress"));
+    EXPECT_EQ(KVConversionQueue::queue(KVMediaFileType::video)->conversions().size(), 2);
+
+    const QString reason =
+        "This conversion is running. Its files, subtitles and preset can no longer be changed.";
+    questions->textPromptResponses.push_back("Name");
+    itemNamed(menu, "Rename...").action();
+    EXPECT_EQ(questions->alerts.back().messageText, reason);
+    questions->alerts.clear();
+    itemNamed(itemNamed(menu, "Preset").submenu, "MKV").action();
+    ASSERT_EQ(questions->alerts.size(), 1U);
+    EXPECT_EQ(questions->alerts.back().messageText, reason);
+    itemNamed(itemNamed(menu, "Merge With").submenu, "b.mkv").action();
+    EXPECT_EQ(questions->alerts.back().messageText, "Only waiting conversions can be merged.");
+    EXPECT_EQ(row(conversion).title(), "a.mkv");
+}
+
 TEST_F(KVConversionTableRowTest, MergingIsOfferedOnlyWhereThePresetCanMerge) {
     const auto conversion = video("a.mkv");
     video("b.mkv");
@@ -273,6 +298,12 @@ TEST_F(KVConversionTableRowTest, ASelectionOffersWhatItsRowsCanDo) {
         EXPECT_EQ(itemNamed(menu, "Preset").toolTip, expected.reasonAgainstPreset);
         EXPECT_EQ(itemNamed(menu, "Merge").toolTip, expected.reasonAgainstMerge);
     }
+    // Rows that run keep the commands, disabled.
+    a->state = b->state = executing;
+    const KVMenu running = KVRowSelection({a, b}, services).menu();
+    EXPECT_EQ(line(running), "Pause, -, Stop and Remove, -, Preset, -, Merge");
+    EXPECT_TRUE(itemNamed(running, "Preset").toolTip.startsWith("This conversion is running."));
+    a->state = waitingToStart;
     // The preset goes to the rows that still can have it.
     b->state = executing;
     itemNamed(itemNamed(KVRowSelection({a, b, c}, services).menu(), "Preset").submenu, "MKV").action();
@@ -316,6 +347,7 @@ TEST_F(KVConversionTableRowTest, AFinishedConversionCanRunAgain) {
     const auto conversion = video("a.mkv");
     conversion->state = KVConversionState::finished;
     row(conversion).removeConversionAndReadd();
+    EXPECT_EQ(KVUndoStack::shared().title(), "Remove and Add Again");
     EXPECT_TRUE(KVConversionQueue::queue(KVMediaFileType::video)->conversions().isEmpty());
     EXPECT_TRUE(runUntil([&] { return !services->added.isEmpty(); }));
     EXPECT_EQ(services->added, QList<QUrl>{url("a.mkv")});

@@ -4,9 +4,12 @@
 #include "support/KVTestMedia.h"
 #include "util/KVPreferenceKeys.h"
 
+#include <QApplication>
 #include <QClipboard>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QPushButton>
+#include <QTimer>
 #include <QToolButton>
 #include <QTreeWidget>
 
@@ -123,4 +126,36 @@ TEST_F(KVRefusalsTest, ADamagedStoreIsReportedOnce) {
     EXPECT_TRUE(questions->alerts.empty());
     press<QToolButton>(notice(), QStringLiteral("\u00d7"));
     EXPECT_TRUE(waitForNotice(""));
+}
+
+/// The store is damaged before the first start.
+class KVDamagedStoreTest : public KVTestCase {};
+
+TEST_F(KVDamagedStoreTest, IsReportedAtTheStartWithoutTheNotesOfAFirstStart) {
+    const QString store = KVPreferences::shared().filePath();
+    QDir().mkpath(QFileInfo(store).path());
+    QFile file(store);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("{ this is no store");
+    file.close();
+    bool hasAsked = false;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        if (QWidget *modal = QApplication::activeModalWidget()) hasAsked = modal->close();
+    });
+    timer.start(20);
+    const auto application = KVKalvoraApplication::create();
+    application->launch({});
+    const auto *notice = [&]() -> KVNoticeBar * {
+        runUntil([&] { return application->window().findChildren<KVNoticeBar *>().size() == 2; }, 10);
+        for (auto *bar : application->window().findChildren<KVNoticeBar *>())
+            if (bar->isVisible()) return bar;
+        return nullptr;
+    }();
+    ASSERT_TRUE(notice);
+    EXPECT_TRUE(notice->notice().contains("were damaged"));
+    EXPECT_TRUE(runUntil(
+        [] { return KVPreferences::shared().boolean(KVPreferences::Key{"KVDidSeeReleaseNotes1202"}, false); },
+        10));
+    EXPECT_FALSE(hasAsked);
 }

@@ -12,9 +12,15 @@
 #include <QListView>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QPushButton>
+#include <QSet>
 #include <QTest>
 #include <QToolTip>
+
+#include <array>
+#include <functional>
+#include <random>
 
 class KVRowEditsWindowTest : public KVWindowTestCase {
   protected:
@@ -66,6 +72,56 @@ class KVRowEditsWindowTest : public KVWindowTestCase {
             if (action->text() == title) return action;
         ADD_FAILURE() << title.toStdString();
         return nullptr;
+    }
+
+    /// The files of all rows, sorted.
+    static QStringList files() {
+        QStringList names;
+        for (const auto &queue : KVConversionQueue::allQueues())
+            for (const auto &row : queue->conversions())
+                for (const auto &file : row->mediaFiles())
+                    names += file->url().fileName();
+        names.sort();
+        return names;
+    }
+
+    /// One thing that a user may do with the mouse or a key, without starting anything.
+    void doSomething(std::mt19937 &random) {
+        const auto any = [&](int count) { return int(random() % unsigned(count)); };
+        const auto anyRow = [&] { return model().index(any(model().rowCount())); };
+        if (model().rowCount() == 0) return window().undo();
+        constexpr std::array modifiers{Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier};
+        constexpr std::array keys{Qt::Key_Delete, Qt::Key_Up, Qt::Key_Down, Qt::Key_Space};
+        switch (any(6)) {
+        case 0:
+            return clickRow(anyRow().data().toString(), modifiers.at(size_t(any(3))));
+        case 1:
+        case 2:
+            dragRow(anyRow(), anyRow(), any(11) / 10.0);
+            return;
+        case 3:
+            return press(keys.at(size_t(any(4))), any(2) ? Qt::ControlModifier : Qt::NoModifier);
+        case 4:
+            return any(3) ? triggerAnyAction(anyRow(), any) : window().undo();
+        default:
+            return triggerAnyAction(anyRow(), any);
+        }
+    }
+
+    void triggerAnyAction(const QModelIndex &row, const std::function<int(int)> &any) {
+        if (model().isGroup(row)) return;
+        QMenu *menu = menuOf(row.data().toString());
+        ASSERT_TRUE(menu);
+        for (const QMenu *level = menu; level;) {
+            QList<QAction *> actions = level->actions();
+            actions.removeIf([](const QAction *action) {
+                return !action->isEnabled() || action->isSeparator() || action->text() == "Start";
+            });
+            QAction *action = actions.at(any(int(actions.size())));
+            level = action->menu();
+            if (!level) action->trigger();
+        }
+        menu->close();
     }
 
     KVUndoBar &bar() { return window().undoBar(); }
@@ -139,6 +195,37 @@ TEST_F(KVRowEditsWindowTest, RowsAreSelectedWithMouseAndKeyboardAndRemovedTogeth
     while (KVUndoStack::shared().canUndo())
         window().undo();
     EXPECT_EQ(rows(), all);
+}
+
+TEST_F(KVRowEditsWindowTest, ADoubleClickOrAHeldKeyRemovesOneRow) {
+    const QPoint button = KVConversionRowDelegate::stopRect(table().visualRect(rowOf("b.mkv"))).center();
+    click(button);
+    ASSERT_EQ(rows(), "a.mkv, c.mkv, d.mkv, p.png, q.png");
+    QMouseEvent second(QEvent::MouseButtonDblClick, button, table().viewport()->mapToGlobal(button),
+                       Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(table().viewport(), &second);
+    QTest::mouseRelease(table().viewport(), Qt::LeftButton, {}, button);
+    EXPECT_EQ(rows(), "a.mkv, c.mkv, d.mkv, p.png, q.png");
+    click(button);
+    EXPECT_EQ(rows(), "a.mkv, d.mkv, p.png, q.png");
+
+    clickRow("a.mkv");
+    for (const int key : {Qt::Key_Delete, Qt::Key_Space}) {
+        QKeyEvent repeated(QEvent::KeyPress, key, Qt::NoModifier, {}, true);
+        QCoreApplication::sendEvent(&table(), &repeated);
+    }
+    EXPECT_EQ(rows(), "a.mkv, d.mkv, p.png, q.png");
+}
+
+TEST_F(KVRowEditsWindowTest, APictureTakesPartInSelecting) {
+    const auto thumbnail = [&](const char *title) {
+        return KVConversionRowDelegate::thumbnailRect(table().visualRect(rowOf(title))).center();
+    };
+    clickRow("a.mkv");
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, Qt::ShiftModifier, thumbnail("c.mkv"));
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, Qt::ControlModifier, thumbnail("p.png"));
+    EXPECT_FALSE(QApplication::activePopupWidget());
+    EXPECT_EQ(selectedTitles(), (QStringList{"a.mkv", "b.mkv", "c.mkv", "p.png"}));
 }
 
 TEST_F(KVRowEditsWindowTest, AMenuIsForAllSelectedRowsOrForTheOneThatIsNotSelected) {
@@ -252,4 +339,30 @@ TEST_F(KVRowEditsWindowTest, QuittingAsksWhileARowThatWasStartedByItselfRuns) {
     EXPECT_FALSE(rowOf("long.wav").isValid());
     window().undo();
     EXPECT_EQ(stateOf("long.wav"), KVConversionState::waitingToStart);
+}
+
+TEST_F(KVRowEditsWindowTest, NoSequenceOfClicksLosesAFile) {
+    const QStringList everything = files();
+    QSet<QString> done;
+    for (unsigned seed = 1; seed <= 12; ++seed) {
+        std::mt19937 random(seed);
+        for (int step = 0; step < 80; ++step) {
+            const QStringList before = files();
+            doSomething(random);
+            done += KVUndoStack::shared().title();
+            QStringList after = files();
+            EXPECT_EQ(after.removeDuplicates(), 0) << seed << ", " << step;
+            if (after.size() < before.size()) {
+                EXPECT_TRUE(KVUndoStack::shared().title().startsWith("Remove")) << seed << ", " << step;
+                EXPECT_TRUE(bar().isVisible());
+            }
+        }
+        while (KVUndoStack::shared().canUndo())
+            window().undo();
+        ASSERT_EQ(files(), everything) << seed;
+        ASSERT_EQ(rows(), all) << seed;
+    }
+    for (const char *title :
+         {"Merge", "Make DVD", "Split", "Remove", "Remove File", "Move", "Change of Preset"})
+        EXPECT_TRUE(done.contains(title)) << title;
 }

@@ -163,6 +163,40 @@ TEST_F(KVRowEditsTest, AnEndedRowReturnsAsItWasAndARunningOneWaits) {
     EXPECT_FALSE(queue->conversions().at(1)->isCancelled());
 }
 
+TEST_F(KVRowEditsTest, TheWarningOfUnreadableSubtitlesComesBackWithThem) {
+    const auto video = std::static_pointer_cast<KVVideoFile>(rows[0]->mediaFiles().first());
+    video->setUnreadableSubtitles(url("a.srt"));
+    const QStringList warnings = video->warnings;
+    ASSERT_EQ(warnings.size(), 1);
+    edits().setSubtitles(rows[0], url("b.srt"), "KOI8-R");
+    EXPECT_TRUE(video->warnings.isEmpty());
+    EXPECT_TRUE(undoStack().undo());
+    EXPECT_EQ(video->warnings, warnings);
+    EXPECT_FALSE(video->subtitlesFileURL);
+}
+
+TEST_F(KVRowEditsTest, AddingAgainIsUndoneAsAWhole) {
+    rows[1]->state = rows[2]->state = KVConversionState::finished;
+    edits().removeToAddAgain({rows[1], rows[2]});
+    EXPECT_EQ(state(), "a, d");
+    EXPECT_EQ(undoStack().message(), "");
+    for (const char *name : {"b.mkv", "e.mkv"})
+        queue->createConversion(std::make_shared<KVVideoFile>(url(name)), nullptr, true);
+    EXPECT_TRUE(undoStack().undo());
+    EXPECT_EQ(state(), "a, b done, c done, d, e") << "the new row of b goes, c could not be added again";
+}
+
+TEST_F(KVRowEditsTest, AFileTakenFromARowThatHasStartedComesBackAsARow) {
+    edits().setPreset({rows[0]}, KVPreset::presetNamed("MKV"));
+    edits().merge({rows[0], rows[1]});
+    edits().removeFile(rows[0], rows[0]->mediaFiles().at(1));
+    rows[0]->state = KVConversionState::executing;
+    EXPECT_TRUE(undoStack().undo());
+    EXPECT_EQ(state(), "a [MKV], b [MKV], c, d");
+    EXPECT_FALSE(undoStack().undo()) << "the merge";
+    EXPECT_EQ(state(), "a [MKV], b [MKV], c, d");
+}
+
 TEST_F(KVRowEditsTest, WhatHasStartedIsNeitherChangedNorUndone) {
     edits().merge({rows[0], rows[1]});
     rows[0]->isReserved = true; // a worker has claimed it

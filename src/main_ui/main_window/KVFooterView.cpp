@@ -40,6 +40,23 @@ class SlidingArea : public QWidget {
     QWidget *_content() const { return static_cast<QWidget *>(children().first()); }
 };
 
+/// A line of text that ends in an ellipsis if there is no room for it; then its tooltip is the whole text.
+class ElidedLabel : public QLabel {
+  public:
+    QSize minimumSizeHint() const override {
+        return {fontMetrics().averageCharWidth() * 14, QLabel::minimumSizeHint().height()};
+    }
+
+  protected:
+    void paintEvent(QPaintEvent *) override {
+        const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
+        if (const QString whole = shown == text() ? QString() : text(); whole != toolTip()) setToolTip(whole);
+        QPainter painter(this);
+        style()->drawItemText(&painter, rect(), Qt::AlignVCenter | Qt::AlignLeading, palette(), isEnabled(),
+                              shown, foregroundRole());
+    }
+};
+
 } // namespace
 
 KVFooterView::KVFooterView(QWidget *parent)
@@ -50,7 +67,7 @@ KVFooterView::KVFooterView(QWidget *parent)
     , _loading(new QLabel)
     , _slidingPart(new QWidget)
     , _progressBar(new KVProgressLine)
-    , _status(new QLabel)
+    , _status(new ElidedLabel)
     , _sliding(new QPropertyAnimation(_slidingPart, "pos", this)) {
     connect(_addButton, &QPushButton::clicked, this, &KVFooterView::addFilesRequested);
     connect(_startButton, &QPushButton::clicked, this, &KVFooterView::startRequested);
@@ -61,7 +78,6 @@ KVFooterView::KVFooterView(QWidget *parent)
     });
     _progressBar->setRange(0, progressSteps);
     _progressBar->setAccessibleName(KVLocalizationCenter::localized("Progress of all conversions"));
-    _status->setMinimumWidth(_status->fontMetrics().averageCharWidth() * 14);
 
     auto *inside = new QHBoxLayout(_slidingPart);
     inside->setContentsMargins(0, 0, 0, 0);

@@ -19,6 +19,10 @@ QSize KVProgressLine::sizeHint() const {
     return {120, fontMetrics().height()};
 }
 
+QSize KVProgressLine::minimumSizeHint() const {
+    return {48, sizeHint().height()};
+}
+
 void KVProgressLine::paintEvent(QPaintEvent *) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);

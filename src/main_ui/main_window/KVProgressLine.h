@@ -10,7 +10,7 @@ class KVProgressLine : public QProgressBar {
     explicit KVProgressLine(QWidget *parent = nullptr);
 
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    QSize minimumSizeHint() const override;
 
   protected:
     void paintEvent(QPaintEvent *event) override;

@@ -14,6 +14,7 @@ KVUndoBar::KVUndoBar(QWidget *parent)
     , _label(new QLabel)
     , _undo(new QPushButton(KVLocalizationCenter::localized("Undo"))) {
     _label->setTextFormat(Qt::PlainText);
+    _label->setWordWrap(true);
     connect(_undo, &QPushButton::clicked, this, &KVUndoBar::undoRequested);
     _timer.setSingleShot(true);
     _timer.setInterval(secondsShown * 1000);

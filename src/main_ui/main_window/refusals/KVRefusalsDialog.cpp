@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QFontMetrics>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QPushButton>
@@ -20,6 +21,7 @@ namespace {
 // Of a disc's row: the URL of its VIDEO_TS folder.
 constexpr int discRole = Qt::UserRole;
 constexpr int updateDelay = 40; // ms
+constexpr int rowPadding = 3;   // above and below the text
 
 /// With "~" for the home folder.
 QString shownFolder(const QUrl &url) {
@@ -28,9 +30,14 @@ QString shownFolder(const QUrl &url) {
     return folder == home || folder.startsWith(home + '/') ? '~' + folder.mid(home.size()) : folder;
 }
 
+QSize sizeOfRow() {
+    return {0, QFontMetrics(QGuiApplication::font()).height() + 2 * rowPadding};
+}
+
 QTreeWidgetItem *rowFor(const QString &path, const QString &reason) {
     const QUrl url = QUrl::fromLocalFile(path);
     auto *row = new QTreeWidgetItem({KVFileManager::lastPathComponent(url), shownFolder(url), reason});
+    row->setSizeHint(0, sizeOfRow());
     row->setToolTip(0, path);
     row->setToolTip(1, path);
     row->setToolTip(2, reason);
@@ -53,8 +60,8 @@ KVRefusalsDialog::KVRefusalsDialog(std::shared_ptr<KVIntakeRefusals> refusals,
     _list->setTextElideMode(Qt::ElideMiddle);
     _list->setAlternatingRowColors(true);
     _list->setAccessibleName(windowTitle());
-    _list->header()->resizeSection(0, 190);
-    _list->header()->resizeSection(1, 190);
+    _list->header()->resizeSection(0, 180);
+    _list->header()->resizeSection(1, 150);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     KVLook::setButton(*buttons, QDialogButtonBox::Close, "Close");
@@ -70,7 +77,7 @@ KVRefusalsDialog::KVRefusalsDialog(std::shared_ptr<KVIntakeRefusals> refusals,
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(_list);
     layout->addWidget(buttons);
-    resize(720, 360);
+    resize(740, 360);
     _observation = KVNotificationCenter::defaultCenter().addObserver<KVIntakeRefusals>(
         IntakeRefusalsDidChange,
         [this](const auto &) {
@@ -93,6 +100,7 @@ void KVRefusalsDialog::_fill() {
         rows.append(rowFor(refusal.path, refusal.reason));
     if (!_refusals->skippedMembers().isEmpty()) {
         auto *group = new QTreeWidgetItem({_refusals->skippedText()});
+        group->setSizeHint(0, sizeOfRow());
         for (const KVIntakeRefusal &refusal : _refusals->skippedMembers())
             group->addChild(rowFor(refusal.path, refusal.reason));
         group->setForeground(0, KVLook::secondaryText(palette()));

@@ -228,10 +228,12 @@ bool KVQueueTableWidget::_isSignAt(const QPoint &point) const {
            KVConversionRowDelegate::signRect(visualRect(index)).contains(point);
 }
 
-bool KVQueueTableWidget::_isControlAt(const QPoint &point) const {
+bool KVQueueTableWidget::_isControlAt(const QPoint &point, Qt::KeyboardModifiers modifiers) const {
     const QModelIndex index = indexAt(point);
     if (!index.isValid() || _buttonAt(point) == index || _isSignAt(point)) return index.isValid();
-    return !_queueModel->isGroup(index) &&
+    // With a key that selects the picture is like the rest of the row.
+    const bool isSelecting = modifiers & (Qt::ShiftModifier | Qt::ControlModifier);
+    return !isSelecting && !_queueModel->isGroup(index) &&
            KVConversionRowDelegate::thumbnailRect(visualRect(index)).contains(point);
 }
 
@@ -290,7 +292,7 @@ bool KVQueueTableWidget::viewportEvent(QEvent *event) {
 
 void KVQueueTableWidget::mousePressEvent(QMouseEvent *event) {
     // A button and the picture leave the selection as it is: their menu is for all selected rows.
-    _isControlPressed = event->button() == Qt::LeftButton && _isControlAt(event->pos());
+    _isControlPressed = event->button() == Qt::LeftButton && _isControlAt(event->pos(), event->modifiers());
     if (_isControlPressed)
         selectionModel()->setCurrentIndex(indexAt(event->pos()), QItemSelectionModel::NoUpdate);
     else
@@ -316,9 +318,15 @@ void KVQueueTableWidget::mouseReleaseEvent(QMouseEvent *event) {
     const QModelIndex pressed = _pressed;
     _pressed = QModelIndex();
     viewport()->update();
-    if (!std::exchange(_isControlPressed, false)) QAbstractItemView::mouseReleaseEvent(event);
-    if (event->button() == Qt::LeftButton && pressed.isValid() && indexAt(event->pos()) == pressed)
+    if (!std::exchange(_isControlPressed, false))
+        QAbstractItemView::mouseReleaseEvent(event);
+    else if (event->button() == Qt::LeftButton && pressed.isValid() && indexAt(event->pos()) == pressed)
         _activate(pressed, event->pos());
+}
+
+void KVQueueTableWidget::mouseDoubleClickEvent(QMouseEvent *event) {
+    // After the first click on a button the row under the mouse may be another one.
+    if (!_isControlAt(event->pos(), event->modifiers())) QAbstractItemView::mouseDoubleClickEvent(event);
 }
 
 void KVQueueTableWidget::focusInEvent(QFocusEvent *event) {
@@ -334,6 +342,8 @@ void KVQueueTableWidget::keyPressEvent(QKeyEvent *event) {
     const QModelIndex index = currentIndex();
     const auto row = _queueModel->tableRow(index);
     const bool isControl = event->modifiers().testFlag(Qt::ControlModifier);
+    // A key that is held down must not remove one row after the other.
+    if (event->isAutoRepeat() && (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Space)) return;
     switch (index.isValid() ? event->key() : Qt::Key_unknown) {
     case Qt::Key_Return:
     case Qt::Key_Enter:

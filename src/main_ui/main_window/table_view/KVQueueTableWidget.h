@@ -46,6 +46,7 @@ class KVQueueTableWidget : public QAbstractItemView {
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
@@ -77,8 +78,9 @@ class KVQueueTableWidget : public QAbstractItemView {
     void _glow(const QModelIndex &index);
     void _scrollNearEdges(int y);
     QModelIndex _buttonAt(const QPoint &point) const;
-    bool _isSignAt(const QPoint &point) const;    ///< A sign that opens the details.
-    bool _isControlAt(const QPoint &point) const; ///< A button, a sign or a picture that opens a menu.
+    bool _isSignAt(const QPoint &point) const; ///< A sign that opens the details.
+    /// A button, a sign or a picture that opens a menu.
+    bool _isControlAt(const QPoint &point, Qt::KeyboardModifiers modifiers) const;
     KVRowSelection::List _rowsToDrag(const QModelIndex &index) const;
     bool _canDrop(const DropTarget &target) const;
     void _explainRefusal(const DropTarget &target, const QPoint &point);
