@@ -32,54 +32,6 @@
     <translation>All progress so far will be lost.</translation>
   </message>
   <message>
-    <source>This audio file seems to be corrupted. Do you wish to fix it?</source>
-    <translation>This audio file seems to be damaged. Do you want to repair it?</translation>
-  </message>
-  <message>
-    <source>The original file will be untouched - a copy will be created.</source>
-    <translation>The original file stays as it is; a repaired copy is created.</translation>
-  </message>
-  <message>
-    <source>Please, select a destination for converting %@s:</source>
-    <translation>Please select a folder for the converted files (%@):</translation>
-  </message>
-  <message>
-    <source>Please, select a destination for conversion:</source>
-    <translation>Please select a folder for the converted file:</translation>
-  </message>
-  <message>
-    <source>Press cancel in the following open dialog to be asked for destination for each conversion.</source>
-    <translation>Press Cancel in the next dialog to be asked for a folder for each conversion.</translation>
-  </message>
-  <message>
-    <source>Kalvora will ask you for a destination for each conversion.</source>
-    <translation>Kalvora will ask you for a folder for each conversion.</translation>
-  </message>
-  <message>
-    <source>File '%@' has more than one audio track. Please select the one you wish to convert.</source>
-    <translation>The file '%@' has more than one audio track. Please select the one that you want to convert.</translation>
-  </message>
-  <message>
-    <source>File %@ has been successfully converted.</source>
-    <translation>The file %@ has been converted.</translation>
-  </message>
-  <message>
-    <source>Files %@ have been successfully stitched.</source>
-    <translation>The files %@ have been joined.</translation>
-  </message>
-  <message>
-    <source>Conversion for file %@ has failed.</source>
-    <translation>The conversion of the file %@ has failed.</translation>
-  </message>
-  <message>
-    <source>Stitching files %@ has failed.</source>
-    <translation>The files %@ could not be joined.</translation>
-  </message>
-  <message>
-    <source>File type is blacklisted by a file extension filter.</source>
-    <translation>Files with this extension are not converted.</translation>
-  </message>
-  <message>
     <source>This is no regular file.</source>
     <translation>This is not a regular file.</translation>
   </message>
@@ -90,18 +42,6 @@
   <message>
     <source>There is a file of that name already.</source>
     <translation>A file with this name already exists.</translation>
-  </message>
-  <message>
-    <source>There is no more space left on your hard drive.</source>
-    <translation>There is no space left on the disk.</translation>
-  </message>
-  <message>
-    <source>The file to be converted cannot be found. Please make sure that you haven't moved or renamed the files or enclosing folders before the conversion started.</source>
-    <translation>The file to be converted cannot be found. Please make sure that the file and its folders have not been moved or renamed.</translation>
-  </message>
-  <message>
-    <source>Re-add the files into the queue and start the conversion again. Renaming or moving the file before the conversion starts is currently not supported.</source>
-    <translation>Add the file to the queue again and start the conversion. A file must not be renamed or moved before its conversion starts.</translation>
   </message>
   <message>
     <source>The file does not tell the size of its picture.</source>
@@ -130,22 +70,6 @@
   <message>
     <source>There is no film that can be put on the disc.</source>
     <translation>No film can be put on the disc.</translation>
-  </message>
-  <message>
-    <source>Allows scaling up</source>
-    <translation>Allow scaling up</translation>
-  </message>
-  <message>
-    <source>Uses unsigned integers</source>
-    <translation>Use unsigned integers</translation>
-  </message>
-  <message>
-    <source>Enter DVD name.</source>
-    <translation>Enter a name for the DVD.</translation>
-  </message>
-  <message>
-    <source>Preview image. Interact for menu.</source>
-    <translation>Preview image. Activate it for the menu.</translation>
   </message>
   <message>
     <source>This preset  changes the video's container and transcodes audio.

@@ -14,6 +14,7 @@
 #include <QXmlStreamReader>
 
 #include <limits>
+#include <mutex>
 
 namespace {
 
@@ -177,15 +178,23 @@ QStringList placeholders(const QString &text) {
     return found;
 }
 
-/// Notes what is asked for and translates nothing.
+/// Records the texts that are asked for and translates nothing. Any thread.
 class RecordingTranslator : public QTranslator {
   public:
     bool isEmpty() const override { return false; }
     QString translate(const char *, const char *text, const char *, int) const override {
-        texts.insert(QString::fromUtf8(text));
+        const std::scoped_lock lock(_mutex);
+        _texts.insert(QString::fromUtf8(text));
         return {};
     }
-    mutable QSet<QString> texts;
+    QSet<QString> texts() const {
+        const std::scoped_lock lock(_mutex);
+        return _texts;
+    }
+
+  private:
+    mutable std::mutex _mutex;
+    mutable QSet<QString> _texts;
 };
 
 /// The texts of tables that are reached by calling what shows them.
@@ -204,7 +213,7 @@ QSet<QString> textsAskedForAtRunTime() {
     KVTextEncodingsThatDecode("plain text");
     KVTextEncodingsThatDecode(QByteArray(300, '\xe4'));
     QCoreApplication::removeTranslator(&recorder);
-    return recorder.texts;
+    return recorder.texts();
 }
 
 /// Loads the translation that is shipped.
