@@ -9,7 +9,6 @@
 #include "kvcore/KVBookmark.h"
 #include "kvcore/KVText.h"
 #include "platform/KVFileManager.h"
-#include "tasks/KVHardwareAcceleration.h"
 #include "util/KVPreferenceKeys.h"
 
 #include <QJsonArray>
@@ -53,9 +52,7 @@ KVExitStatus KVArgumentsCommand::run(const KVParsedWords &words) {
     const bool isJSON = words.isSet("json");
     if (!request->unreadableInputs.isEmpty())
         return _printError(request->unreadableInputs.first() + ": The name is not UTF-8.", isJSON);
-    // The encoder depends on what this machine can do.
-    if (request->preset->presetType() == KVMediaFileType::video)
-        KVHardwareAcceleration::shared().waitForResult();
+    if (const auto obstacle = request->prepareEncoder()) return _printError(*obstacle, isJSON);
     if (!request->settleDestination()) return _printError(QStringLiteral("No output URL is set."), isJSON);
 
     const auto files = _filesOf(*request);

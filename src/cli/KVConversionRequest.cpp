@@ -8,6 +8,8 @@
 #include "platform/KVFileManager.h"
 #include "platform/KVUserQuestions.h"
 #include "presets/video/base/KVSubtitlesFile.h"
+#include "tasks/KVFFmpegTask.h"
+#include "tasks/KVHardwareAcceleration.h"
 #include "util/KVPreferenceKeys.h"
 #include "video_info/media_file/KVVideoFile.h"
 
@@ -36,7 +38,8 @@ std::optional<QUrl> askForDestination(KVMediaFileType type) {
 /// Subtitles that nobody can read would be left out without a word.
 std::optional<QString> objectionTo(const QUrl &subtitles, const QString &encoding) {
     QFile file(subtitles.toLocalFile());
-    if (KVFileManager::isDirectory(subtitles) || !file.open(QIODevice::ReadOnly))
+    const bool isFile = !KVFileManager::isDirectory(subtitles) && !KVFileManager::isSpecialFile(subtitles);
+    if (!isFile || !file.open(QIODevice::ReadOnly))
         return QStringLiteral("The subtitles file %1 cannot be read.").arg(file.fileName());
     const auto text = KVSubtitlesFile::decoded(file.readAll(), encoding);
     if (!text)
@@ -109,6 +112,15 @@ std::optional<QString> KVConversionRequest::prepareFirstFile(KVMediaFile &file) 
                  video->subtitlesFileURL ? video->subtitlesFileURL : video->unreadableSubtitlesURL())
         video->setSubtitles(QUrl(*found), subtitlesEncoding);
     return subtitles ? objectionTo(*subtitles, video->subtitlesFileEncoding) : std::nullopt;
+}
+
+std::optional<QString> KVConversionRequest::prepareEncoder() const {
+    if (preset->presetType() != KVMediaFileType::video) return std::nullopt;
+    const auto fonts = KVFFmpegTask::preparedFontsDirectory(); // the test ends the program without them
+    if (!fonts)
+        return QStringLiteral("The program's own files cannot be written: %1").arg(fonts.error().reason);
+    KVHardwareAcceleration::shared().waitForResult();
+    return std::nullopt;
 }
 
 bool KVConversionRequest::settleDestination() const {

@@ -32,6 +32,9 @@ struct KVConversionRequest {
     /// Gives the first file its subtitles; answers why it cannot have them.
     std::optional<QString> prepareFirstFile(KVMediaFile &file) const;
 
+    /// Waits for the test that decides about the encoder of a video. Returns why it cannot be made.
+    std::optional<QString> prepareEncoder() const;
+
     /// Makes the destination hold for this process. Asks the user where no preference tells one; false if
     /// that gave none.
     bool settleDestination() const;

@@ -6,7 +6,6 @@
 #include "cli/KVOwnFiles.h"
 #include "core/KVHistoryCenter.h"
 #include "platform/KVSignalWatcher.h"
-#include "tasks/KVHardwareAcceleration.h"
 #include "util/KVPreferenceKeys.h"
 #include "util/KVTempDirectory.h"
 
@@ -58,14 +57,12 @@ KVExitStatus KVConvertCommand::_convert(const KVConversionRequest &request, cons
         KVPreferences::shared().setValueForThisRun(true, KVPreferenceKeys::RecursivelyProcessAllFolders);
     KVTempDirectoryURL();
     KVCleanTempDirectory();
-    // The encoder depends on what this machine can do.
-    if (request.preset->presetType() == KVMediaFileType::video)
-        KVHardwareAcceleration::shared().waitForResult();
-    const bool hasDestination = request.settleDestination();
+    const auto obstacle = request.prepareEncoder();
+    const bool hasDestination = !obstacle && request.settleDestination();
     if (hasDestination)
         run->run();
     else
-        sayFailure(QStringLiteral("there is no destination folder"));
+        sayFailure(obstacle.value_or(QStringLiteral("there is no destination folder")));
     if (hasDestination && !signals.signal() && run->hadNothingToDo())
         sayFailure(QStringLiteral("there is nothing to convert"));
     KVCleanTempDirectory();

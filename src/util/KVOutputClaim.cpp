@@ -57,7 +57,9 @@ KVOutputClaim::Attempt KVOutputClaim::attempt(const QUrl &url) {
 std::shared_ptr<KVOutputClaim> KVOutputClaim::replacing(const QUrl &url) {
     const QString path = pathOf(url);
     const std::scoped_lock lock(claimedNames().mutex);
-    if (claimedNames().paths.contains(path) || KVSourceNames::contain(url)) return nullptr;
+    if (claimedNames().paths.contains(path) || KVSourceNames::contain(url) ||
+        KVSourceNames::containFileAt(url))
+        return nullptr;
     KVFileDescriptor file(::open(QFile::encodeName(path).constData(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
     struct stat status = {};
     if (!file.isValid() || ::fstat(file.get(), &status) != 0) return nullptr;

@@ -31,13 +31,17 @@ QString folderOf(const QString &path) {
     return path.left(std::max<qsizetype>(path.lastIndexOf(u'/'), 1));
 }
 
-bool isSameFolder(const QString &one, const QString &other) {
-    if (one == other) return true;
+/// Whether both paths lead to one file or folder that exists.
+bool leadToOne(const QString &one, const QString &other) {
     struct stat first = {};
     struct stat second = {};
     return ::stat(QFile::encodeName(one).constData(), &first) == 0 &&
            ::stat(QFile::encodeName(other).constData(), &second) == 0 && first.st_dev == second.st_dev &&
            first.st_ino == second.st_ino;
+}
+
+bool isSameFolder(const QString &one, const QString &other) {
+    return one == other || leadToOne(one, other);
 }
 
 bool isMissing(const QString &path) {
@@ -78,4 +82,14 @@ bool KVSourceNames::contain(const QUrl &url) {
         return isSameFolder(folderOf(source), folderOf(path)) &&
                (fileNameOf(source) == name || isMissing(source));
     });
+}
+
+bool KVSourceNames::containFileAt(const QUrl &url) {
+    QStringList sources;
+    {
+        const std::scoped_lock lock(namesInUse().mutex);
+        sources = namesInUse().paths.values();
+    }
+    return std::ranges::any_of(sources,
+                               [&](const QString &source) { return leadToOne(source, url.toLocalFile()); });
 }

@@ -20,6 +20,10 @@ class KVSourceNames {
     /// missing, upper and lower case are the same: its file system may not tell them apart.
     static bool contain(const QUrl &url);
 
+    /// True if the existing file at `url` is one of these files under whatever name: by a link or a hard
+    /// link.
+    static bool containFileAt(const QUrl &url);
+
   private:
     /// The file's name in lower case, and the whole path.
     using Name = std::pair<QString, QString>;

@@ -54,6 +54,12 @@ TEST_F(KVConvertFailureTest, TellsThatTemporaryFilesFindNoRoom) {
     EXPECT_TRUE(film.array()[0]["successful"].toBool()) << film.output.toStdString();
     EXPECT_NEAR(secondsOf(path("film.mp4")), 1, 0.2);
 
+    const Result first = runShell(inSmallFileSystem(
+        filler + "export XDG_DATA_HOME=$PWD/small; \"$0\" convert --json --preset MP4 film.avi"));
+    EXPECT_EQ(first.status, 1);
+    EXPECT_TRUE(first.errors.contains("own files cannot be written: ")) << first.errors.toStdString();
+    EXPECT_TRUE(first.errors.contains("No space left on device")) << first.errors.toStdString();
+
     // No room for the film of a disc; then room for the film and none for the disc.
     for (const Result &disc : {convertInSmallHome("64k", filler, "DVD"),
                                convertInSmallHome("700k", "", "DVD --set ZRBitrate=9000")})

@@ -1,6 +1,8 @@
 #include "cli/KVCommandTestCase.h"
 #include "support/KVTestMedia.h"
 
+#include <sys/stat.h>
+
 namespace {
 
 class KVProbeCommandTest : public KVCommandTestCase {};
@@ -197,6 +199,8 @@ TEST_F(KVArgumentsCommandTest, RefusesSubtitlesThatWouldBeLost) {
             .object()["error"]
             .toString();
     };
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path("pipe.srt")).constData(), 0600), 0);
+    EXPECT_TRUE(error({"--subtitles", "pipe.srt"}).contains("pipe.srt cannot be read.")) << "nor waited for";
     EXPECT_TRUE(error({"--subtitles", "gone.srt"}).contains("gone.srt cannot be read."));
     EXPECT_TRUE(error({"--subtitles", "russian.srt"}).contains("russian.srt is not in the encoding UTF-8"));
     EXPECT_EQ(error({"--subtitles", "russian.srt", "--subtitles-encoding", "windows-1251"}), "");

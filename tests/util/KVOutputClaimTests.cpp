@@ -10,6 +10,8 @@
 #include <thread>
 #include <vector>
 
+#include <unistd.h>
+
 namespace {
 
 using Outcome = KVOutputClaim::Outcome;
@@ -105,7 +107,10 @@ TEST_F(KVOutputClaimTest, NamesOfSourcesAreTakenAlsoIfTheFilesAreMissing) {
 
     write("disc.iso", "a source");
     const KVSourceNames disc({url("disc.iso")});
-    EXPECT_EQ(KVOutputClaim::replacing(url("disc.iso")), nullptr);
+    ASSERT_EQ(::link(path("disc.iso").toUtf8().constData(), path("hard.iso").toUtf8().constData()), 0);
+    ASSERT_TRUE(QFile::link(path("disc.iso"), path("soft.iso")));
+    for (const char *name : {"disc.iso", "hard.iso", "soft.iso"})
+        EXPECT_EQ(KVOutputClaim::replacing(url(name)), nullptr) << name;
     EXPECT_EQ(read(path("disc.iso")), "a source");
 }
 

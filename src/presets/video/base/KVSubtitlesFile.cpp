@@ -2,6 +2,7 @@
 
 #include "kvcore/KVLocalizationCenter.h"
 #include "kvcore/KVLog.h"
+#include "platform/KVFileManager.h"
 #include "util/KVTempDirectory.h"
 
 #include <QDir>
@@ -81,7 +82,7 @@ std::optional<QString> KVSubtitlesFile::decodedBeginning(const QByteArray &bytes
 
 std::optional<QString> KVSubtitlesFile::text(const QUrl &url, const QString &encoding) {
     QFile source(url.toLocalFile());
-    if (!source.open(QIODevice::ReadOnly)) return std::nullopt;
+    if (KVFileManager::isSpecialFile(url) || !source.open(QIODevice::ReadOnly)) return std::nullopt;
     return decoded(source.readAll(), encoding);
 }
 
@@ -107,6 +108,8 @@ void KVSubtitlesFile::FailureCollector::add(const QUrl &url, const QString &reas
 }
 
 std::optional<QString> KVSubtitlesFile::convertedToUTF8(const QUrl &url, const QString &encoding) {
+    if (KVFileManager::isSpecialFile(url))
+        return failure(url, "it is not a regular file"); // may wait for ever
     QFile source(url.toLocalFile());
     if (!source.open(QIODevice::ReadOnly)) return failure(url, source.errorString());
     const QByteArray bytes = source.readAll();
