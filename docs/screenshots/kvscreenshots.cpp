@@ -132,6 +132,7 @@ class Photographer {
 
     void _finished() {
         _window().toggleHistory();
+        _window().resize(900, 520); // the causes are to be read
         QFile::copy(_media.filePath("Harbour at dawn.mov"), _media.filePath("Lost.mov"));
         for (const char *name :
              {"Birthday.mp4", "Lost.mov", "Concert.wav", "01 Prelude.mp3", "Mountain lake.png"})
@@ -143,6 +144,8 @@ class Photographer {
         _settle(1);
         _take("finished");
         _window().toggleHistory();
+        _window().resize(760, 640); // the panel fits into it
+        _settle();
     }
 
     void _details() {
@@ -154,6 +157,7 @@ class Photographer {
         }
         _window().findChild<KVFailureDetailsPanel *>()->close();
         _settle();
+        _window().resize(760, 520);
         _take("finished-dark");
         KVAppearance::setIsDark(false);
     }
@@ -177,7 +181,7 @@ class Photographer {
                 button->click();
         _settle();
         auto *list = _window().findChild<KVRefusalsDialog *>();
-        list->move(_window().pos());
+        list->move(_window().pos() + QPoint(10, 30));
         _take("refusals");
         list->close();
     }

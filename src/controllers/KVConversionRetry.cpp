@@ -44,7 +44,7 @@ std::shared_ptr<KVConversion> KVRetryConversion(const std::shared_ptr<KVConversi
     if (disc && failedDisc) disc->setDVDName(failedDisc->dvdName());
     queue->insertConversion(again, place);
     queue->cancelConversion(failed);
-    queue->startConversion(again);
+    if (changes.isStarted) queue->startConversion(again);
     return again;
 }
 

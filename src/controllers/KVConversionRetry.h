@@ -13,9 +13,10 @@ class KVConversionRowServices;
 struct KVRetryChanges {
     bool isWithoutSubtitles = false;         ///< Without the subtitles files.
     std::optional<QUrl> destinationFolder{}; ///< A folder for this row alone.
+    bool isStarted = true;                   ///< At once; otherwise it waits.
 };
 
-/// Puts a new conversion in the place of a failed one in its queue and starts it at once: the same files with
+/// Puts a new conversion in the place of a failed one in its queue and starts it: the same files with
 /// their tracks and subtitles, preset and names. Returns it; null if the conversion has not ended, is in no
 /// queue or has no files. Main thread.
 std::shared_ptr<KVConversion> KVRetryConversion(const std::shared_ptr<KVConversion> &failed,

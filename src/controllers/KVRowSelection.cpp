@@ -5,8 +5,40 @@
 #include "controllers/KVRowQuestions.h"
 #include "kvcore/KVLocalizationCenter.h"
 #include "queues/KVRowEdits.h"
+#include "util/KVThreadCount.h"
+
+#include <QHash>
 
 #include <algorithm>
+
+namespace {
+
+/// How many rows may be started beside the workers of their queue: with those that run as many as a run of
+/// the queue has workers, at least one.
+qsizetype mostStarts(const KVConversionQueue &queue) {
+    const auto preset = queue.selectedPreset();
+    const int workers = KVConversionQueue::numberOfWorkers(
+        KVProcessInfo::processorCount(), preset ? preset->threadCountArgument() : std::nullopt,
+        KVReflectablePreferences::cpuSettings());
+    const auto running = std::ranges::count_if(queue.conversions(), [](const auto &conversion) {
+        return conversion->state == KVConversionState::executing;
+    });
+    return std::max<qsizetype>(workers - running, 1);
+}
+
+/// Starts the first of the rows at once. The others follow with the run of their queue that comes after a
+/// row that was started by itself.
+void startRows(const KVRowSelection::List &rows) {
+    QHash<std::shared_ptr<KVConversionQueue>, qsizetype> left;
+    for (const auto &row : rows) {
+        const auto queue = std::dynamic_pointer_cast<KVConversionQueue>(row->queue());
+        if (!queue) continue;
+        if (!left.contains(queue)) left.insert(queue, mostStarts(*queue));
+        if (left[queue]-- > 0) queue->startConversion(row);
+    }
+}
+
+} // namespace
 
 KVRowSelection::KVRowSelection(List conversions, std::shared_ptr<KVConversionRowServices> services)
     : _conversions(std::move(conversions))
@@ -68,8 +100,7 @@ KVMenuItem KVRowSelection::_mergeItem() const {
 }
 
 void KVRowSelection::start() const {
-    for (const auto &conversion : _inState(KVConversionState::waitingToStart))
-        KVConversionTableRow(conversion, _services).startConversion();
+    startRows(_inState(KVConversionState::waitingToStart));
 }
 
 void KVRowSelection::pause() const {
@@ -83,8 +114,10 @@ void KVRowSelection::resume() const {
 }
 
 void KVRowSelection::tryAgain() const {
+    List again;
     for (const auto &conversion : _failed())
-        KVConversionTableRow(conversion, _services).tryAgain();
+        if (const auto row = KVRetryConversion(conversion, {.isStarted = false})) again += row;
+    startRows(again);
 }
 
 void KVRowSelection::addAgain() const {

@@ -17,11 +17,11 @@ class KVRowSelection {
     /// For one row its own menu; for several what can be done with all or some of them.
     KVMenu menu() const;
 
-    /// Starts the waiting rows.
+    /// Starts the waiting rows: at once as many as may run together, the others when these have ended.
     void start() const;
     void pause() const;
     void resume() const;
-    /// Tries the failed rows again.
+    /// Tries the failed rows again, started in the same way.
     void tryAgain() const;
     /// Adds the files of the ended rows again as new rows, and removes the ended ones.
     void addAgain() const;

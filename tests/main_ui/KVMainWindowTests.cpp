@@ -3,6 +3,7 @@
 #include "main_ui/main_window/KVFooterView.h"
 #include "main_ui/main_window/table_view/KVConversionRowDelegate.h"
 #include "support/KVTestMedia.h"
+#include "util/KVThreadCount.h"
 
 #include <QAction>
 #include <QApplication>
@@ -11,6 +12,8 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
+
+#include <algorithm>
 
 class KVMainWindowTest : public KVWindowTestCase {
   protected:
@@ -157,6 +160,30 @@ TEST_F(KVMainWindowTest, StartStaysInSightWhileARowWaitsBesideOneThatRuns) {
         if (button->text() == "Start") button->click();
     ASSERT_TRUE(waitForProgress("other.wav"));
     EXPECT_TRUE(runUntil([&] { return buttons() == QStringList{"Add Files...", "Pause All"}; }, 5));
+}
+
+TEST_F(KVMainWindowTest, ManySelectedRowsDoNotAllRunAtOnce) {
+    const int processors = KVProcessInfo::processorCount();
+    QList<QUrl> urls{longTone("0.wav")};
+    for (int number = 1; number < processors + 3; ++number) {
+        const QString name = QString::number(number) + ".wav";
+        QFile::link(path("0.wav"), path(name));
+        urls += url(name);
+    }
+    drop(urls);
+    ASSERT_TRUE(waitForRows(int(urls.size()) + 1));
+    table().selectAll();
+    table().rowsForCommand().start();
+    ASSERT_TRUE(waitForProgress("0.wav"));
+    const auto inState = [&](KVConversionState state) {
+        return std::ranges::count_if(KVConversionQueue::queue(KVMediaFileType::audio)->conversions(),
+                                     [&](const auto &row) { return row->state == state; });
+    };
+    EXPECT_LE(inState(KVConversionState::executing), processors);
+    EXPECT_GE(inState(KVConversionState::waitingToStart), 3);
+    // The others follow the first one that ends.
+    model().tableRow(rowOf("0.wav"))->removeConversion();
+    ASSERT_TRUE(runUntil([&] { return KVConversionQueue::queue(KVMediaFileType::audio)->isWorking(); }));
 }
 
 TEST_F(KVMainWindowTest, QuittingInTheMiddleAsksAndLeavesNothingBehind) {

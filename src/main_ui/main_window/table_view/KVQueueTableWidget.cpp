@@ -239,8 +239,9 @@ bool KVQueueTableWidget::_isControlAt(const QPoint &point, Qt::KeyboardModifiers
 
 KVRowSelection KVQueueTableWidget::rowsForCommand() const {
     const QModelIndex current = currentIndex();
-    return _queueModel->selection(selectionModel()->isSelected(current) ? selectedIndexes()
-                                                                        : QModelIndexList{current});
+    const bool isForCurrent =
+        current.isValid() && !_queueModel->isGroup(current) && !selectionModel()->isSelected(current);
+    return _queueModel->selection(isForCurrent ? QModelIndexList{current} : selectedIndexes());
 }
 
 void KVQueueTableWidget::setSelection(const QRect &rect, QItemSelectionModel::SelectionFlags command) {
@@ -344,6 +345,7 @@ void KVQueueTableWidget::keyPressEvent(QKeyEvent *event) {
     const bool isControl = event->modifiers().testFlag(Qt::ControlModifier);
     // A key that is held down must not remove one row after the other.
     if (event->isAutoRepeat() && (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Space)) return;
+    if (event->key() == Qt::Key_Delete) return rowsForCommand().remove();
     switch (index.isValid() ? event->key() : Qt::Key_unknown) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -355,8 +357,6 @@ void KVQueueTableWidget::keyPressEvent(QKeyEvent *event) {
         if (KVConversionRowDelegate::hasDetails(index)) return Q_EMIT detailsRequested(index);
         _pressButton(index);
         return;
-    case Qt::Key_Delete:
-        return rowsForCommand().remove();
     case Qt::Key_F2:
         if (row && row->canBeRenamed()) row->renameConversion();
         return;

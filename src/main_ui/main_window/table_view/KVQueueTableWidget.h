@@ -17,8 +17,7 @@ class KVQueueTableWidget : public QAbstractItemView {
 
     void setQueueModel(KVQueueTableModel *model);
 
-    /// The rows that a command is for: the selected ones if the current row is one of them, otherwise the
-    /// current row alone.
+    /// The rows that a command is for: the selected ones, or a current row that is not one of them alone.
     KVRowSelection rowsForCommand() const;
 
     QRect visualRect(const QModelIndex &index) const override;
