@@ -175,10 +175,11 @@ def plainly_converted_seconds(source, ending):
 
 
 def check_recording(source, result, warnings):
-    found = decoded_seconds(result)
+    found, wanted = decoded_seconds(result), decoded_seconds(source)
     if found is None:
-        return "the result cannot be decoded"
-    wanted = decoded_seconds(source)
+        # Raw streams of one or two frames are not recognised by any program.
+        is_tiny = wanted is not None and wanted < 0.1
+        return None if is_tiny and warnings else "the result cannot be decoded"
     if wanted is None or warnings:
         return None
 

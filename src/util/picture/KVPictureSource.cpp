@@ -87,14 +87,21 @@ VImage imageOfDocument(const QString &path) {
     return image.extract_band(0, VImage::option()->set("n", image.bands() - 1));
 }
 
-/// Forms of pixels that the image library does not know (half floats, ...) are read as another kind.
+/// Forms of pixels that the image library refuses (12 bits, half floats, ...) are read as another kind, which
+/// does not know the range of deeper floats.
 VImage imageOfTIFF(const char *loader, const QString &path) {
     try {
         return load(loader, sourceOf(path), readingOptions());
     } catch (const vips::VError &error) {
-        if (!QByteArrayView(error.what()).contains("unsupported tiff image type")) throw;
+        const bool isRefused = QByteArrayView(error.what()).contains("tiff2vips: ");
+        if (!isRefused || KVTIFFFile::holdsDeepFloats(path)) throw;
+        try {
+            return imageOfOtherKind(path);
+        } catch (const vips::VError &) {
+            // The first reason is the better one.
+        }
+        throw;
     }
-    return imageOfOtherKind(path);
 }
 
 } // namespace

@@ -129,6 +129,12 @@ bool KVTIFFFile::isOldStyleJPEG(const QString &path) {
     return file && KVTIFFHandles::tag<uint16_t>(file.get(), TIFFTAG_COMPRESSION) == COMPRESSION_OJPEG;
 }
 
+bool KVTIFFFile::holdsDeepFloats(const QString &path) {
+    const KVTIFFHandle file = KVTIFFHandles::toRead(path);
+    return file && KVTIFFHandles::tag<uint16_t>(file.get(), TIFFTAG_BITSPERSAMPLE) >= 32 &&
+           KVTIFFHandles::tag<uint16_t>(file.get(), TIFFTAG_SAMPLEFORMAT) == SAMPLEFORMAT_IEEEFP;
+}
+
 VImage KVTIFFFile::image(const QString &path) {
     const KVTIFFHandle file = KVTIFFHandles::toRead(path);
     if (!file) throw std::runtime_error("The file cannot be read.");

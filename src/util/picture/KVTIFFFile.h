@@ -16,6 +16,9 @@ bool canOnlyBeReadHere(const QString &path);
 /// The code that decodes it is not safe with damaged files.
 bool isOldStyleJPEG(const QString &path);
 
+/// True for floating point numbers of 32 bits and more, whose range each writer chooses.
+bool holdsDeepFloats(const QString &path);
+
 /// The first page, strip by strip or one row of tiles after the other. Throws if its header contradicts
 /// itself.
 vips::VImage image(const QString &path);

@@ -303,6 +303,25 @@ TEST_F(KVPictureSourceTest, ReadsHalfFloatsInATIFF) {
     EXPECT_EQ(source->uprightSize(), (KVSize{48, 64}));
 }
 
+TEST_F(KVPictureSourceTest, ReadsTwelveBitsInATIFF) {
+    const QByteArray content = QByteArray(36, '\xFF') + QByteArray(36, '\0'); // 3 bytes for 2 pixels
+    const QByteArray file = tiffFile({{TIFFTAG_IMAGEWIDTH, TIFF_SHORT, 1, 8},
+                                      {TIFFTAG_IMAGELENGTH, TIFF_SHORT, 1, 6},
+                                      {TIFFTAG_BITSPERSAMPLE, TIFF_SHORT, 1, 12},
+                                      {TIFFTAG_COMPRESSION, TIFF_SHORT, 1, COMPRESSION_NONE},
+                                      {TIFFTAG_PHOTOMETRIC, TIFF_SHORT, 1, PHOTOMETRIC_MINISBLACK},
+                                      {TIFFTAG_STRIPOFFSETS, TIFF_SHORT, 1, 8},
+                                      {TIFFTAG_SAMPLESPERPIXEL, TIFF_SHORT, 1, 1},
+                                      {TIFFTAG_ROWSPERSTRIP, TIFF_SHORT, 1, 6},
+                                      {TIFFTAG_STRIPBYTECOUNTS, TIFF_SHORT, 1, quint32(content.size())}},
+                                     content);
+    const auto source = KVPictureSource::open(write("twelve.tif", file));
+    ASSERT_TRUE(source) << source.error().reason.toStdString();
+    const VImage shallow = source->image().colourspace(VIPS_INTERPRETATION_sRGB);
+    EXPECT_EQ(shallow.getpoint(3, 1)[0], 255);
+    EXPECT_EQ(shallow.getpoint(3, 4)[0], 0);
+}
+
 TEST_F(KVPictureSourceTest, ReadsColoursMultipliedByTransparencyInPlanes) {
     constexpr quint16 shorts = TIFF_SHORT;
     const QString file =
