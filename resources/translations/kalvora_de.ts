@@ -2125,5 +2125,9 @@ Audio: WMA (v2)</translation>
     <source>Remove and Add Again</source>
     <translation>Entfernen und erneut hinzufügen</translation>
   </message>
+  <message>
+    <source>The result was removed or replaced by another program while it was written.</source>
+    <translation>Das Ergebnis wurde von einem anderen Programm entfernt oder ersetzt, während es geschrieben wurde.</translation>
+  </message>
 </context>
 </TS>

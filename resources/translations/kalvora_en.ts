@@ -36,10 +36,6 @@
     <translation>This is not a regular file.</translation>
   </message>
   <message>
-    <source>%@. What comes behind it is left out.</source>
-    <translation>%@. The rest of the folder was skipped.</translation>
-  </message>
-  <message>
     <source>There is a file of that name already.</source>
     <translation>A file with this name already exists.</translation>
   </message>
