@@ -2120,8 +2120,6 @@ Audio: WMA (v2)</translation>
     <translation>Die Verknüpfung führt auf sich selbst zurück.</translation>
   </message>
   <message>
-    <source>The result was removed or replaced by another program while it was written.</source>
-    <translation>Das Ergebnis wurde von einem anderen Programm entfernt oder ersetzt, während es geschrieben wurde.</translation>
     <source>Remove and Add Again</source>
     <translation>Entfernen und erneut hinzufügen</translation>
   </message>
