@@ -102,7 +102,7 @@ TEST_F(KVMixedFolderTest, EveryFileIsAccountedForWithItsReason) {
     QMap<QString, QString> expected{
         {"empty.mp4", "The file is empty."},
         {"text.mp4", "Unrecognized file format."},
-        {"no index.mp4", "Unrecognized file format."},
+        {"no index.mp4", "The file is incomplete: the index that belongs to it is missing."},
         {"unknown.xyz", "Unrecognized file format."},
         {"head.mp4", "The file describes its tracks but contains no media data."},
         {"encrypted.mp4", "The file is DRM-encrypted."},

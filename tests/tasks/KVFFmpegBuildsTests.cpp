@@ -133,6 +133,7 @@ TEST_P(KVFFmpegBuildsTest, TakesEveryListOfTheCatalogue) {
 TEST_P(KVFFmpegBuildsTest, RefusesOurListAsItStands) {
     // What the dialect leaves out or says otherwise is really refused: else it would have to stay.
     const QStringList input{"-y", "-i", path("video.mov"), "-c:v", "libx264"};
+    const QStringList added{"-disposition:v:0", "default"};
     const QStringList output{"-frames:v", "1", "-an", path("out.mp4")};
     const std::vector<std::pair<QStringList, QStringList>> rows{
         {{"-allow_sw", "1"}, {}},
@@ -151,7 +152,7 @@ TEST_P(KVFFmpegBuildsTest, RefusesOurListAsItStands) {
     const auto &capabilities = KVFFmpegCapabilities::of(path("tool/ffmpeg"));
     for (const auto &[option, said] : rows) {
         const QStringList list = input + option + output;
-        EXPECT_EQ(KVFFmpegDialect::argumentsForTool(list, capabilities), input + said + output);
+        EXPECT_EQ(KVFFmpegDialect::argumentsForTool(list, capabilities), input + added + said + output);
         EXPECT_NE(asItStands(list), 0) << option.join(' ').toStdString();
         EXPECT_EQ(run(list).status, 0) << option.join(' ').toStdString();
     }

@@ -44,8 +44,9 @@ TEST_F(KVHardwareAccelerationTest, VerdictIsTheExitStatusOfTheOneRunAndCountsAsY
     EXPECT_TRUE(result());
     const QString list = QString::fromUtf8(read(tool.path("list")));
     const QString fixed =
-        " -enable_drefs 1 -s 40x40 -aspect 1:1 -threads 16 -c:v h264_videotoolbox -b:v 6900k "
-        "-maxrate 8M -allow_sw 1 -copyts -start_at_zero -movflags +faststart -qmin 5 -qmax 31 -flags +loop "
+        " -enable_drefs 1 -s 40x40 -aspect 1:1 -threads 16 -c:v h264_videotoolbox "
+        "-disposition:v:0 default -b:v 6900k -maxrate 8M -allow_sw 1 -copyts -start_at_zero -movflags "
+        "+faststart -qmin 5 -qmax 31 -flags +loop "
         "-g 250 -i_qfactor 0.71 -refs 1 -trellis 2 -coder 0 -bf 0 -bt 256k -keyint_min 250 "
         "-sc_threshold 40 -me_method umh -me_range 51 -level 51 -profile:v baseline -an -sn "
         "-f mp4 -max_muxing_queue_size 40000 -map_chapters 0 -map_metadata 0 ";
