@@ -15,6 +15,7 @@
 #include "util/KVBackgroundQueue.h"
 #include "util/KVPreferenceKeys.h"
 #include "util/KVThreadCount.h"
+#include "video_info/media_file/KVMediaCheck.h"
 #include "video_info/media_file/KVVideoFile.h"
 
 #include <QFileInfo>
@@ -393,7 +394,8 @@ QString KVFileIntake::reasonForUnreadableFile(const QUrl &url, const KVError &er
     if (problem == ELOOP) return KVLocalizationCenter::localized("The link leads back to itself.");
     const QFileInfo info(url.toLocalFile());
     if (info.isFile() && info.size() == 0) return KVLocalizationCenter::localized("The file is empty.");
-    if (error.userInfo.value(NSAffectedObjectsErrorKey).toString().contains("moov atom not found"))
+    if (KVMediaCheck::hasMP4Header(url) &&
+        error.userInfo.value(NSAffectedObjectsErrorKey).toString().contains("moov atom not found"))
         return KVLocalizationCenter::localized(
             "The file is incomplete: the index that belongs to it is missing.");
     return error.reason;

@@ -84,6 +84,15 @@ bool KVMediaCheck::hasMediaData(const QUrl &url, const std::stop_token &stop) {
     });
 }
 
+bool KVMediaCheck::hasMP4Header(const QUrl &url) {
+    QFile file(url.toLocalFile());
+    if (!file.open(QFile::ReadOnly)) return false;
+    constexpr int sizeOfHeader = 8; // a size, then the name of the first box
+    const QByteArray name = file.read(sizeOfHeader).mid(4);
+    static const QList<QByteArray> names{"ftyp", "mdat", "moov", "free", "skip", "wide", "pnot", "styp"};
+    return names.contains(name);
+}
+
 bool KVMediaCheck::declaresEncryption(const QUrl &url) {
     QFile file(url.toLocalFile());
     return file.open(QIODevice::ReadOnly) && hasEncryptedEntry(file, 0, file.size());

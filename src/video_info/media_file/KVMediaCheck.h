@@ -12,6 +12,9 @@ namespace KVMediaCheck {
 /// only. True if ffmpeg cannot be run.
 bool hasMediaData(const QUrl &url, const std::stop_token &stop = {});
 
+/// Whether the file begins as an MP4 or a MOV does, whatever its name says.
+bool hasMP4Header(const QUrl &url);
+
 /// Whether the file is an MP4 that declares a track as encrypted.
 bool declaresEncryption(const QUrl &url);
 
