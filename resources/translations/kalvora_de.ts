@@ -2087,5 +2087,9 @@ Audio: WMA (v2)</translation>
     <source>No such file or directory</source>
     <translation>Datei oder Verzeichnis nicht gefunden</translation>
   </message>
+  <message>
+    <source>The picture cannot be played: the format of the result cannot hold "%@".</source>
+    <translation>Das Bild kann nicht abgespielt werden: Das Format des Ergebnisses kann „%@“ nicht enthalten.</translation>
+  </message>
 </context>
 </TS>
