@@ -61,6 +61,8 @@ constexpr std::array additions{
     Addition{"-copyts", nullptr, "-start_at_zero", nullptr},
     // All of our profiles take this alone, and the encoder stops when the source gives it anything else.
     Addition{"-profile", "libx264", "-pix_fmt", "yuv420p"},
+    // It stops at transparency, as animations have it.
+    Addition{"-c:v", "libvpx", "-pix_fmt", "yuv420p"},
 };
 
 /// An option of ours that tools write in another way.

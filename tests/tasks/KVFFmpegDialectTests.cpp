@@ -92,6 +92,7 @@ TEST_F(KVFFmpegDialectTest, AddsWhatTheToolNeedsToDoWhatOursMeans) {
         {"a late beginning", "-copyts -bf 0", "-copyts -start_at_zero -bf 0"},
         {"a profile of eight bits", "-c:v libx264 -profile high -bf 0",
          "-c:v libx264 -profile high -pix_fmt yuv420p -bf 0"},
+        {"a picture without transparency", "-c:v libvpx -bf 0", "-c:v libvpx -pix_fmt yuv420p -bf 0"},
         {"a picture that is copied", "-y -i /a -i /b -c:v copy /c",
          "-y -fflags +genpts -i /a -i /b -c:v copy /c"},
         {"another encoder's profile", "-c:v prores -profile high -bf 0", "-c:v prores -profile high -bf 0"},
