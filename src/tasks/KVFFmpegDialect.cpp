@@ -61,6 +61,8 @@ constexpr std::array additions{
     Addition{"-copyts", nullptr, "-start_at_zero", nullptr},
     // All of our profiles take this alone, and the encoder stops when the source gives it anything else.
     Addition{"-profile", "libx264", "-pix_fmt", "yuv420p"},
+    // It stops at transparency, as animations have it.
+    Addition{"-c:v", "libvpx", "-pix_fmt", "yuv420p"},
 };
 
 /// An option of ours that tools write in another way.
@@ -190,6 +192,18 @@ QString bitrateForTool(const QString &option, const QString &bitrate, const QStr
     return QStringLiteral("%1k").arg(least);
 }
 
+/// "-async", "50": sound that keeps step with its timestamps. Some sources round these, and the tool's own
+/// filter for the option then inserts silence; differences that nobody hears must not count. Empty if the
+/// list filters the sound already or copies it.
+QStringList timingFilter(const QString &mostPerSecond, const QStringList &arguments) {
+    const QString encoder = arguments.value(arguments.indexOf("-c:a:0") + 1);
+    const int channels = arguments.value(arguments.indexOf("-ac:a:0") + 1).toInt();
+    if (encoder != "libmp3lame" || channels > 2 || arguments.contains("-af") ||
+        arguments.contains("-filter_complex"))
+        return {};
+    return {"-af", QStringLiteral("aresample=async=%1:first_pts=0:min_comp=0.01").arg(mostPerSecond)};
+}
+
 /// What stands behind `option` and is not part of our list.
 QStringList additionsTo(const QString &option, const QString &encoder,
                         const KVFFmpegCapabilities &capabilities) {
@@ -230,7 +244,10 @@ QStringList KVFFmpegDialect::argumentsForTool(const QStringList &arguments,
         if (option.startsWith("-b:a")) value = bitrateForTool(option, given, arguments);
         if (isUnset(option, value, encoder)) continue;
         if (i - 1 == firstInput) said += inputOptions(encoder, capabilities);
-        if (isKnown && option.startsWith("-ac:a"))
+        const QStringList timing = option == "-async" ? timingFilter(value, arguments) : QStringList();
+        if (!timing.isEmpty() && capabilities.isKnown("-af"))
+            said << timing;
+        else if (isKnown && option.startsWith("-ac:a"))
             said << channelArguments(option, value, arguments);
         else if (isKnown)
             said << nameForTool(option) << valueForTool(option, value, encoder)

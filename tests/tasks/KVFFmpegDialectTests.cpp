@@ -49,7 +49,7 @@ TEST_F(KVFFmpegDialectTest, LeavesOutWhatTheToolDoesNotKnow) {
 }
 
 TEST_F(KVFFmpegDialectTest, SaysInTheToolsWordsWhatItKnowsByAnotherName) {
-    const auto tool = knowing("y i c f map bsf ac filter b", "flags me_method level bf");
+    const auto tool = knowing("y i c f map bsf ac filter b af async", "flags me_method level bf");
     struct Row {
         const char *what, *ours, *expected;
     };
@@ -74,6 +74,10 @@ TEST_F(KVFFmpegDialectTest, SaysInTheToolsWordsWhatItKnowsByAnotherName) {
          "-c:a:0 libvorbis -filter:a:0 aformat=channel_layouts=5.0|5.0(side)|4.1 -b:a:0 160k"},
         {"one that does", "-c:a:0 libvorbis -ac:a:0 2 -b:a:0 64k", "-c:a:0 libvorbis -ac:a:0 2 -b:a:0 64k"},
         {"another encoder's", "-c:a:0 ac3 -ac:a:0 4 -b:a:0 96k", "-c:a:0 ac3 -ac:a:0 4 -b:a:0 96k"},
+        {"sound in step", "-async 50 -c:a:0 libmp3lame -ac:a:0 2",
+         "-af aresample=async=50:first_pts=0:min_comp=0.01 -c:a:0 libmp3lame -ac:a:0 2"},
+        {"sound that is filtered", "-async 50 -af x -c:a:0 libmp3lame", "-async 50 -af x -c:a:0 libmp3lame"},
+        {"sound that is copied", "-async 50 -c:a:0 copy", "-async 50 -c:a:0 copy"},
         {"not an option's value", "-i epzs -y 4mv", "-i epzs -y 4mv"},
     };
     for (const Row &row : rows)
@@ -88,6 +92,7 @@ TEST_F(KVFFmpegDialectTest, AddsWhatTheToolNeedsToDoWhatOursMeans) {
         {"a late beginning", "-copyts -bf 0", "-copyts -start_at_zero -bf 0"},
         {"a profile of eight bits", "-c:v libx264 -profile high -bf 0",
          "-c:v libx264 -profile high -pix_fmt yuv420p -bf 0"},
+        {"a picture without transparency", "-c:v libvpx -bf 0", "-c:v libvpx -pix_fmt yuv420p -bf 0"},
         {"a picture that is copied", "-y -i /a -i /b -c:v copy /c",
          "-y -fflags +genpts -i /a -i /b -c:v copy /c"},
         {"another encoder's profile", "-c:v prores -profile high -bf 0", "-c:v prores -profile high -bf 0"},

@@ -26,6 +26,7 @@ KVProbedResult KVProbedResult::read(const QByteArray &output) {
     if (const auto match = picture.match(text); match.hasMatch())
         result.pictureSizes += QSize(match.captured(1).toInt(), match.captured(2).toInt());
     const KVVideoTrack &track = probe.videoTracks.first();
+    result.pictureCodec = track.codec();
     result.pictureSizes += QSize(static_cast<int>(track.width), static_cast<int>(track.height));
     return result;
 }

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QList>
 #include <QSize>
+#include <QString>
 
 #include <optional>
 
@@ -14,6 +15,7 @@ struct KVProbedResult {
     int subtitleTracks = 0;
     /// Sizes in pixels of the first picture track, as it is stored and as it is displayed.
     QList<QSize> pictureSizes;
+    QString pictureCodec; ///< Of the first picture track; empty if there is none.
 
     bool isReadable() const { return videoTracks + audioTracks + subtitleTracks > 0; }
 

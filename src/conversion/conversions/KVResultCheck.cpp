@@ -76,6 +76,15 @@ void addSizeWarning(const QSize &planned, const QList<QSize> &sizes, QStringList
         {sizes.first().width(), sizes.first().height(), planned.width(), planned.height()});
 }
 
+/// Some containers take any picture and then do not say what it is.
+void addCodecWarning(const KVResultPlan &plan, const KVProbedResult &result, QStringList &warnings) {
+    constexpr auto unpacked = "rawvideo";
+    const bool isUnknown = result.pictureCodec == unpacked || result.pictureCodec == "none";
+    if (plan.copiedPicture.isEmpty() || plan.copiedPicture == unpacked || !isUnknown) return;
+    warnings += KVLocalizationCenter::localized(
+        "The picture cannot be played: the format of the result cannot hold \"%@\".", {plan.copiedPicture});
+}
+
 /// Whether the sources hold less than they state. Reads them to their ends, without decoding.
 bool areSourcesShort(const KVResultPlan &plan, const KVResultCheck::Run &run) {
     double seconds = 0;
@@ -127,6 +136,7 @@ QStringList KVResultCheck::shortcomings(const KVResultPlan &plan, const KVProbed
         warnings += KVLocalizationCenter::localized("The source is damaged in %i places.", {places});
     addTrackWarnings(plan, result, report, warnings);
     if (plan.pictureSize) addSizeWarning(*plan.pictureSize, result.pictureSizes, warnings);
+    addCodecWarning(plan, result, warnings);
     return warnings;
 }
 

@@ -85,6 +85,12 @@ std::optional<QSize> pictureSize(const OutputOptions &options) {
     return sizeIn(options.values("-filter:v"), filter);
 }
 
+QString copiedPicture(const OutputOptions &options, const KVAudioFile &file) {
+    const auto *video = dynamic_cast<const KVVideoFile *>(&file);
+    if (!video || !video->selectedVideoTrack || !options.values("-c:v").contains("copy")) return {};
+    return video->selectedVideoTrack->codec();
+}
+
 } // namespace
 
 KVResultPlan KVResultPlan::forFiles(const AudioFiles &files, const QStringList &arguments) {
@@ -112,5 +118,6 @@ KVResultPlan KVResultPlan::forFiles(const AudioFiles &files, const QStringList &
         addMapping(mapping, *first, plan);
     if (mappings.isEmpty()) addMentionedTracks(options, *first, plan);
     if (plan.videoTracks > 0) plan.pictureSize = ::pictureSize(options);
+    if (plan.videoTracks > 0) plan.copiedPicture = ::copiedPicture(options, *first);
     return plan;
 }

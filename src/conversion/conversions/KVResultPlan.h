@@ -18,6 +18,8 @@ struct KVResultPlan {
     int audioTracks = 0;
     int subtitleTracks = 0;
     std::optional<QSize> pictureSize; ///< Pixels; empty if the arguments say none.
+    /// The codec of a picture that is copied ("h264"); empty if it is encoded.
+    QString copiedPicture;
     /// The sources, in the order of the inputs.
     QStringList inputs;
 

@@ -24,6 +24,7 @@ struct KVVideoTrack {
     static std::optional<KVVideoTrack> fromLine(const QString &line);
 
     QString description() const;
+    QString codec() const { return format.section(' ', 0, 0); } ///< "h264"
 
     bool operator==(const KVVideoTrack &) const = default;
 };

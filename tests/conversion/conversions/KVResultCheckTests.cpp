@@ -53,6 +53,20 @@ QStringList planned(const KVResultPlan &plan) {
 
 } // namespace
 
+TEST_F(KVResultCheckTest, WarnsOfACopiedPictureThatTheContainerDoesNotName) {
+    KVResultPlan copied = plan(240);
+    copied.copiedPicture = "gif";
+    KVProbedResult found = result(240);
+    const auto warnings = [&] { return KVResultCheck::shortcomings(copied, found, report()); };
+    found.pictureCodec = "rawvideo";
+    EXPECT_EQ(warnings(),
+              QStringList{"The picture cannot be played: the format of the result cannot hold \"gif\"."});
+    found.pictureCodec = "mpeg1video"; // another name of what was copied
+    EXPECT_EQ(warnings(), QStringList());
+    copied.copiedPicture = found.pictureCodec = "rawvideo";
+    EXPECT_EQ(warnings(), QStringList());
+}
+
 TEST_F(KVResultCheckTest, WarnsOfADurationThatIsTooShort) {
     const QByteArray oneError = "Error while decoding stream #0:0: Invalid data\n";
     const QString incomplete = "Only 0:17 of 4:00 was converted: the source is incomplete.";
