@@ -394,8 +394,8 @@ QString KVFileIntake::reasonForUnreadableFile(const QUrl &url, const KVError &er
     if (problem == ELOOP) return KVLocalizationCenter::localized("The link leads back to itself.");
     const QFileInfo info(url.toLocalFile());
     if (info.isFile() && info.size() == 0) return KVLocalizationCenter::localized("The file is empty.");
-    if (KVMediaCheck::hasMP4Header(url) &&
-        error.userInfo.value(NSAffectedObjectsErrorKey).toString().contains("moov atom not found"))
+    const QString output = error.userInfo.value(NSAffectedObjectsErrorKey).toString();
+    if (output.contains("moov atom not found") && KVMediaCheck::hasMP4Header(url))
         return KVLocalizationCenter::localized(
             "The file is incomplete: the index that belongs to it is missing.");
     return error.reason;

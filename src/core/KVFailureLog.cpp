@@ -31,7 +31,7 @@ const KVRegex &emptyPhrase() {
         "[0-9:.]+,?|N/A,?|Guessed Channel Layout .*|Starting (second|new) pass.*|"
         "using (SAR|cpu|AV).*|profile .*level.*|\\d+ - core .*|(frame|mb) [IPB]:?.*|8x8 transform .*|"
         "coded y,.*|i(16|8|4|8c) .*|Weighted P.*|ref [PB] .*|kb/s:.*|consecutive B-frames.*|"
-        "x265 \\[info\\].*|encoded \\d+ frames.*|"
+        "x265 \\[info\\].*|final ratefactor: .*|encoded \\d+ frames.*|"
         "ffmpeg version .*|built with .*|configuration: .*|lib[a-z]+ +[0-9]+\\. .*|(STAT|INFO|WARN): "
         ".*|CHAPTERS: .*|I: -input-charset .*|The pad was .*|\\d+ extents written.*)$"));
     return expression;
