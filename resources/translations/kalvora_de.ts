@@ -2126,6 +2126,8 @@ Audio: WMA (v2)</translation>
   <message>
     <source>The result was removed or replaced by another program while it was written.</source>
     <translation>Das Ergebnis wurde von einem anderen Programm entfernt oder ersetzt, während es geschrieben wurde.</translation>
+  </message>
+  <message>
     <source>The picture cannot be played: the format of the result cannot hold "%@".</source>
     <translation>Das Bild kann nicht abgespielt werden: Das Format des Ergebnisses kann „%@“ nicht enthalten.</translation>
   </message>
