@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <thread>
 #include <vector>
 
@@ -72,15 +73,19 @@ TEST_F(KVHistoryCenterTest, DropsEntriesThatAreNone) {
 }
 
 TEST_F(KVHistoryCenterTest, LosesNothingThatAnotherProcessAdds) {
+    const auto add = [this](KVHistoryCenter &history, const char *name) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(2)); // entries of one millisecond have no order
+        history.addFile(made(name), KVMediaFileType::audio);
+    };
     KVHistoryCenter window;
-    window.addFile(made("1.mp3"), KVMediaFileType::audio);
+    add(window, "1.mp3");
     window.saveWhatIsUnsaved();
     KVHistoryCenter commandLine;
-    commandLine.addFile(made("2.mp3"), KVMediaFileType::audio);
+    add(commandLine, "2.mp3");
     commandLine.saveWhatIsUnsaved();
-    window.addFile(made("3.mp3"), KVMediaFileType::audio);
+    add(window, "3.mp3");
     window.save();
-    commandLine.addFile(made("4.mp3"), KVMediaFileType::audio);
+    add(commandLine, "4.mp3");
     commandLine.save();
     EXPECT_EQ(names(KVHistoryCenter()), (QStringList{"1.mp3", "2.mp3", "3.mp3", "4.mp3"}));
 
