@@ -154,10 +154,10 @@ VImage coloursOfLab(const VImage &stored) {
     const bool has16Bits = stored.format() == VIPS_FORMAT_USHORT;
     const double full = has16Bits ? 65535 : 255, step = has16Bits ? 256 : 1;
     const auto interpretation = has16Bits ? VIPS_INTERPRETATION_RGB16 : VIPS_INTERPRETATION_sRGB;
-    const VImage colours = stored.extract_band(0, VImage::option()->set("n", 3))
-                               .linear({100 / full, 1 / step, 1 / step}, {0, -128, -128})
-                               .copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_LAB))
-                               .colourspace(interpretation);
+    VImage colours = stored.extract_band(0, VImage::option()->set("n", 3))
+                         .linear({100 / full, 1 / step, 1 / step}, {0, -128, -128})
+                         .copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_LAB))
+                         .colourspace(interpretation);
     if (stored.bands() == 3) return colours;
     return colours.bandjoin(stored.extract_band(3))
         .copy(VImage::option()->set("interpretation", interpretation));

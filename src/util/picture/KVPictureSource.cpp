@@ -135,7 +135,7 @@ VImage KVPictureSource::_read() {
     const char *loader = loaderFor(source);
     _isJPEG = loader == jpegLoader;
     if (_isTIFF) return KVTIFFMetadata::withMetadataOf(_path, imageOfTIFF(loader, _path));
-    const VImage image = load(loader, source, readingOptions());
+    VImage image = load(loader, source, readingOptions());
     if (start != "\x89PNG") return image;
     return KVPNGFile::withMetadataOf(_path, KVPNGFile::withOrdinaryGamma(_path, image));
 }
