@@ -126,6 +126,12 @@ bool isUnset(const QString &option, const QString &value, const QString &encoder
     });
 }
 
+/// The encoder of Opus has no quality setting and stops at one; without it, it uses its default bit rate.
+bool isQualityOfOpus(const QString &option, const QStringList &arguments) {
+    return option == "-aq" && !arguments.contains("-c:a") &&
+           arguments.last().endsWith(".opus", Qt::CaseInsensitive);
+}
+
 /// The containers of two devices, which the tool writes for the codecs and tracks alone that it thinks of;
 /// with others it stops, and the plain container holds them too.
 QString containerForTool(const QString &container, const QStringList &arguments) {
@@ -242,7 +248,7 @@ QStringList KVFFmpegDialect::argumentsForTool(const QStringList &arguments,
         if (option == "-f") value = containerForTool(given, arguments);
         if (option == "-vf") value = filterForTool(given);
         if (option.startsWith("-b:a")) value = bitrateForTool(option, given, arguments);
-        if (isUnset(option, value, encoder)) continue;
+        if (isUnset(option, value, encoder) || isQualityOfOpus(option, arguments)) continue;
         if (i - 1 == firstInput) said += inputOptions(encoder, capabilities);
         const QStringList timing = option == "-async" ? timingFilter(value, arguments) : QStringList();
         if (!timing.isEmpty() && capabilities.isKnown("-af"))

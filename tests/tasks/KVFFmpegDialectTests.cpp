@@ -18,6 +18,16 @@ QString said(const QString &arguments, const KVFFmpegCapabilities &capabilities)
 
 class KVFFmpegDialectTest : public KVTestCase {};
 
+TEST_F(KVFFmpegDialectTest, DropsTheQualityOfOpusOnly) {
+    const auto tool = knowing("y i aq vn", "flags");
+    for (const QString output : {"/b.opus", "/b.OPUS", "/b.ogg", "/b.mp3"}) {
+        const QStringList ours{"-i", "/a.opus", "-vn", "-aq", "100", output};
+        const bool isOpus = output.endsWith(".opus", Qt::CaseInsensitive);
+        EXPECT_EQ(KVFFmpegDialect::argumentsForTool(ours, tool),
+                  isOpus ? QStringList({"-i", "/a.opus", "-vn", output}) : ours);
+    }
+}
+
 TEST_F(KVFFmpegDialectTest, LeavesOutWhatTheToolDoesNotKnow) {
     const auto tool = knowing("y i s c map copyts r vf f vn an movflags", "flags profile level strict");
     struct Row {
