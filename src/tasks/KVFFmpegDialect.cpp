@@ -198,9 +198,9 @@ QString bitrateForTool(const QString &option, const QString &bitrate, const QStr
     return QStringLiteral("%1k").arg(least);
 }
 
-/// "-async", "50": sound that keeps step with its timestamps. Some sources round these, and the tool's own
-/// filter for the option then inserts silence; differences that nobody hears must not count. Empty if the
-/// list filters the sound already or copies it.
+/// "-async", "50": sound that keeps step with its timestamps. Some sources round these, and the filter that
+/// ffmpeg uses for the option then inserts silence; this one ignores inaudible differences. Empty if the list
+/// filters the sound already or does not encode it as MP3 with one or two channels.
 QStringList timingFilter(const QString &mostPerSecond, const QStringList &arguments) {
     const QString encoder = arguments.value(arguments.indexOf("-c:a:0") + 1);
     const int channels = arguments.value(arguments.indexOf("-ac:a:0") + 1).toInt();

@@ -35,7 +35,7 @@ class KVHiddenOutput {
     int writeError() const { return _writeError; }
 
     /// Makes the file durable and gives it the first name of `pathAt(0)`, `pathAt(1)`, ... that nothing has,
-    /// not even a missing source. Never replaces a file. Answers the path; called once.
+    /// not even a missing source. Never replaces a file. Returns the path; called once.
     KVResult<QString> publish(const std::function<QString(int)> &pathAt);
 
   private:

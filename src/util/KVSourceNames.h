@@ -17,7 +17,7 @@ class KVSourceNames {
     KVSourceNames &operator=(const KVSourceNames &) = delete;
 
     /// True if `url` names one of these files, whatever links its folder is reached by. For a file that is
-    /// missing, upper and lower case are the same: its file system may not tell them apart.
+    /// missing, upper and lower case are the same: its file system may not distinguish them.
     static bool contain(const QUrl &url);
 
     /// True if the existing file at `url` is one of these files under whatever name: by a link or a hard

@@ -208,7 +208,7 @@ TEST_F(KVConversionTableRowTest, AMenuThatWasOpenWhenItsRowStartedAsksAndExplain
     const KVMenu menu = row(conversion).menu();
     KVPreferences::shared().setBoolean(true, KVPreferenceKeys::RequiresConfirmationOfConversionCancelation);
     conversion->state = KVConversionState::executing;
-    itemNamed(menu, "Remove").action(); // no answer is prepared: it goes on
+    itemNamed(menu, "Remove").action(); // the default answer lets it go on
     ASSERT_EQ(questions->alerts.size(), 1U);
     EXPECT_TRUE(questions->alerts.back().messageText.contains("is still in progress"));
     EXPECT_EQ(KVConversionQueue::queue(KVMediaFileType::video)->conversions().size(), 2);

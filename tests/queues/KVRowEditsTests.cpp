@@ -120,6 +120,7 @@ TEST_F(KVRowEditsTest, UndoBringsBackTheWarningOfSubtitlesThatAreNotUsed) {
     EXPECT_TRUE(undoStack().undo());
     EXPECT_EQ(video->warnings, warnings);
     EXPECT_EQ(video->unreadableSubtitlesURL(), url("a.srt"));
+    EXPECT_FALSE(video->subtitlesFileURL);
     edits().remove({rows[0]});
     EXPECT_TRUE(undoStack().undo());
     EXPECT_EQ(video->warnings, warnings) << "once";
@@ -161,18 +162,6 @@ TEST_F(KVRowEditsTest, AnEndedRowReturnsAsItWasAndARunningOneWaits) {
     EXPECT_EQ(queue->conversions().at(0), rows[0]);
     EXPECT_TRUE(queue->conversions().at(1)->canBeChanged());
     EXPECT_FALSE(queue->conversions().at(1)->isCancelled());
-}
-
-TEST_F(KVRowEditsTest, TheWarningOfUnreadableSubtitlesComesBackWithThem) {
-    const auto video = std::static_pointer_cast<KVVideoFile>(rows[0]->mediaFiles().first());
-    video->setUnreadableSubtitles(url("a.srt"));
-    const QStringList warnings = video->warnings;
-    ASSERT_EQ(warnings.size(), 1);
-    edits().setSubtitles(rows[0], url("b.srt"), "KOI8-R");
-    EXPECT_TRUE(video->warnings.isEmpty());
-    EXPECT_TRUE(undoStack().undo());
-    EXPECT_EQ(video->warnings, warnings);
-    EXPECT_FALSE(video->subtitlesFileURL);
 }
 
 TEST_F(KVRowEditsTest, AddingAgainIsUndoneAsAWhole) {
